@@ -1,0 +1,23 @@
+# What every target of the project is compiled with.
+add_library(quorvex_compile_options INTERFACE)
+target_compile_features(quorvex_compile_options INTERFACE cxx_std_17)
+target_include_directories(quorvex_compile_options INTERFACE ${PROJECT_SOURCE_DIR})
+
+# The arithmetic is part of the contract: no fused multiply-add, no reordering.
+target_compile_options(quorvex_compile_options INTERFACE -ffp-contract=off)
+
+# gcc 12 at -O2 and above vectorises pairs of expressions like (int)((double)(float)(r * c) + 0.5)
+# and drops the narrowing to float on the way, which moves pixels: r = 105, c = -0.49999998509046656
+# gives -51 instead of -52. Its superword vectoriser alone does this; loops stay vectorised.
+target_compile_options(quorvex_compile_options INTERFACE
+  $<$<CXX_COMPILER_ID:GNU>:-fno-tree-slp-vectorize>)
+
+target_compile_options(quorvex_compile_options INTERFACE
+  -Wall -Wextra -Wconversion -Wno-sign-conversion -Wshadow
+  $<$<BOOL:${QUORVEX_WARNINGS_AS_ERRORS}>:-Werror>)
+
+if(QUORVEX_SANITIZE)
+  target_compile_options(quorvex_compile_options INTERFACE
+    -fsanitize=${QUORVEX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(quorvex_compile_options INTERFACE -fsanitize=${QUORVEX_SANITIZE})
+endif()

@@ -1,0 +1,152 @@
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "platform/mfc_subset.h"
+
+namespace {
+
+constexpr mode_t kAnyWriteBit = S_IWUSR | S_IWGRP | S_IWOTH;
+constexpr mode_t kNewFileMode = 0666;  // before the process's mask
+
+int CauseOf(int systemError) {
+  switch (systemError) {
+    case ENOENT:
+      return CFileException::fileNotFound;
+    case ENOTDIR:
+    case ENAMETOOLONG:
+      return CFileException::badPath;
+    case EMFILE:
+    case ENFILE:
+      return CFileException::tooManyOpenFiles;
+    case EACCES:
+    case EISDIR:
+    case EROFS:
+    case EWOULDBLOCK:
+      return CFileException::accessDenied;
+    case ENOSPC:
+    case EDQUOT:
+      return CFileException::diskFull;
+    default:
+      return CFileException::genericException;
+  }
+}
+
+int AccessMode(UINT openFlags) {
+  if ((openFlags & CFile::modeReadWrite) != 0) {
+    return O_RDWR;
+  }
+  return (openFlags & CFile::modeWrite) != 0 ? O_WRONLY : O_RDONLY;
+}
+
+// The checks between opening and emptying a file. Returns 0 or the error that refuses the file.
+int CheckOpened(int descriptor, bool forWriting) {
+  struct stat status;
+  if (fstat(descriptor, &status) != 0) {
+    return errno;
+  }
+  if (S_ISDIR(status.st_mode)) {
+    return EISDIR;
+  }
+  // Tested on the mode bits, since root passes every access check.
+  if (forWriting && (status.st_mode & kAnyWriteBit) == 0) {
+    return EACCES;
+  }
+  // Some file systems have no locks; only a lock that somebody else holds refuses the file.
+  if (flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+    return EWOULDBLOCK;
+  }
+  return 0;
+}
+
+}  // namespace
+
+CFile::~CFile() {
+  if (descriptor_ >= 0) {
+    ::close(descriptor_);
+  }
+}
+
+BOOL CFile::Open(LPCTSTR path, UINT openFlags, CFileException* error) {
+  const bool create = (openFlags & modeCreate) != 0;
+  const int access = AccessMode(openFlags);
+  // O_NONBLOCK: a named pipe without a partner is refused instead of waited for.
+  int flags = access | O_CLOEXEC | O_NONBLOCK;
+  if (create) {
+    flags |= O_CREAT;
+  }
+  const int descriptor = ::open(path, flags, kNewFileMode);
+  int systemError = descriptor < 0 ? errno : CheckOpened(descriptor, access != O_RDONLY);
+  struct stat status;
+  if (systemError == 0 && create && fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) &&
+      ::ftruncate(descriptor, 0) != 0) {
+    systemError = errno;
+  }
+  if (systemError != 0) {
+    if (descriptor >= 0) {
+      ::close(descriptor);
+    }
+    if (error != nullptr) {
+      error->m_cause = CauseOf(systemError);
+      error->m_lOsError = systemError;
+    }
+    return FALSE;
+  }
+  descriptor_ = descriptor;
+  return TRUE;
+}
+
+ULONGLONG CFile::GetLength() const {
+  struct stat status;
+  if (fstat(descriptor_, &status) != 0) {
+    throw new CFileException(CauseOf(errno), errno);
+  }
+  return static_cast<ULONGLONG>(status.st_size);
+}
+
+UINT CFile::Read(void* buffer, UINT count) {
+  UINT total = 0;
+  while (total < count) {
+    const ssize_t got = ::read(descriptor_, static_cast<char*>(buffer) + total, count - total);
+    if (got < 0 && errno == EINTR) {
+      continue;
+    }
+    if (got < 0) {
+      throw new CFileException(CauseOf(errno), errno);
+    }
+    if (got == 0) {
+      break;
+    }
+    total += static_cast<UINT>(got);
+  }
+  return total;
+}
+
+void CFile::Write(const void* buffer, UINT count) {
+  UINT total = 0;
+  while (total < count) {
+    const ssize_t written =
+        ::write(descriptor_, static_cast<const char*>(buffer) + total, count - total);
+    if (written < 0 && errno == EINTR) {
+      continue;
+    }
+    if (written < 0) {
+      throw new CFileException(CauseOf(errno), errno);
+    }
+    if (written == 0) {
+      throw new CFileException(CFileException::diskFull, ENOSPC);
+    }
+    total += static_cast<UINT>(written);
+  }
+}
+
+void CFile::Close() {
+  const int descriptor = descriptor_;
+  descriptor_ = -1;
+  if (descriptor >= 0 && ::close(descriptor) != 0) {
+    throw new CFileException(CauseOf(errno), errno);
+  }
+}

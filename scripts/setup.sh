@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# Installs what building and testing Quorvex needs on Debian and is not there yet. Cheap to run again.
+set -euo pipefail
+
+packages=(
+  cmake ninja-build g++            # build
+  libcli11-dev libfmt-dev nlohmann-json3-dev libpng-dev  # libraries of the command
+  libgtest-dev libgmock-dev        # tests
+)
+if [[ "${1:-}" == --all-compilers ]]; then
+  packages+=(
+    clang libclang-rt-14-dev       # the second compiler and its sanitizers
+  )
+fi
+
+missing=()
+for package in "${packages[@]}"; do
+  status=$(dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null || true)
+  [[ "$status" == installed ]] || missing+=("$package")
+done
+if [[ ${#missing[@]} -eq 0 ]]; then
+  echo "setup: everything is installed"
+  exit 0
+fi
+
+echo "setup: installing ${missing[*]}"
+if [[ $(id -u) -eq 0 ]]; then run=(env); else run=(sudo env); fi
+"${run[@]}" DEBIAN_FRONTEND=noninteractive apt-get update -qq
+"${run[@]}" DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
+  "${missing[@]}" >/dev/null

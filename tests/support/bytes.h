@@ -1,0 +1,58 @@
+// Files as byte strings, and their little-endian fields.
+#ifndef QUORVEX_TESTS_SUPPORT_BYTES_H_
+#define QUORVEX_TESTS_SUPPORT_BYTES_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace quorvex::testing {
+
+using Bytes = std::vector<unsigned char>;
+
+// The lowest `count` bytes of the value, lowest first.
+inline Bytes LittleEndian(std::uint64_t value, int count) {
+  Bytes bytes;
+  for (int i = 0; i < count; ++i) {
+    bytes.push_back(static_cast<unsigned char>(value >> (8 * i) & 0xFF));
+  }
+  return bytes;
+}
+
+inline Bytes U16(std::uint64_t value) { return LittleEndian(value, 2); }
+inline Bytes U32(std::uint64_t value) { return LittleEndian(value, 4); }
+
+inline Bytes Concatenated(const std::vector<Bytes>& parts) {
+  Bytes whole;
+  for (const Bytes& part : parts) {
+    whole.insert(whole.end(), part.begin(), part.end());
+  }
+  return whole;
+}
+
+// The part from `begin` to before `end`, cut where the bytes end.
+inline Bytes Slice(const Bytes& bytes, std::size_t begin, std::size_t end) {
+  Bytes slice;
+  for (std::size_t i = begin; i < end && i < bytes.size(); ++i) {
+    slice.push_back(bytes[i]);
+  }
+  return slice;
+}
+
+inline Bytes ReadFile(const std::string& name) {
+  std::ifstream stream(name, std::ios::binary);
+  return Bytes(std::istreambuf_iterator<char>(stream), {});
+}
+
+inline void WriteFile(const std::string& name, const Bytes& bytes) {
+  std::ofstream(name, std::ios::binary)
+      .write(reinterpret_cast<const char*>(bytes.data()),
+             static_cast<std::streamsize>(bytes.size()));
+}
+
+}  // namespace quorvex::testing
+
+#endif  // QUORVEX_TESTS_SUPPORT_BYTES_H_

@@ -1,0 +1,15 @@
+// The message box of the tests: records what the library shows instead of showing it.
+#ifndef QUORVEX_TESTS_SUPPORT_MESSAGE_BOX_H_
+#define QUORVEX_TESTS_SUPPORT_MESSAGE_BOX_H_
+
+#include <string>
+#include <vector>
+
+namespace quorvex::testing {
+
+// The texts shown since the last call, in order; the record is emptied.
+std::vector<std::string> TakeMessages();
+
+}  // namespace quorvex::testing
+
+#endif  // QUORVEX_TESTS_SUPPORT_MESSAGE_BOX_H_

@@ -1,0 +1,33 @@
+// Short forms of points and their bit patterns for tests.
+#ifndef QUORVEX_TESTS_SUPPORT_POINTS_H_
+#define QUORVEX_TESTS_SUPPORT_POINTS_H_
+
+#include <cstdint>
+#include <cstring>
+
+#include "interface/calibration_point.h"
+
+namespace quorvex::testing {
+
+inline CalibrationPoint MakePoint(int id, int row, int col, float x, float y) {
+  CalibrationPoint point = {};
+  point.id = id;
+  point.row = row;
+  point.col = col;
+  point.x = x;
+  point.y = y;
+  return point;
+}
+
+inline CalibrationPoint At(float x, float y) { return MakePoint(0, 0, 0, x, y); }
+
+// For comparing floats to the bit.
+inline std::uint32_t Bits(float value) {
+  std::uint32_t bits;
+  std::memcpy(&bits, &value, sizeof bits);
+  return bits;
+}
+
+}  // namespace quorvex::testing
+
+#endif  // QUORVEX_TESTS_SUPPORT_POINTS_H_

@@ -1,0 +1,25 @@
+#include "tests/support/temporary_directory.h"
+
+#include <random>
+#include <string>
+#include <system_error>
+
+namespace quorvex::testing {
+
+namespace fs = std::filesystem;
+
+TemporaryDirectory::TemporaryDirectory() : previous_(fs::current_path()) {
+  std::random_device random;
+  do {
+    path_ = fs::temp_directory_path() / ("quorvex-test-" + std::to_string(random()));
+  } while (!fs::create_directory(path_));
+  fs::current_path(path_);
+}
+
+TemporaryDirectory::~TemporaryDirectory() {
+  std::error_code ignored;
+  fs::current_path(previous_, ignored);
+  fs::remove_all(path_, ignored);
+}
+
+}  // namespace quorvex::testing
