@@ -1,6 +1,9 @@
 # The library. Its sources are compiled once, as objects, and linked into the shared library and, without
 # the platform's message box, into the tests.
 add_library(quorvex_objects OBJECT
+  imageio/bmp_file.cpp
+  imageio/diagnostic_picture.cpp
+  imageio/grey_conversion.cpp
   platform/posix/file.cpp
   platform/posix/memory.cpp
 )
