@@ -4,6 +4,19 @@ add_library(quorvex_objects OBJECT
   imageio/bmp_file.cpp
   imageio/diagnostic_picture.cpp
   imageio/grey_conversion.cpp
+  preprocess/binarize.cpp
+  preprocess/component_removal.cpp
+  preprocess/convolution.cpp
+  preprocess/dilation.cpp
+  preprocess/mask_spans.cpp
+  preprocess/outline_drawing.cpp
+  preprocess/outline_erasure.cpp
+  preprocess/outline_filter.cpp
+  preprocess/outline_tracing.cpp
+  preprocess/outside_region.cpp
+  preprocess/rank_filter.cpp
+  preprocess/sobel_edges.cpp
+  preprocess/target_mask.cpp
   platform/posix/file.cpp
   platform/posix/memory.cpp
 )
