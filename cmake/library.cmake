@@ -17,6 +17,20 @@ add_library(quorvex_objects OBJECT
   preprocess/rank_filter.cpp
   preprocess/sobel_edges.cpp
   preprocess/target_mask.cpp
+  crossmark/brightest_window.cpp
+  crossmark/cross_center.cpp
+  crossmark/cross_lines.cpp
+  crossmark/cross_location.cpp
+  crossmark/cross_refinement.cpp
+  crossmark/hough_lines.cpp
+  crossmark/image_patch.cpp
+  crossmark/line_fit.cpp
+  crossmark/line_intersection.cpp
+  crossmark/line_picture.cpp
+  crossmark/line_splitting.cpp
+  crossmark/patch_binarization.cpp
+  crossmark/profile_refinement.cpp
+  crossmark/thinning.cpp
   platform/posix/file.cpp
   platform/posix/memory.cpp
 )

@@ -1,0 +1,16 @@
+// The centre of the cross mark on one patch.
+#ifndef QUORVEX_CROSSMARK_CROSS_CENTER_H_
+#define QUORVEX_CROSSMARK_CROSS_CENTER_H_
+
+namespace quorvex {
+
+// Finds the crossing of the two strokes on a 160 x 160 grey patch; `thinnedPatch` holds its thinned
+// strokes as 0. Sets (x, y), patch coordinates (column, row), which may lie outside the patch.
+// Returns false when there are no two strokes; x and y then mean nothing. Leaves "./Lines.bmp" and
+// "./LineSegment.bmp".
+bool LocateCrossCenter(const unsigned char* greyPatch, const unsigned char* thinnedPatch, float& x,
+                       float& y);
+
+}  // namespace quorvex
+
+#endif  // QUORVEX_CROSSMARK_CROSS_CENTER_H_

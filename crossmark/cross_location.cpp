@@ -1,0 +1,51 @@
+#include "crossmark/cross_location.h"
+
+#include "base/gray_image.h"
+#include "crossmark/brightest_window.h"
+#include "crossmark/cross_lines.h"
+#include "crossmark/hough_lines.h"
+#include "crossmark/image_patch.h"
+#include "crossmark/line_picture.h"
+#include "crossmark/line_splitting.h"
+#include "imageio/diagnostic_picture.h"
+
+namespace quorvex {
+
+int LocateCrossMark(const unsigned char* image, int width, int height, int x, int y, int searchSize,
+                    LineSegment& firstLine, LineSegment& secondLine, PointF& centre) {
+  constexpr int kSearchPatchSize = 200;   // pixels, whatever the search size
+  constexpr int kSearchPatchReach = 100;  // pixels
+  constexpr int kStroke = 255;
+  // Where nothing bright is found, the given position serves.
+  int brightX = x;
+  int brightY = y;
+  FindBrightestWindow(image, width, height, x, y, searchSize, searchSize, brightX, brightY);
+  const int x0 = PatchOrigin(brightX, kSearchPatchReach);
+  const int y0 = PatchOrigin(brightY, kSearchPatchReach);
+  const GrayImage patch = CutPatch(image, width, height, x0, y0, kSearchPatchSize);
+  SaveDiagnosticPicture(patch.Data(), kSearchPatchSize, kSearchPatchSize, "./CrossMarkRegion.bmp");
+
+  LineSegmentList lines;
+  HoughLines(patch.Data(), kSearchPatchSize, kSearchPatchSize, kStroke, lines);
+  if (lines.empty()) {
+    return 0;
+  }
+  SaveLinePicture(lines, width, height, "./Lines.bmp");
+
+  LineSegmentList segments;
+  SplitLineSegments(lines, segments);
+  if (segments.empty()) {
+    return 0;
+  }
+  SaveLinePicture(segments, width, height, "./LineSegment.bmp");
+
+  float crossX = 0.0f;
+  float crossY = 0.0f;
+  if (!SelectCrossLines(segments, crossX, crossY, firstLine, secondLine)) {
+    return 0;
+  }
+  centre = {crossX + static_cast<float>(x0), crossY + static_cast<float>(y0)};
+  return 1;
+}
+
+}  // namespace quorvex
