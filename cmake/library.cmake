@@ -31,6 +31,21 @@ add_library(quorvex_objects OBJECT
   crossmark/patch_binarization.cpp
   crossmark/profile_refinement.cpp
   crossmark/thinning.cpp
+  grid/candidate_acceptance.cpp
+  grid/centre_cross_pass.cpp
+  grid/cross_probe.cpp
+  grid/curve_axis.cpp
+  grid/curve_crossing.cpp
+  grid/curve_fit.cpp
+  grid/dominant_group.cpp
+  grid/line_growing.cpp
+  grid/line_tracing.cpp
+  grid/missing_points.cpp
+  grid/outlier_rejection.cpp
+  grid/point_merging.cpp
+  grid/point_order.cpp
+  grid/provisional_code.cpp
+  grid/row_tracing_pass.cpp
   platform/posix/file.cpp
   platform/posix/memory.cpp
 )

@@ -1,0 +1,20 @@
+// The second grid pass: a row traced from every seed point.
+#ifndef QUORVEX_GRID_ROW_TRACING_PASS_H_
+#define QUORVEX_GRID_ROW_TRACING_PASS_H_
+
+#include "base/pixel_span.h"
+#include "interface/calibration_point.h"
+
+namespace quorvex {
+
+// Traces the row through every seed, which carries its row number, numbers the columns of all
+// traced points from the curve through the seeds, and appends the points to `output`. `columnSpan`
+// bounds the columns beyond the seeds', `rowSteps` is the largest distance of two marks of a row in
+// pixels; `unused` is ignored. False, the output as it was, when no point received a column.
+bool TraceRowsFromSeeds(const unsigned char* image, int width, int height, int unused,
+                        int columnSpan, int rowSteps, PointList seeds, PixelSpanList rowSpans,
+                        PixelSpanList columnSpans, PointList& output);
+
+}  // namespace quorvex
+
+#endif  // QUORVEX_GRID_ROW_TRACING_PASS_H_
