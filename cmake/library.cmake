@@ -46,6 +46,13 @@ add_library(quorvex_objects OBJECT
   grid/point_order.cpp
   grid/provisional_code.cpp
   grid/row_tracing_pass.cpp
+  interface/detection_driver.cpp
+  interface/exports.cpp
+  interface/grid_numbering.cpp
+  interface/point_text_file.cpp
+  interface/quorvex_app.cpp
+  interface/result_assembly.cpp
+  interface/stray_points.cpp
   platform/posix/file.cpp
   platform/posix/memory.cpp
 )

@@ -1,0 +1,21 @@
+// The exported faces of what the subsystem folders implement; the driver and the point editing,
+// which live in this folder, define theirs themselves.
+
+#include "imageio/bmp_file.h"
+#include "imageio/grey_conversion.h"
+#include "interface/quorvex.h"
+
+bool Save_Image(unsigned char* pixels, long width, long height, int bitsPerPixel,
+                const char* path) {
+  return quorvex::Save_Image(pixels, width, height, bitsPerPixel, path);
+}
+
+bool Read_Image(unsigned char*& pixels, long& width, long& height, int& bitsPerPixel,
+                const char* path) {
+  return quorvex::Read_Image(pixels, width, height, bitsPerPixel, path);
+}
+
+void ConvertRGBToGray(unsigned char* pixels, long width, long height, int bitsPerPixel,
+                      unsigned char* grey) {
+  quorvex::ConvertRGBToGray(pixels, width, height, bitsPerPixel, grey);
+}

@@ -1,0 +1,71 @@
+// Quorvex: finds the calibration points of a printed cross-mark target in a camera image.
+//
+// This is the whole public interface. It compiles as C++11. Every function runs on the caller's
+// thread and keeps nothing between calls; failures are the false result, except an allocation
+// failure (std::bad_alloc) and the file exception of a failing Save_Image (CFileException*, to be
+// deleted by whoever catches it).
+//
+// Images are 8-bit pixel buffers, one row after another without gaps. Row 0 of a buffer is the
+// bottom row of the picture, as in a BMP file.
+#ifndef QUORVEX_INTERFACE_QUORVEX_H_
+#define QUORVEX_INTERFACE_QUORVEX_H_
+
+#include "interface/calibration_point.h"
+
+#if defined(_WIN32)
+#if defined(QUORVEX_BUILDING_LIBRARY)
+#define QUORVEX_API __declspec(dllexport)
+#else
+#define QUORVEX_API __declspec(dllimport)
+#endif
+#else
+#define QUORVEX_API __attribute__((visibility("default")))
+#endif
+
+// Finds the cross marks of the target in a grey image and appends one record per grid position to
+// `points` (appended to, never cleared; pass an empty list).
+//
+//   image         width x height bytes; not written to. The target is bright (80 and above) around
+//                 the image centre, its surroundings and its marks are darker than 80.
+//   width, height pixels; at least 4, multiples of 4 (otherwise a message is shown).
+//   bitsPerPixel  must be 8.
+//   rowSpan       how far rows are looked for beyond the centre row; 20 serves most targets.
+//   columnSpan    the same for columns.
+//   unused1, 2    ignored.
+//   rowSteps      how many pixels a row may run from one mark to the next; at least the largest
+//                 spacing + 10, and above 121. 300 serves most targets.
+//
+// On return positions are pixels with integer values at pixel centres, x to the right and y down
+// from the top row of the picture (the last row of the buffer); id = row * columns + col + 1, rows
+// counted from the top, columns from the left; the list is ordered by id.
+//
+// Returns true when the detection ran to its end, also when no point survived; false when the input
+// was refused or no grid was found, and the list is then unchanged. Leaves diagnostic pictures
+// ("./ProImage.bmp" and others) in the current directory and "D:/Row.txt", "D:/Col.txt" and
+// "D:/sdf.txt" where that folder exists; failures to write them are ignored.
+QUORVEX_API bool SingleCamDetectCalibrationPoint(unsigned char* image, long width, long height,
+                                                 int bitsPerPixel, int rowSpan, int columnSpan,
+                                                 float unused1, float unused2, int rowSteps,
+                                                 PointList& points);
+
+// Writes a pixel buffer as an uncompressed BMP file, replacing an existing one; buffer row 0
+// becomes the bottom row of the picture. Returns false when the size or depth cannot be stored or
+// the file cannot be created; a failing write raises the file exception.
+QUORVEX_API bool Save_Image(unsigned char* pixels, long width, long height, int bitsPerPixel,
+                            const char* path);
+
+// Reads an uncompressed BMP file. On success `pixels` points at the first stored row inside a block
+// that is handed over for the life of the process; rows are bottom-up, each padded to 4 bytes. The
+// width, height and depth are those of the file's header and are not checked against the file's
+// size. A read-only file, a file in use, or one that is not a BMP file gives false and nothing is
+// changed.
+QUORVEX_API bool Read_Image(unsigned char*& pixels, long& width, long& height, int& bitsPerPixel,
+                            const char* path);
+
+// Converts tightly packed blue-green-red (24 bits) or blue-green-red-unused (32 bits) rows into
+// grey bytes, `grey` being width x height bytes of the caller's. Any other depth shows a message
+// and leaves `grey` as it was.
+QUORVEX_API void ConvertRGBToGray(unsigned char* pixels, long width, long height, int bitsPerPixel,
+                                  unsigned char* grey);
+
+#endif  // QUORVEX_INTERFACE_QUORVEX_H_

@@ -1,0 +1,7 @@
+#include "interface/quorvex_app.h"
+
+namespace {
+
+CQuorvexApp theApp;
+
+}  // namespace

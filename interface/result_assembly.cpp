@@ -1,0 +1,47 @@
+#include "interface/result_assembly.h"
+
+#include "crossmark/cross_refinement.h"
+#include "grid/centre_cross_pass.h"
+#include "grid/dominant_group.h"
+#include "grid/point_merging.h"
+#include "grid/row_tracing_pass.h"
+#include "interface/grid_numbering.h"
+#include "interface/point_text_file.h"
+#include "interface/stray_points.h"
+
+namespace quorvex {
+
+bool AssembleResult(const unsigned char* input, const GrayImage& strokes, const GrayImage& mask,
+                    const PixelSpanList& rowSpans, const PixelSpanList& columnSpans,
+                    const GridParameters& parameters, PointList& points) {
+  const int width = strokes.Width();
+  const int height = strokes.Height();
+
+  PointList firstGrid;
+  if (!BuildGridFromCentreCross(strokes.Data(), width, height, parameters.rowSpan, 0,
+                                parameters.rowSteps, rowSpans, columnSpans, firstGrid)) {
+    return false;
+  }
+  PointList seeds;
+  SelectDominantGroup(firstGrid, seeds);
+  // A second pass without a result leaves the first grid to stand alone.
+  PointList secondGrid;
+  TraceRowsFromSeeds(strokes.Data(), width, height, 0, parameters.columnSpan, parameters.rowSteps,
+                     seeds, rowSpans, columnSpans, secondGrid);
+  WritePointTextFile("D:/Row.txt", secondGrid);
+  WritePointTextFile("D:/Col.txt", firstGrid);
+
+  PointList grid;
+  MergePointSets(firstGrid, secondGrid, grid);
+  NumberGrid(grid);
+  CompleteGrid(width, height, grid);
+  AppendNumberedPoints(grid, points);
+  SortPointsById(points);
+
+  RefineCrossMarks(input, width, height, mask.Data(), points);
+  RemoveStrayPoints(width, height, points);
+  TurnUpsideDown(height, points);
+  return true;
+}
+
+}  // namespace quorvex

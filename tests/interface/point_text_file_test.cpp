@@ -1,0 +1,50 @@
+#include "interface/point_text_file.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "tests/support/points.h"
+#include "tests/support/temporary_directory.h"
+
+namespace quorvex {
+namespace {
+
+using testing::At;
+
+std::string TextOf(const char* path) {
+  std::ifstream file(path);
+  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+TEST(WritePointTextFile, WritesOneLineAPointInListOrder) {
+  const testing::TemporaryDirectory directory;
+  WritePointTextFile("points.txt", {At(2.5f, -1.0f), At(0.0f, 1234.0625f)});
+  EXPECT_EQ(TextOf("points.txt"), "2.500000\t-1.000000\n0.000000\t1234.062500\n");
+}
+
+TEST(WritePointTextFile, WritesTheExactValueOfTheFloat) {
+  const testing::TemporaryDirectory directory;
+  WritePointTextFile("points.txt", {At(0.1f, 16777216.0f)});  // 0.1f is 0.100000001490...
+  EXPECT_EQ(TextOf("points.txt"), "0.100000\t16777216.000000\n");
+}
+
+TEST(WritePointTextFile, ReplacesAnEarlierFile) {
+  const testing::TemporaryDirectory directory;
+  WritePointTextFile("points.txt", {At(1.0f, 2.0f), At(3.0f, 4.0f)});
+  WritePointTextFile("points.txt", {});
+  EXPECT_TRUE(std::filesystem::exists("points.txt"));
+  EXPECT_EQ(TextOf("points.txt"), "");
+}
+
+TEST(WritePointTextFile, AMissingFolderIsSkipped) {
+  const testing::TemporaryDirectory directory;
+  WritePointTextFile("D:/Row.txt", {At(1.0f, 2.0f)});
+  EXPECT_TRUE(std::filesystem::is_empty("."));
+}
+
+}  // namespace
+}  // namespace quorvex
