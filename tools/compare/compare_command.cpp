@@ -1,0 +1,91 @@
+#include <fmt/format.h>
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "tools/compare/compare_points.h"
+#include "tools/compare/compare_report.h"
+#include "tools/errors.h"
+#include "tools/output_file.h"
+#include "tools/points_file.h"
+#include "tools/subcommands.h"
+#include "tools/truth_file.h"
+
+namespace quorvex::tools {
+namespace {
+
+enum class ReportFormat { kText, kJson };
+
+struct CompareOptions {
+  std::string pointsPath;
+  std::string truthPath;
+  double tolerance = 20;  // pixels
+  double maxRms = 0;      // pixels; 0 for no limit
+  ReportFormat format = ReportFormat::kText;
+};
+
+std::vector<PointRow> ReadPointsOfOneImage(const std::string& path) {
+  std::vector<ImagePoints> images = ReadPointsFile(path);
+  if (images.size() != 1) {
+    throw InputError(
+        fmt::format("{} holds the points of {} images; one is needed", path, images.size()));
+  }
+  return images.front().points;
+}
+
+int RunCompare(const CompareOptions& options) {
+  const Comparison comparison = ComparePoints(ReadPointsOfOneImage(options.pointsPath),
+                                              ReadTruthFile(options.truthPath), options.tolerance);
+  WriteToStandardOutput(options.format == ReportFormat::kJson ? ReportAsJson(comparison)
+                                                              : ReportAsText(comparison));
+  if (options.maxRms > 0 && comparison.found.rms > options.maxRms) {
+    fmt::print(stderr, "quorvex: the RMS error of {:.3f} px is above {:g} px\n",
+               comparison.found.rms, options.maxRms);
+    return kExitNothingFound;
+  }
+  return comparison.IsComplete() ? kExitSuccess : kExitNothingFound;
+}
+
+}  // namespace
+
+void AddCompareCommand(CLI::App& app, Action& action) {
+  const auto options = std::make_shared<CompareOptions>();
+  CLI::App* command =
+      app.add_subcommand("compare", "Compare detected points with the known marks of the target");
+  command
+      ->add_option("points", options->pointsPath,
+                   "CSV or JSON file that detect wrote for one image")
+      ->required()
+      ->option_text("POINTS");
+  command
+      ->add_option("truth", options->truthPath,
+                   "CSV file with the columns row, col, x, y [px], missing [0 or 1]")
+      ->required()
+      ->option_text("TRUTH");
+  command
+      ->add_option("--tolerance", options->tolerance,
+                   "largest distance between a point and its mark [px]")
+      ->check(CLI::Range(0.001, 1000.0))
+      ->option_text("PX=20");
+  command
+      ->add_option("--max-rms", options->maxRms,
+                   "fail when the RMS error over the visible marks is larger [px]")
+      ->check(CLI::PositiveNumber)
+      ->option_text("PX");
+  const std::map<std::string, ReportFormat> formats{{"text", ReportFormat::kText},
+                                                    {"json", ReportFormat::kJson}};
+  command->add_option("--format", options->format, "text or json")
+      ->transform(CLI::CheckedTransformer(formats, CLI::ignore_case))
+      ->option_text("NAME=text");
+  command->footer(
+      "Exit code 0: every visible mark was found, no point is extra and all labels agree;\n"
+      "1: not so, or the RMS error is above --max-rms; 2: bad usage or input.\n\n"
+      "Examples:\n"
+      "  quorvex detect target.bmp --output points.csv\n"
+      "  quorvex compare points.csv target.csv\n"
+      "  quorvex compare points.csv target.csv --tolerance 5 --max-rms 0.5 --format json");
+  command->callback([options, &action] { action = [options] { return RunCompare(*options); }; });
+}
+
+}  // namespace quorvex::tools

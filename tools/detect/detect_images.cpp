@@ -1,0 +1,76 @@
+#include "tools/detect/detect_images.h"
+
+#include <fmt/format.h>
+
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+
+#include "tools/detect/diagnostics_folder.h"
+#include "tools/detect/private_directory.h"
+#include "tools/detect/worker_process.h"
+
+namespace quorvex::tools {
+namespace {
+
+DetectionResult ResultOfWorker(const DetectionJob& job, const std::string& directory,
+                               const std::string& failure) {
+  DetectionResult result;
+  try {
+    if (!failure.empty()) throw std::runtime_error(failure);
+    result = ReadDetectionResult((std::filesystem::path(directory) / kResultFile).string());
+  } catch (const std::runtime_error& error) {
+    result.exitCode = kExitNothingFound;
+    result.message = fmt::format("{}: {}", job.image, error.what());
+  }
+  result.found.image = job.image;
+  // An input error comes before the detection, so there is nothing to keep.
+  if (job.diagnosticsFolder.empty() || result.exitCode == kExitBadInput) return result;
+  try {
+    KeepDiagnostics(directory, job.diagnosticsFolder);
+  } catch (const InputError& error) {
+    result.exitCode = kExitBadInput;
+    result.message = error.what();
+  }
+  return result;
+}
+
+}  // namespace
+
+std::vector<DetectionResult> DetectImages(const std::vector<DetectionJob>& jobs,
+                                          const DetectParameters& parameters, int parallel,
+                                          const DetectionObserver& observer) {
+  const std::string program = OwnProgramPath();
+  std::vector<std::optional<DetectionResult>> finished(jobs.size());
+  std::size_t next = 0;      // the first job not started
+  std::size_t reported = 0;  // jobs whose result was handed to the observer
+  int finishedCount = 0;
+
+  // In this order: on the way out of an interruption the pool ends its workers before their
+  // directories are removed.
+  std::map<int, PrivateDirectory> directories;
+  WorkerPool pool;
+  while (finishedCount < static_cast<int>(jobs.size())) {
+    while (next < jobs.size() && pool.Count() < parallel) {
+      const int worker = static_cast<int>(next++);
+      const std::string directory = directories[worker].Path();
+      pool.Start(worker, program, WorkerArguments(jobs[worker].image, directory, parameters));
+    }
+    const WorkerEnd end = pool.WaitForOne();
+    finished[end.worker] =
+        ResultOfWorker(jobs[end.worker], directories[end.worker].Path(), end.failure);
+    directories.erase(end.worker);
+    observer.onProgress(++finishedCount);
+    for (; reported < jobs.size() && finished[reported]; ++reported) {
+      observer.onResult(*finished[reported]);
+    }
+  }
+
+  std::vector<DetectionResult> results;
+  for (std::optional<DetectionResult>& result : finished) results.push_back(std::move(*result));
+  return results;
+}
+
+}  // namespace quorvex::tools

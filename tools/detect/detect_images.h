@@ -1,0 +1,35 @@
+// The detection of many images, each in a process and a directory of its own.
+#ifndef QUORVEX_TOOLS_DETECT_DETECT_IMAGES_H_
+#define QUORVEX_TOOLS_DETECT_DETECT_IMAGES_H_
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "tools/detect/detect_worker.h"
+#include "tools/detect/detection_result.h"
+
+namespace quorvex::tools {
+
+struct DetectionJob {
+  std::string image;              // path
+  std::string diagnosticsFolder;  // exists; empty to keep nothing
+};
+
+// Called as images finish.
+struct DetectionObserver {
+  std::function<void(int finished)> onProgress;
+  // In the order of the jobs, whichever ends first.
+  std::function<void(const DetectionResult&)> onResult;
+};
+
+// Runs up to `parallel` workers at a time and returns one result per job, in the order of the jobs.
+// A worker that crashes is the failure of its image only. Throws Interrupted (worker_process.h)
+// when the user asks to stop, and std::runtime_error when workers cannot be run at all.
+std::vector<DetectionResult> DetectImages(const std::vector<DetectionJob>& jobs,
+                                          const DetectParameters& parameters, int parallel,
+                                          const DetectionObserver& observer);
+
+}  // namespace quorvex::tools
+
+#endif  // QUORVEX_TOOLS_DETECT_DETECT_IMAGES_H_

@@ -1,0 +1,106 @@
+#include "tools/detect/detect_worker.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <exception>
+#include <filesystem>
+
+#include "interface/quorvex.h"
+#include "tools/detect/failure_diagnosis.h"
+#include "tools/detect/padding.h"
+#include "tools/picture_file.h"
+
+namespace quorvex::tools {
+namespace {
+
+Picture DetectablePicture(const Picture& original, const std::string& path, bool pad) {
+  if (HasDetectableSize(original)) return original;
+  if (pad) return PadToDetectableSize(original);
+  throw InputError(fmt::format(
+      "{} is {} x {} pixels, but width and height must be multiples of 4; --pad grows the picture",
+      path, original.width, original.height));
+}
+
+// The detection takes the rows of a picture from the bottom up.
+std::vector<unsigned char> BottomUpPixels(const Picture& picture) {
+  std::vector<unsigned char> rows;
+  rows.reserve(picture.pixels.size());
+  for (int y = picture.height - 1; y >= 0; --y) {
+    const auto row = picture.pixels.begin() + static_cast<std::ptrdiff_t>(y) * picture.width;
+    rows.insert(rows.end(), row, row + picture.width);
+  }
+  return rows;
+}
+
+// Keeps what lies in the original picture. The comparisons are false for a position that is not a
+// number, so such a point goes too.
+std::vector<PointRow> PointsInside(const PointList& list, int width, int height) {
+  std::vector<PointRow> points;
+  for (const CalibrationPoint& p : list) {
+    if (p.x >= 0 && p.x <= static_cast<float>(width - 1) && p.y >= 0 &&
+        p.y <= static_cast<float>(height - 1)) {
+      points.push_back({p.id, p.row, p.col, p.x, p.y});
+    }
+  }
+  return points;
+}
+
+DetectionResult Detect(const std::string& imagePath, const std::string& directory,
+                       const DetectParameters& parameters) {
+  const Picture original = ReadPictureFile(imagePath);
+  const Picture picture = DetectablePicture(original, imagePath, parameters.pad);
+  // Only now: the image's path is relative to where the command was started.
+  std::filesystem::current_path(directory);
+  std::filesystem::create_directory(kListFolder);
+  std::vector<unsigned char> pixels = BottomUpPixels(picture);
+  PointList list;
+  const bool gridFound = SingleCamDetectCalibrationPoint(
+      pixels.data(), picture.width, picture.height, 8, parameters.rowSpan, parameters.columnSpan,
+      0.0f, 0.0f, parameters.rowSteps, list);
+
+  DetectionResult result;
+  result.found.width = original.width;
+  result.found.height = original.height;
+  if (gridFound) result.found.points = PointsInside(list, original.width, original.height);
+  if (result.found.points.empty()) {
+    result.exitCode = kExitNothingFound;
+    result.message = fmt::format("{}: {}", imagePath, DescribeFailure("."));
+  }
+  return result;
+}
+
+}  // namespace
+
+std::vector<std::string> WorkerArguments(const std::string& imagePath, const std::string& directory,
+                                         const DetectParameters& parameters) {
+  std::vector<std::string> arguments{kWorkerCommand,
+                                     "--row-span",
+                                     std::to_string(parameters.rowSpan),
+                                     "--column-span",
+                                     std::to_string(parameters.columnSpan),
+                                     "--row-steps",
+                                     std::to_string(parameters.rowSteps)};
+  if (parameters.pad) arguments.push_back("--pad");
+  // Behind the dashes a path may begin with one.
+  arguments.insert(arguments.end(), {"--", imagePath, directory});
+  return arguments;
+}
+
+DetectionResult DetectInDirectory(const std::string& imagePath, const std::string& directory,
+                                  const DetectParameters& parameters) {
+  DetectionResult result;
+  try {
+    return Detect(imagePath, directory, parameters);
+  } catch (const InputError& error) {
+    result.exitCode = kExitBadInput;
+    result.message = error.what();
+  } catch (const std::exception& error) {
+    result.exitCode = kExitNothingFound;
+    result.message = fmt::format("{}: the detection failed: {}", imagePath, error.what());
+  }
+  return result;
+}
+
+}  // namespace quorvex::tools

@@ -1,0 +1,37 @@
+// The detection of one image inside a worker process: the detection leaves its pictures under fixed
+// names in the current directory, and what goes wrong in it must not take other images along.
+#ifndef QUORVEX_TOOLS_DETECT_DETECT_WORKER_H_
+#define QUORVEX_TOOLS_DETECT_DETECT_WORKER_H_
+
+#include <string>
+#include <vector>
+
+#include "tools/detect/detection_result.h"
+
+namespace quorvex::tools {
+
+struct DetectParameters {
+  int rowSpan = 20;     // rows looked for beyond the centre row
+  int columnSpan = 20;  // columns looked for beyond the centre column
+  int rowSteps = 300;   // pixels a row may run from one mark to the next
+  bool pad = false;     // grow pictures whose size is not a multiple of 4
+};
+
+// The folder, in the worker's directory, that the detection writes its lists of numbers to.
+constexpr const char* kListFolder = "D:";
+// The worker's result, in its directory.
+constexpr const char* kResultFile = "result.json";
+constexpr const char* kWorkerCommand = "detect-worker";
+
+// The arguments that start a worker for one image, the subcommand first.
+std::vector<std::string> WorkerArguments(const std::string& imagePath, const std::string& directory,
+                                         const DetectParameters& parameters);
+
+// Reads the picture, makes `directory` (which must exist) the current one, and detects there. Every
+// failure is told by the result.
+DetectionResult DetectInDirectory(const std::string& imagePath, const std::string& directory,
+                                  const DetectParameters& parameters);
+
+}  // namespace quorvex::tools
+
+#endif  // QUORVEX_TOOLS_DETECT_DETECT_WORKER_H_

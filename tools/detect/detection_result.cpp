@@ -1,0 +1,48 @@
+#include "tools/detect/detection_result.h"
+
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+
+namespace quorvex::tools {
+namespace {
+
+using Json = nlohmann::json;
+
+}  // namespace
+
+// The image's name stays behind: it need not be UTF-8, and the command knows it anyway.
+void WriteDetectionResult(const DetectionResult& result, const std::string& path) {
+  Json points = Json::array();
+  for (const PointRow& p : result.found.points) {
+    points.push_back({p.id, p.row, p.col, p.x, p.y});
+  }
+  const Json json{{"exitCode", result.exitCode},
+                  {"message", result.message},
+                  {"width", result.found.width},
+                  {"height", result.found.height},
+                  {"points", std::move(points)}};
+  std::ofstream file(path);
+  file << json.dump(-1, ' ', false, Json::error_handler_t::replace) << std::flush;
+  if (!file) throw std::runtime_error("the result of a worker cannot be written");
+}
+
+DetectionResult ReadDetectionResult(const std::string& path) {
+  try {
+    std::ifstream file(path);
+    const Json json = Json::parse(file);
+    DetectionResult result;
+    result.exitCode = json.at("exitCode");
+    result.message = json.at("message");
+    result.found.width = json.at("width");
+    result.found.height = json.at("height");
+    for (const Json& p : json.at("points")) {
+      result.found.points.push_back({p.at(0), p.at(1), p.at(2), p.at(3), p.at(4)});
+    }
+    return result;
+  } catch (const Json::exception&) {
+    throw std::runtime_error("the detection left no result");
+  }
+}
+
+}  // namespace quorvex::tools

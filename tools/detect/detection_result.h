@@ -1,0 +1,25 @@
+// What a worker found in one image, and its way from the worker to the command: a JSON file.
+#ifndef QUORVEX_TOOLS_DETECT_DETECTION_RESULT_H_
+#define QUORVEX_TOOLS_DETECT_DETECTION_RESULT_H_
+
+#include <string>
+
+#include "tools/errors.h"
+#include "tools/points_file.h"
+
+namespace quorvex::tools {
+
+struct DetectionResult {
+  int exitCode = kExitSuccess;  // of this image alone (tools/errors.h)
+  std::string message;          // one sentence; empty on success
+  ImagePoints found;            // without points unless successful
+};
+
+// Both are for a file of the command's own: throws std::runtime_error when it cannot be written, or
+// is missing or damaged because the worker ended early.
+void WriteDetectionResult(const DetectionResult& result, const std::string& path);
+DetectionResult ReadDetectionResult(const std::string& path);
+
+}  // namespace quorvex::tools
+
+#endif  // QUORVEX_TOOLS_DETECT_DETECTION_RESULT_H_

@@ -1,0 +1,70 @@
+#include "tools/detect/diagnostics_folder.h"
+
+#include <fmt/format.h>
+
+#include <filesystem>
+#include <set>
+#include <system_error>
+
+#include "tools/detect/detect_worker.h"
+#include "tools/errors.h"
+#include "tools/output_file.h"
+
+namespace quorvex::tools {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kPictures[] = {
+    "ProImage.bmp", "Binarization.bmp", "Dilation.bmp",    "Contour.bmp",        "SRegion.bmp",
+    "Mask.bmp",     "Region.bmp",       "Sobel.bmp",       "Eliminate.bmp",      "Sauvola.bmp",
+    "Thining.bmp",  "Lines.bmp",        "LineSegment.bmp", "CrossMarkRegion.bmp"};
+constexpr const char* kLists[] = {"Row.txt", "Col.txt", "sdf.txt"};
+
+[[noreturn]] void FailToKeep(const std::string& folder, const std::string& reason) {
+  throw InputError(fmt::format("cannot keep diagnostics in {}: {}", folder, reason));
+}
+
+void KeepFile(const fs::path& from, const fs::path& to) {
+  std::error_code error;
+  if (fs::exists(from)) {
+    fs::copy_file(from, to, fs::copy_options::overwrite_existing, error);
+  } else {
+    fs::remove(to, error);
+  }
+  if (error) FailToKeep(to.parent_path().string(), error.message());
+}
+
+}  // namespace
+
+std::vector<std::string> DiagnosticsFolders(const std::string& folder,
+                                            const std::vector<std::string>& images) {
+  if (images.size() == 1) return {folder};
+  std::vector<std::string> folders;
+  std::set<std::string> taken;
+  for (const std::string& image : images) {
+    const std::string stem = fs::path(image).stem().string();
+    std::string name = stem;
+    for (int n = 2; !taken.insert(name).second; ++n) name = fmt::format("{}-{}", stem, n);
+    folders.push_back((fs::path(folder) / name).string());
+  }
+  return folders;
+}
+
+void PrepareDiagnosticsFolder(const std::string& folder) {
+  std::error_code error;
+  fs::create_directories(folder, error);
+  if (error) FailToKeep(folder, error.message());
+  RequireWritable((fs::path(folder) / kPictures[0]).string());
+}
+
+void KeepDiagnostics(const std::string& directory, const std::string& folder) {
+  for (const char* name : kPictures) {
+    KeepFile(fs::path(directory) / name, fs::path(folder) / name);
+  }
+  for (const char* name : kLists) {
+    KeepFile(fs::path(directory) / kListFolder / name, fs::path(folder) / name);
+  }
+}
+
+}  // namespace quorvex::tools

@@ -1,0 +1,19 @@
+// A picture with its detected points drawn over it, to be judged by eye.
+#ifndef QUORVEX_TOOLS_DETECT_OVERLAY_H_
+#define QUORVEX_TOOLS_DETECT_OVERLAY_H_
+
+#include <vector>
+
+#include "tools/picture.h"
+#include "tools/points_file.h"
+
+namespace quorvex::tools {
+
+// Neighbours along a row are joined in green, neighbours along a column in blue; a red ring with a
+// cross in it stands around each position, and its id in yellow beside it. Marks and labels grow
+// with the picture. Points outside the picture are left out.
+ColorPicture DrawOverlay(const Picture& picture, const std::vector<PointRow>& points);
+
+}  // namespace quorvex::tools
+
+#endif  // QUORVEX_TOOLS_DETECT_OVERLAY_H_
