@@ -1,0 +1,35 @@
+#!/usr/bin/env bash
+# Renders a fisheye picture of a cross-mark board, finds its points and compares them with the truth.
+# Leaves the pictures in demo-output/.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")"
+trap 'echo "demo: failed (line $LINENO)" >&2' ERR
+
+echo "demo: 1/5 installing what is missing"
+scripts/setup.sh
+
+echo "demo: 2/5 building"
+cmake --preset release >/dev/null
+cmake --build --preset release --target quorvex_command
+quorvex=$PWD/build/release/quorvex
+
+output=demo-output
+rm -rf "$output"
+mkdir "$output"
+
+echo "demo: 3/5 rendering a fisheye picture of a board of 9 x 9 marks"
+"$quorvex" render --preset fisheye --output "$output/fisheye.png" --truth "$output/truth.csv"
+
+echo "demo: 4/5 detecting its points"
+"$quorvex" detect "$output/fisheye.png" --output "$output/points.csv" \
+  --overlay "$output/overlay.png" --diagnostics "$output/diagnostics"
+
+echo "demo: 5/5 comparing them with the truth"
+"$quorvex" compare "$output/points.csv" "$output/truth.csv"
+
+echo
+echo "The first points:"
+head -n 6 "$output/points.csv"
+echo
+echo "Look at $output/overlay.png: every point with its number, and the grid."
+echo "The pictures of each stage are in $output/diagnostics/."
