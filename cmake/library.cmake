@@ -49,12 +49,17 @@ add_library(quorvex_objects OBJECT
   interface/detection_driver.cpp
   interface/exports.cpp
   interface/grid_numbering.cpp
+  interface/point_editing.cpp
   interface/point_text_file.cpp
   interface/quorvex_app.cpp
   interface/result_assembly.cpp
   interface/stray_points.cpp
   platform/posix/file.cpp
   platform/posix/memory.cpp
+  postprocess/grid_line_trace.cpp
+  postprocess/id_reassignment.cpp
+  postprocess/neighbour_search.cpp
+  postprocess/rearrangement.cpp
 )
 target_link_libraries(quorvex_objects PUBLIC quorvex_compile_options)
 set_target_properties(quorvex_objects PROPERTIES
@@ -64,6 +69,11 @@ set_target_properties(quorvex_objects PROPERTIES
 
 add_library(quorvex SHARED platform/posix/message_box.cpp)
 target_link_libraries(quorvex PRIVATE quorvex_objects)
+# Hidden visibility leaves the standard library's templates visible; the list leaves the exports alone.
+target_link_options(quorvex PRIVATE
+  LINKER:--version-script=${PROJECT_SOURCE_DIR}/interface/exports.map)
+set_property(TARGET quorvex APPEND PROPERTY LINK_DEPENDS
+  ${PROJECT_SOURCE_DIR}/interface/exports.map)
 target_include_directories(quorvex PUBLIC
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/quorvex>)
 set_target_properties(quorvex PROPERTIES

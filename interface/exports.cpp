@@ -4,6 +4,8 @@
 #include "imageio/bmp_file.h"
 #include "imageio/grey_conversion.h"
 #include "interface/quorvex.h"
+#include "postprocess/id_reassignment.h"
+#include "postprocess/rearrangement.h"
 
 bool Save_Image(unsigned char* pixels, long width, long height, int bitsPerPixel,
                 const char* path) {
@@ -18,4 +20,16 @@ bool Read_Image(unsigned char*& pixels, long& width, long& height, int& bitsPerP
 void ConvertRGBToGray(unsigned char* pixels, long width, long height, int bitsPerPixel,
                       unsigned char* grey) {
   quorvex::ConvertRGBToGray(pixels, width, height, bitsPerPixel, grey);
+}
+
+bool ReAssignmentID(int rows, int columns, PointList& points) {
+  return quorvex::ReAssignmentID(rows, columns, points);
+}
+
+void LeftPtsRearrange(PointList& points, int unused, int count) {
+  quorvex::LeftPtsRearrange(points, unused, count);
+}
+
+void RightPtsRearrange(PointList& points, int unused, int count) {
+  quorvex::RightPtsRearrange(points, unused, count);
 }

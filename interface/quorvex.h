@@ -2,8 +2,8 @@
 //
 // This is the whole public interface. It compiles as C++11. Every function runs on the caller's
 // thread and keeps nothing between calls; failures are the false result, except an allocation
-// failure (std::bad_alloc) and the file exception of a failing Save_Image (CFileException*, to be
-// deleted by whoever catches it).
+// failure (std::bad_alloc) and the file exception of a failing Save_Image: MFC's CFileException*, to
+// be deleted by whoever catches it. A host without MFC can catch it as (...) only.
 //
 // Images are 8-bit pixel buffers, one row after another without gaps. Row 0 of a buffer is the
 // bottom row of the picture, as in a BMP file.
@@ -67,5 +67,39 @@ QUORVEX_API bool Read_Image(unsigned char*& pixels, long& width, long& height, i
 // and leaves `grey` as it was.
 QUORVEX_API void ConvertRGBToGray(unsigned char* pixels, long width, long height, int bitsPerPixel,
                                   unsigned char* grey);
+
+// Sets row, col, x and y to those of the first point with that id. False, nothing set, when there
+// is none.
+QUORVEX_API bool QueryCalibrationPt_ID(int id, int& row, int& col, float& x, float& y,
+                                       PointList& points);
+
+// Removes every point with that id; the others keep their order. False when there is none.
+QUORVEX_API bool DeleteCalibrationPt_ID(int id, PointList& points);
+
+// Removes every point less than 9 pixels from (x, y) both in x and in y; the others keep their
+// order. False when there is none.
+QUORVEX_API bool DeleteCalibrationPt_Coordinate(float x, float y, PointList& points);
+
+// Appends a point at (x, y) with id, row and col -1. Always true.
+QUORVEX_API bool AddCalibrationPt_Coordinate(float x, float y, PointList& points);
+
+// Sets row, col, x and y of the first point with that id; the id stays. False when there is none.
+QUORVEX_API bool AlterCalibrationPt_Coordinate(int id, int row, int col, float x, float y,
+                                               PointList& points);
+
+// Renumbers a complete rows x columns grid by its geometry alone: row 0 has the smallest y, column
+// 0 the smallest x, id = row * columns + col + 1, and the list is ordered column by column. The
+// grid's spacing must shrink from its middle outwards, as in a fisheye image. False, the list
+// unchanged, when the number of points differs (a message is shown, but for an empty list) or the
+// grid cannot be traced.
+QUORVEX_API bool ReAssignmentID(int rows, int columns, PointList& points);
+
+// Renumber a grid for the left and for the right camera: column k becomes row k, for k from 0 to
+// count - 1, and the point with the largest y in it gets column 0; id = row * count + col + 1.
+// Points of other columns are dropped. Where a column does not hold `count` points, the left one
+// counts its columns from 0 at the largest y up, the right one from count - 1 at the smallest y
+// down. `unused` is ignored.
+QUORVEX_API void LeftPtsRearrange(PointList& points, int unused, int count);
+QUORVEX_API void RightPtsRearrange(PointList& points, int unused, int count);
 
 #endif  // QUORVEX_INTERFACE_QUORVEX_H_

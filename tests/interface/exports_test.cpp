@@ -1,4 +1,4 @@
-// The exported image functions as a host calls them, through the public header alone.
+// The exported image and numbering functions as a host calls them, through the public header alone.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -10,6 +10,8 @@
 #include "tests/support/faults.h"
 #include "tests/support/kept_memory.h"
 #include "tests/support/message_box.h"
+#include "tests/support/points.h"
+#include "tests/support/reserved_bytes.h"
 #include "tests/support/temporary_directory.h"
 
 namespace quorvex::testing {
@@ -86,6 +88,43 @@ TEST_F(ImageExportsTest, OtherDepthShowsTheMessage) {
   ::ConvertRGBToGray(pixels.data(), 2, 2, 8, grey.data());
   EXPECT_EQ(grey, Bytes(4, 77));
   EXPECT_EQ(TakeMessages(), std::vector<std::string>{"图像数据应为8位、24位或32位！"});
+}
+
+// Two columns of three points, the larger y first; their reserved bytes count from 1, 2, ...
+PointList TwoColumns() {
+  PointList points;
+  for (int i = 0; i < 6; ++i) {
+    const CalibrationPoint point =
+        MakePoint(-1, -1, i / 3, 100.0f + 50.0f * static_cast<float>(i / 3),
+                  300.0f - 50.0f * static_cast<float>(i % 3));
+    points.push_back(Marked(point, i + 1));
+  }
+  return points;
+}
+
+// The ids in order; `marks` are the records expected there.
+std::vector<int> Ids(const PointList& points, const std::vector<int>& marks) {
+  std::vector<int> ids;
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    ids.push_back(points[i].id);
+    EXPECT_TRUE(i < marks.size() && IsMarked(points[i], marks[i])) << i;
+  }
+  return ids;
+}
+
+TEST(NumberingExportsTest, ReAssignmentTakesRowsThenColumns) {
+  PointList points = TwoColumns();
+  ASSERT_TRUE(::ReAssignmentID(3, 2, points));
+  EXPECT_EQ(Ids(points, {3, 2, 1, 6, 5, 4}), (std::vector<int>{1, 3, 5, 2, 4, 6}));
+}
+
+TEST(NumberingExportsTest, LeftAndRightCountFromOppositeEnds) {
+  PointList left = TwoColumns();
+  ::LeftPtsRearrange(left, 7, 4);
+  EXPECT_EQ(Ids(left, {1, 2, 3, 4, 5, 6}), (std::vector<int>{1, 2, 3, 5, 6, 7}));
+  PointList right = TwoColumns();
+  ::RightPtsRearrange(right, 7, 4);
+  EXPECT_EQ(Ids(right, {3, 2, 1, 6, 5, 4}), (std::vector<int>{4, 3, 2, 8, 7, 6}));
 }
 
 }  // namespace

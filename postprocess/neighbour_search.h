@@ -1,0 +1,26 @@
+// The neighbour of a point in one of the four directions of the grid.
+#ifndef QUORVEX_POSTPROCESS_NEIGHBOUR_SEARCH_H_
+#define QUORVEX_POSTPROCESS_NEIGHBOUR_SEARCH_H_
+
+#include "interface/calibration_point.h"
+
+namespace quorvex {
+
+// Sectors of 60 degrees around the four directions.
+constexpr int kTowardsLargerX = 1;
+constexpr int kTowardsSmallerX = 2;
+constexpr int kTowardsLargerY = 3;
+constexpr int kTowardsSmallerY = 4;
+
+// The distance of two points in pixels.
+float PointDistance(const CalibrationPoint& from, const CalibrationPoint& to);
+
+// Sets `found` to the nearest point more than 5 and less than 1000 pixels from `from` in the open
+// sector, the first of equally near ones. False, `found` untouched, when there is none, also for
+// any other sector.
+bool FindNeighbourInSector(PointList points, const CalibrationPoint& from, CalibrationPoint& found,
+                           int sector);
+
+}  // namespace quorvex
+
+#endif  // QUORVEX_POSTPROCESS_NEIGHBOUR_SEARCH_H_
