@@ -10,8 +10,8 @@ presets=("$@")
 [[ ${#presets[@]} -gt 0 ]] || presets=(release)
 
 echo "test: installing what is missing"
-setup=(scripts/setup.sh)
-[[ " ${presets[*]} " != *" clang"* ]] || setup+=(--all-compilers)
+setup=(scripts/setup.sh --tests)
+[[ " ${presets[*]} " != *" clang"* ]] || setup+=(--clang)
 "${setup[@]}"
 
 for preset in "${presets[@]}"; do

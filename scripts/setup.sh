@@ -3,15 +3,17 @@
 set -euo pipefail
 
 packages=(
-  cmake ninja-build g++            # build
+  cmake ninja-build g++                                  # build
   libcli11-dev libfmt-dev nlohmann-json3-dev libpng-dev  # libraries of the command
-  libgtest-dev libgmock-dev        # tests
+  libgtest-dev libgmock-dev                              # the tests are part of every build
 )
-if [[ "${1:-}" == --all-compilers ]]; then
-  packages+=(
-    clang libclang-rt-14-dev       # the second compiler and its sanitizers
-  )
-fi
+for option in "$@"; do
+  case "$option" in
+    --tests) packages+=(imagemagick) ;;                  # another reader and writer of BMP files
+    --clang) packages+=(clang libclang-rt-14-dev) ;;     # the second compiler and its sanitizers
+    *) echo "setup: unknown option $option" >&2; exit 2 ;;
+  esac
+done
 
 missing=()
 for package in "${packages[@]}"; do

@@ -1,0 +1,27 @@
+# Installs the library of BUILD_DIR, moves the copy, and builds and runs the project of CONSUMER_DIR
+# against it. WORK_DIR is emptied before.
+function(run)
+  execute_process(COMMAND ${ARGN} OUTPUT_VARIABLE output ERROR_VARIABLE output RESULT_VARIABLE result)
+  if(NOT result EQUAL 0)
+    string(REPLACE ";" " " command "${ARGN}")
+    message(FATAL_ERROR "${command}\n${output}")
+  endif()
+endfunction()
+
+file(REMOVE_RECURSE ${WORK_DIR})
+file(MAKE_DIRECTORY ${WORK_DIR}/run)
+
+run(${CMAKE_COMMAND} --install ${BUILD_DIR} --component library --config "${CONFIG}"
+  --prefix ${WORK_DIR}/installed)
+# An installed copy must not remember where it was built or installed.
+file(RENAME ${WORK_DIR}/installed ${WORK_DIR}/moved)
+
+set(flags "")
+if(SANITIZE)
+  set(flags "-fsanitize=${SANITIZE}")
+endif()
+run(${CMAKE_COMMAND} -S ${CONSUMER_DIR} -B ${WORK_DIR}/build -G ${GENERATOR}
+  -DCMAKE_PREFIX_PATH=${WORK_DIR}/moved -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_CXX_FLAGS=${flags}
+  -DQUORVEX_VERSION=${VERSION})
+run(${CMAKE_COMMAND} --build ${WORK_DIR}/build)
+run(${CMAKE_COMMAND} -E chdir ${WORK_DIR}/run ${WORK_DIR}/build/host)
