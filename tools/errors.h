@@ -14,7 +14,7 @@ class InputError : public std::runtime_error {
 
 // Exit codes of the command.
 constexpr int kExitSuccess = 0;
-constexpr int kExitNothingFound = 1;  // an image was read but its detection or comparison failed
+constexpr int kExitNothingFound = 1;  // the input was read but detection, comparison or edit failed
 constexpr int kExitBadInput = 2;      // bad usage or input
 
 }  // namespace quorvex::tools

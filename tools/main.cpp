@@ -24,16 +24,15 @@ int main(int argc, char** argv) {
   app.require_subcommand(1);
   Action action;
   AddDetectCommand(app, action);
+  AddPointsCommand(app, action);
   AddRenderCommand(app, action);
   AddCompareCommand(app, action);
 
   try {
     app.parse(argc, argv);
+    return action();
   } catch (const CLI::ParseError& error) {
     return ReportParseError(app, error);
-  }
-  try {
-    return action();
   } catch (const std::exception& error) {
     fmt::print(stderr, "quorvex: {}\n", error.what());
     return kExitBadInput;

@@ -7,6 +7,7 @@
 #include <iterator>
 #include <nlohmann/json.hpp>
 #include <set>
+#include <utility>
 
 #include "tools/csv_table.h"
 #include "tools/errors.h"
@@ -177,22 +178,36 @@ std::vector<ImagePoints> ParseJson(const std::string& text, const std::string& p
   return images;
 }
 
+struct PointsFile {
+  std::vector<ImagePoints> images;
+  PointsFormat format;
+};
+
+PointsFile ReadAnyFormat(const std::string& path) {
+  const std::string text = ReadTextFile(path);
+  const std::size_t first = text.find_first_not_of(" \t\r\n");
+  const bool isJson = first != std::string::npos && (text[first] == '[' || text[first] == '{');
+  if (isJson) return {ParseJson(text, path), PointsFormat::kJson};
+  return {ParseCsv(text, path), PointsFormat::kCsv};
+}
+
 }  // namespace
 
 GridSize CountGrid(const std::vector<PointRow>& points) {
   std::set<int> rows;
   std::set<int> columns;
   for (const PointRow& p : points) {
-    rows.insert(p.row);
-    columns.insert(p.col);
+    if (p.row >= 0) rows.insert(p.row);
+    if (p.col >= 0) columns.insert(p.col);
   }
   return {static_cast<int>(rows.size()), static_cast<int>(columns.size())};
 }
 
 std::string DescribePoints(const ImagePoints& points) {
   const GridSize grid = CountGrid(points.points);
-  return fmt::format("{}: {} points, {} rows x {} columns", points.image, points.points.size(),
-                     grid.rows, grid.columns);
+  return fmt::format("{}{}{} points, {} rows x {} columns", points.image,
+                     points.image.empty() ? "" : ": ", points.points.size(), grid.rows,
+                     grid.columns);
 }
 
 std::string FormatPoints(const std::vector<ImagePoints>& images, PointsFormat format,
@@ -209,10 +224,16 @@ std::string FormatPoints(const std::vector<ImagePoints>& images, PointsFormat fo
 }
 
 std::vector<ImagePoints> ReadPointsFile(const std::string& path) {
-  const std::string text = ReadTextFile(path);
-  const std::size_t first = text.find_first_not_of(" \t\r\n");
-  const bool isJson = first != std::string::npos && (text[first] == '[' || text[first] == '{');
-  return isJson ? ParseJson(text, path) : ParseCsv(text, path);
+  return ReadAnyFormat(path).images;
+}
+
+OneImageFile ReadOneImageFile(const std::string& path) {
+  PointsFile file = ReadAnyFormat(path);
+  if (file.images.size() != 1) {
+    throw InputError(
+        fmt::format("{} holds the points of {} images; one is needed", path, file.images.size()));
+  }
+  return {std::move(file.images.front()), file.format};
 }
 
 }  // namespace quorvex::tools

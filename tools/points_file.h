@@ -26,14 +26,14 @@ struct ImagePoints {
 
 enum class PointsFormat { kCsv, kJson, kText };
 
-// Rows and columns of the grid that hold at least one point.
+// Rows and columns of the grid that hold at least one point; -1 is none.
 struct GridSize {
   int rows = 0;
   int columns = 0;
 };
 GridSize CountGrid(const std::vector<PointRow>& points);
 
-// "name: 81 points, 9 rows x 9 columns"
+// "name: 81 points, 9 rows x 9 columns"; without a name from the number of points on.
 std::string DescribePoints(const ImagePoints& points);
 
 // The text of a file. `withImageColumn` puts the image's name in front of each CSV row; JSON and
@@ -44,6 +44,13 @@ std::string FormatPoints(const std::vector<ImagePoints>& images, PointsFormat fo
 // Reads a CSV or JSON file of at most 64 MiB; which of the two is told by its first character.
 // Images come in the order of their first point. Throws InputError naming file, line and reason.
 std::vector<ImagePoints> ReadPointsFile(const std::string& path);
+
+// The same for a file that holds exactly one image's points; any other number is an InputError.
+struct OneImageFile {
+  ImagePoints points;
+  PointsFormat format = PointsFormat::kCsv;  // what the file is written in: CSV or JSON
+};
+OneImageFile ReadOneImageFile(const std::string& path);
 
 }  // namespace quorvex::tools
 

@@ -14,6 +14,7 @@ using Action = std::function<int()>;  // returns an exit code (tools/errors.h)
 void AddDetectCommand(CLI::App& app, Action& action);
 void AddRenderCommand(CLI::App& app, Action& action);
 void AddCompareCommand(CLI::App& app, Action& action);
+void AddPointsCommand(CLI::App& app, Action& action);
 
 }  // namespace quorvex::tools
 

@@ -1,13 +1,11 @@
 // The command itself: exit codes, messages, and what it leaves behind.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <stdlib.h>
-#include <sys/wait.h>
 
 #include <algorithm>
 #include <string>
 
-#include "tests/tools/detect_test_files.h"
+#include "tests/tools/command_test.h"
 #include "tools/picture_file.h"
 
 namespace quorvex::tools {
@@ -16,29 +14,12 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
-class DetectCommand : public testing::Test {
+class DetectCommand : public CommandTest {
  protected:
   DetectCommand() {
-    std::filesystem::create_directory(folder.Path("temporary"));
     WritePictureFile(FlatPicture(64, 48, 20), folder.Path("dark.bmp"));
     WritePictureFile(FlatPicture(63, 46, 20), folder.Path("odd.bmp"));
   }
-
-  // Runs the command in the test's folder and returns its exit code.
-  int Run(const std::string& arguments) {
-    const std::string line = "cd '" + folder.Path() + "' && TMPDIR='" + folder.Path("temporary") +
-                             "' '" QUORVEX_COMMAND "' " + arguments + " > out.txt 2> err.txt";
-    const int status = std::system(line.c_str());
-    output = ReadWhole(folder.Path("out.txt"));
-    errors = ReadWhole(folder.Path("err.txt"));
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  }
-
-  bool LeftNothingTemporary() const { return std::filesystem::is_empty(folder.Path("temporary")); }
-
-  TemporaryFolder folder;
-  std::string output;
-  std::string errors;
 };
 
 TEST_F(DetectCommand, ShowsHelpWithExamples) {

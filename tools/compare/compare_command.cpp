@@ -25,17 +25,8 @@ struct CompareOptions {
   ReportFormat format = ReportFormat::kText;
 };
 
-std::vector<PointRow> ReadPointsOfOneImage(const std::string& path) {
-  std::vector<ImagePoints> images = ReadPointsFile(path);
-  if (images.size() != 1) {
-    throw InputError(
-        fmt::format("{} holds the points of {} images; one is needed", path, images.size()));
-  }
-  return images.front().points;
-}
-
 int RunCompare(const CompareOptions& options) {
-  const Comparison comparison = ComparePoints(ReadPointsOfOneImage(options.pointsPath),
+  const Comparison comparison = ComparePoints(ReadOneImageFile(options.pointsPath).points.points,
                                               ReadTruthFile(options.truthPath), options.tolerance);
   WriteToStandardOutput(options.format == ReportFormat::kJson ? ReportAsJson(comparison)
                                                               : ReportAsText(comparison));

@@ -17,6 +17,7 @@
 #include "tools/errors.h"
 #include "tools/output_file.h"
 #include "tools/picture_file.h"
+#include "tools/points/option_text.h"
 #include "tools/points_file.h"
 #include "tools/subcommands.h"
 
@@ -182,6 +183,20 @@ void AddParameters(CLI::App& command, DetectParameters& parameters) {
   command.add_flag("--pad", parameters.pad,
                    "grow images whose size is not a multiple of 4 pixels, at the right and at the "
                    "bottom; positions stay those of the image");
+  command
+      .add_option_function<std::string>(
+          "--renumber",
+          [&parameters](const std::string& text) { parameters.renumber = ParseGridSize(text); },
+          "number the points by their geometry, as 'points renumber' does; an image without a "
+          "complete grid of this size counts as failed")
+      ->option_text("ROWSxCOLUMNS");
+  command
+      .add_option_function<CameraSide>(
+          "--rearrange", [&parameters](const CameraSide& side) { parameters.rearrange = side; },
+          "then number them for the left or the right camera, as 'points rearrange' does with the "
+          "number of columns found; points without a column are dropped")
+      ->transform(CLI::CheckedTransformer(kCameraSides).description(""))
+      ->option_text("left|right");
 }
 
 void AddOutputOptions(CLI::App& command, DetectOptions& options) {
@@ -234,11 +249,12 @@ void AddDetectCommand(CLI::App& app, Action& action) {
       "the images that succeeded are written also when others fail; when none succeeds, nothing "
       "is.\n"
       "Exit code 0: points were found in every image; 1: an image was read but nothing was found\n"
-      "in it; 2: bad usage or input.\n\n"
+      "in it, or its points cannot be numbered as wanted; 2: bad usage or input.\n\n"
       "Examples:\n"
       "  quorvex detect target.bmp --output points.csv --overlay points.png\n"
       "  quorvex detect left.bmp right.bmp --format json -j 2\n"
-      "  quorvex detect photo.png --pad --row-steps 400 --diagnostics stages");
+      "  quorvex detect photo.png --pad --row-steps 400 --diagnostics stages\n"
+      "  quorvex detect left.bmp --renumber 9x9 --rearrange left");
   command->callback([options, &action] {
     action = [options] {
       try {

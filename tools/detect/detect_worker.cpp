@@ -11,6 +11,8 @@
 #include "tools/detect/failure_diagnosis.h"
 #include "tools/detect/padding.h"
 #include "tools/picture_file.h"
+#include "tools/points/option_text.h"
+#include "tools/points/point_list.h"
 
 namespace quorvex::tools {
 namespace {
@@ -34,17 +36,20 @@ std::vector<unsigned char> BottomUpPixels(const Picture& picture) {
   return rows;
 }
 
-// Keeps what lies in the original picture. The comparisons are false for a position that is not a
-// number, so such a point goes too.
-std::vector<PointRow> PointsInside(const PointList& list, int width, int height) {
-  std::vector<PointRow> points;
-  for (const CalibrationPoint& p : list) {
-    if (p.x >= 0 && p.x <= static_cast<float>(width - 1) && p.y >= 0 &&
-        p.y <= static_cast<float>(height - 1)) {
-      points.push_back({p.id, p.row, p.col, p.x, p.y});
-    }
-  }
-  return points;
+// Drops what lies outside the original picture. The comparisons are false for a position that is
+// not a number, so such a point goes too.
+void KeepPointsInside(int width, int height, PointList& points) {
+  const auto isOutside = [width, height](const CalibrationPoint& p) {
+    return !(p.x >= 0 && p.x <= static_cast<float>(width - 1) && p.y >= 0 &&
+             p.y <= static_cast<float>(height - 1));
+  };
+  points.erase(std::remove_if(points.begin(), points.end(), isOutside), points.end());
+}
+
+// Throws NothingChanged.
+void NumberAsWanted(const DetectParameters& parameters, PointList& points) {
+  if (parameters.renumber) Renumber(*parameters.renumber, points);
+  if (parameters.rearrange) Rearrange(*parameters.rearrange, CountColumns(points), points);
 }
 
 DetectionResult Detect(const std::string& imagePath, const std::string& directory,
@@ -63,10 +68,21 @@ DetectionResult Detect(const std::string& imagePath, const std::string& director
   DetectionResult result;
   result.found.width = original.width;
   result.found.height = original.height;
-  if (gridFound) result.found.points = PointsInside(list, original.width, original.height);
-  if (result.found.points.empty()) {
+  KeepPointsInside(original.width, original.height, list);
+  if (!gridFound || list.empty()) {
     result.exitCode = kExitNothingFound;
     result.message = fmt::format("{}: {}", imagePath, DescribeFailure("."));
+    return result;
+  }
+  try {
+    NumberAsWanted(parameters, list);
+    result.found.points = ToRows(list);
+  } catch (const NothingChanged& reason) {
+    result.exitCode = kExitNothingFound;
+    result.message = fmt::format(
+        "{}: {}; detect it without --renumber and --rearrange, and correct the list "
+        "with 'quorvex points'",
+        imagePath, reason.what());
   }
   return result;
 }
@@ -83,6 +99,13 @@ std::vector<std::string> WorkerArguments(const std::string& imagePath, const std
                                      "--row-steps",
                                      std::to_string(parameters.rowSteps)};
   if (parameters.pad) arguments.push_back("--pad");
+  if (parameters.renumber) {
+    arguments.insert(arguments.end(), {"--renumber", GridSizeText(*parameters.renumber)});
+  }
+  if (parameters.rearrange) {
+    const bool left = *parameters.rearrange == CameraSide::kLeft;
+    arguments.insert(arguments.end(), {"--rearrange", left ? "left" : "right"});
+  }
   // Behind the dashes a path may begin with one.
   arguments.insert(arguments.end(), {"--", imagePath, directory});
   return arguments;

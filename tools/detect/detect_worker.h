@@ -3,10 +3,13 @@
 #ifndef QUORVEX_TOOLS_DETECT_DETECT_WORKER_H_
 #define QUORVEX_TOOLS_DETECT_DETECT_WORKER_H_
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "tools/detect/detection_result.h"
+#include "tools/points/point_edits.h"
+#include "tools/points_file.h"
 
 namespace quorvex::tools {
 
@@ -15,6 +18,9 @@ struct DetectParameters {
   int columnSpan = 20;  // columns looked for beyond the centre column
   int rowSteps = 300;   // pixels a row may run from one mark to the next
   bool pad = false;     // grow pictures whose size is not a multiple of 4
+  // What is done to the points found, in this order.
+  std::optional<GridSize> renumber;     // the size of the whole grid
+  std::optional<CameraSide> rearrange;  // with as many columns as were found
 };
 
 // The folder, in the worker's directory, that the detection writes its lists of numbers to.

@@ -1,0 +1,72 @@
+// What a host does behind its operator's mouse: detects the points of a board, deletes one by a
+// click, adds it back by hand, moves it to its place, numbers the corrected list anew, and numbers
+// it for the left and for the right camera. Prints the list after every step: a heading, then a
+// record a line.
+//
+//   operator_road BOARD.bmp ROWS COLUMNS
+//
+// The picture has 8 bits a pixel, and a width and height that are multiples of 4.
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+
+#include "interface/quorvex.h"
+
+namespace {
+
+int Fail(const char* reason) {
+  std::fprintf(stderr, "operator_road: %s\n", reason);
+  return EXIT_FAILURE;
+}
+
+void Print(const char* heading, const PointList& points) {
+  std::printf("# %s\nid,row,col,x,y\n", heading);
+  for (const CalibrationPoint& p : points)
+    std::printf("%d,%d,%d,%.9g,%.9g\n", p.id, p.row, p.col, p.x, p.y);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 4) return Fail("usage: operator_road BOARD.bmp ROWS COLUMNS");
+  const int rows = std::atoi(argv[2]);
+  const int columns = std::atoi(argv[3]);
+
+  unsigned char* pixels = nullptr;
+  long width = 0, height = 0;
+  int bits = 0;
+  if (!Read_Image(pixels, width, height, bits, argv[1])) return Fail("the picture cannot be read");
+  if (bits != 8) return Fail("the picture does not have 8 bits a pixel");
+
+  PointList points;
+  if (!SingleCamDetectCalibrationPoint(pixels, width, height, bits, 20, 20, 0, 0, 300, points) ||
+      points.empty())
+    return Fail("no points were found");
+  Print("detected", points);
+
+  // The operator clicks beside a point: 9 pixels to each side are near enough.
+  const CalibrationPoint chosen = points[points.size() / 2];
+  const float clickX = std::floor(chosen.x) + 3;
+  const float clickY = std::floor(chosen.y) - 2;
+  if (!DeleteCalibrationPt_Coordinate(clickX, clickY, points)) return Fail("no point to delete");
+  Print("deleted", points);
+
+  // A point added by hand has no place in the grid yet: its id, row and column are -1.
+  AddCalibrationPt_Coordinate(clickX, clickY, points);
+  Print("added", points);
+
+  if (!AlterCalibrationPt_Coordinate(-1, chosen.row, chosen.col, chosen.x, chosen.y, points))
+    return Fail("no point to move");
+  Print("moved", points);
+
+  if (!ReAssignmentID(rows, columns, points)) return Fail("the points cannot be renumbered");
+  Print("renumbered", points);
+
+  PointList left = points;
+  LeftPtsRearrange(left, rows, columns);
+  Print("left", left);
+
+  PointList right = points;
+  RightPtsRearrange(right, rows, columns);
+  Print("right", right);
+}

@@ -1,0 +1,243 @@
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "tools/points/option_text.h"
+#include "tools/points/point_edits.h"
+#include "tools/points/points_run.h"
+#include "tools/points_file.h"
+#include "tools/subcommands.h"
+
+namespace quorvex::tools {
+namespace {
+
+const std::map<std::string, PointsFormat> kFormats = {
+    {"csv", PointsFormat::kCsv}, {"json", PointsFormat::kJson}, {"text", PointsFormat::kText}};
+
+void AddFile(CLI::App& verb, Road& road) {
+  verb.add_option("file", road.file, "CSV or JSON file that detect wrote for one image")
+      ->required()
+      ->option_text("FILE");
+}
+
+CLI::Option* AddFormat(CLI::App& verb, Road& road) {
+  return verb
+      .add_option_function<PointsFormat>(
+          "--format", [&road](const PointsFormat& format) { road.format = format; },
+          "csv, json or text; the file's own when not given")
+      ->transform(CLI::CheckedTransformer(kFormats, CLI::ignore_case).description(""))
+      ->option_text("NAME");
+}
+
+CLI::Option* AddOutput(CLI::App& verb, Road& road) {
+  return verb
+      .add_option("-o,--output", road.output, "file for the list, instead of standard output")
+      ->option_text("FILE");
+}
+
+void AddEditOutputs(CLI::App& verb, Road& road) {
+  CLI::Option* format = AddFormat(verb, road);
+  CLI::Option* output = AddOutput(verb, road);
+  verb.add_flag("-i,--in-place", road.isInPlace, "write the list back to FILE")
+      ->excludes(format)
+      ->excludes(output);
+}
+
+void AddList(CLI::App& points, Action& action) {
+  const auto road = std::make_shared<Road>();
+  CLI::App& verb = *points.add_subcommand("list", "Show all points");
+  AddFile(verb, *road);
+  AddFormat(verb, *road);
+  AddOutput(verb, *road);
+  verb.callback([road, &action] { action = [road] { return RunConversion(*road); }; });
+}
+
+void AddConvert(CLI::App& points, Action& action) {
+  const auto road = std::make_shared<Road>();
+  CLI::App& verb = *points.add_subcommand("convert", "Write the list in another format");
+  AddFile(verb, *road);
+  AddFormat(verb, *road)->required()->description("csv, json or text");
+  AddOutput(verb, *road);
+  verb.callback([road, &action] { action = [road] { return RunConversion(*road); }; });
+}
+
+void AddQuery(CLI::App& points, Action& action) {
+  struct Options {
+    Road road;
+    int id = 0;
+  };
+  const auto options = std::make_shared<Options>();
+  CLI::App& verb = *points.add_subcommand("query", "Show the first point with an id");
+  AddFile(verb, options->road);
+  verb.add_option("id", options->id, "number of the point")->required()->option_text("ID");
+  AddFormat(verb, options->road);
+  AddOutput(verb, options->road);
+  verb.callback(
+      [options, &action] { action = [options] { return RunQuery(options->road, options->id); }; });
+}
+
+void AddDelete(CLI::App& points, Action& action) {
+  struct Options {
+    Road road;
+    std::optional<int> id;
+    std::string at;
+  };
+  const auto options = std::make_shared<Options>();
+  CLI::App& verb = *points.add_subcommand("delete", "Remove points by id or by position");
+  AddFile(verb, options->road);
+  CLI::Option_group& which = *verb.add_option_group("Which points");
+  which.add_option("--id", options->id, "every point with this id")->option_text("N");
+  which
+      .add_option("--at", options->at,
+                  "every point less than 9 px from this position both in x and in y")
+      ->option_text("X,Y");
+  which.require_option(1);
+  AddEditOutputs(verb, options->road);
+  verb.callback([options, &action] {
+    action = [options] {
+      return RunEdit(options->road, [options](PointList& list) {
+        if (options->id) {
+          DeletePoints(*options->id, list);
+        } else {
+          DeletePointsAt(ParsePosition(options->at), list);
+        }
+      });
+    };
+  });
+}
+
+void AddAdd(CLI::App& points, Action& action) {
+  struct Options {
+    Road road;
+    std::string at;
+  };
+  const auto options = std::make_shared<Options>();
+  CLI::App& verb = *points.add_subcommand("add", "Append a point; its id, row and column are -1");
+  AddFile(verb, options->road);
+  verb.add_option("--at", options->at, "position [px]")->required()->option_text("X,Y");
+  AddEditOutputs(verb, options->road);
+  verb.callback([options, &action] {
+    action = [options] {
+      return RunEdit(options->road,
+                     [options](PointList& list) { AddPoint(ParsePosition(options->at), list); });
+    };
+  });
+}
+
+void AddMove(CLI::App& points, Action& action) {
+  struct Options {
+    Road road;
+    int id = 0;
+    std::string to;
+    std::optional<int> row;
+    std::optional<int> column;
+  };
+  const auto options = std::make_shared<Options>();
+  CLI::App& verb = *points.add_subcommand("move", "Move the first point with an id; the id stays");
+  AddFile(verb, options->road);
+  verb.add_option("id", options->id, "number of the point")->required()->option_text("ID");
+  verb.add_option("--to", options->to, "new position [px]")->required()->option_text("X,Y");
+  verb.add_option("--row", options->row, "new row; unchanged when not given")->option_text("R");
+  verb.add_option("--col", options->column, "new column; unchanged when not given")
+      ->option_text("C");
+  AddEditOutputs(verb, options->road);
+  verb.callback([options, &action] {
+    action = [options] {
+      return RunEdit(options->road, [options](PointList& list) {
+        MovePoint(options->id, ParsePosition(options->to), options->row, options->column, list);
+      });
+    };
+  });
+}
+
+void AddRenumber(CLI::App& points, Action& action) {
+  struct Options {
+    Road road;
+    GridSize grid;
+  };
+  const auto options = std::make_shared<Options>();
+  CLI::App& verb = *points.add_subcommand("renumber", "Number a complete grid by its geometry");
+  verb.footer(
+      "Row 0 is the top one, column 0 the left one; id = row * columns + column + 1. The list is\n"
+      "ordered column by column. The spacing must shrink from the middle outwards, as in a\n"
+      "fisheye image.");
+  AddFile(verb, options->road);
+  verb.add_option("--rows", options->grid.rows, "rows of the grid")
+      ->required()
+      ->check(CLI::Range(1, kMostGridLines))
+      ->option_text("R");
+  verb.add_option("--columns", options->grid.columns, "columns of the grid")
+      ->required()
+      ->check(CLI::Range(1, kMostGridLines))
+      ->option_text("C");
+  AddEditOutputs(verb, options->road);
+  verb.callback([options, &action] {
+    action = [options] {
+      return RunEdit(options->road, [options](PointList& list) { Renumber(options->grid, list); });
+    };
+  });
+}
+
+void AddRearrange(CLI::App& points, Action& action) {
+  struct Options {
+    Road road;
+    CameraSide side = CameraSide::kLeft;
+    std::optional<int> count;
+  };
+  const auto options = std::make_shared<Options>();
+  CLI::App& verb =
+      *points.add_subcommand("rearrange", "Number the grid for the left or the right camera");
+  verb.footer(
+      "Column k becomes row k, and the point with the largest y in it gets column 0;\n"
+      "id = row * N + column + 1. Points without a column from 0 to N - 1 are removed. Where a\n"
+      "column does not hold N points, left counts from 0 at the largest y up, right from N - 1 at\n"
+      "the smallest y down.");
+  AddFile(verb, options->road);
+  verb.add_option("side", options->side, "left or right")
+      ->required()
+      ->transform(CLI::CheckedTransformer(kCameraSides).description(""))
+      ->option_text("left|right");
+  verb.add_option("--count", options->count,
+                  "columns that are read, and the N of the ids; the columns of the list when not "
+                  "given")
+      ->check(CLI::Range(1, kMostGridLines))
+      ->option_text("N");
+  AddEditOutputs(verb, options->road);
+  verb.callback([options, &action] {
+    action = [options] {
+      return RunEdit(options->road, [options](PointList& list) {
+        Rearrange(options->side, options->count.value_or(CountColumns(list)), list);
+      });
+    };
+  });
+}
+
+}  // namespace
+
+void AddPointsCommand(CLI::App& app, Action& action) {
+  CLI::App& points = *app.add_subcommand("points", "Show, correct and renumber detected points");
+  points.require_subcommand(1);
+  AddList(points, action);
+  AddQuery(points, action);
+  AddDelete(points, action);
+  AddAdd(points, action);
+  AddMove(points, action);
+  AddRenumber(points, action);
+  AddRearrange(points, action);
+  AddConvert(points, action);
+  points.footer(
+      "Positions are pixels, x to the right and y down, and are kept as 32-bit floats. The list\n"
+      "goes to standard output in the format of FILE; of a CSV file only the columns that detect\n"
+      "writes are kept. Nothing is written when there is nothing to change.\n"
+      "Exit code 0: done; 1: the list does not allow it; 2: bad usage or input.\n\n"
+      "Examples:\n"
+      "  quorvex points query points.csv 41\n"
+      "  quorvex points delete points.csv --at 812,640 --in-place\n"
+      "  quorvex points add points.csv --at 815.5,642 --in-place\n"
+      "  quorvex points renumber points.csv --rows 9 --columns 9 --output numbered.csv\n"
+      "  quorvex points rearrange numbered.csv left --count 9 --output left.csv\n"
+      "  quorvex points convert left.csv --format json");
+}
+
+}  // namespace quorvex::tools
