@@ -67,7 +67,9 @@ set_target_properties(quorvex_objects PROPERTIES
   CXX_VISIBILITY_PRESET hidden
   VISIBILITY_INLINES_HIDDEN ON)
 
-add_library(quorvex SHARED platform/posix/message_box.cpp)
+# What is in sources of its own for each system is chosen by this name.
+set(quorvex_platform posix)
+add_library(quorvex SHARED platform/${quorvex_platform}/message_box.cpp)
 target_link_libraries(quorvex PRIVATE quorvex_objects)
 # Hidden visibility leaves the standard library's templates visible; the list leaves the exports alone.
 target_link_options(quorvex PRIVATE

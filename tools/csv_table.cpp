@@ -64,10 +64,10 @@ bool ParseWhole(std::string_view text, T& value) {
 
 std::string ReadTextFile(const std::string& path) {
   std::error_code error;
-  if (std::filesystem::is_directory(path, error)) {
+  if (std::filesystem::is_directory(std::filesystem::u8path(path), error)) {
     throw InputError(fmt::format("{} is a directory, not a file", path));
   }
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file(std::filesystem::u8path(path), std::ios::binary);
   if (!file) throw InputError(fmt::format("{} cannot be opened", path));
   std::string text;
   char block[1 << 16];

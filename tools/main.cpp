@@ -6,6 +6,7 @@
 
 #include "tools/errors.h"
 #include "tools/subcommands.h"
+#include "tools/system_files.h"
 
 namespace {
 
@@ -19,6 +20,7 @@ int ReportParseError(const CLI::App& app, const CLI::ParseError& error) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  PassStandardStreamsUnchanged();
   CLI::App app{"Quorvex finds the calibration points of a cross-mark target in fisheye images."};
   app.set_version_flag("--version", "quorvex " QUORVEX_VERSION);
   app.require_subcommand(1);

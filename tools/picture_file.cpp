@@ -22,7 +22,7 @@ namespace {
 enum class PictureFormat { kBmp, kPng };
 
 PictureFormat FormatByEnding(const std::string& path) {
-  std::string ending = std::filesystem::path(path).extension().string();
+  std::string ending = std::filesystem::u8path(path).extension().string();
   for (char& letter : ending) {
     letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
   }
@@ -42,7 +42,8 @@ PictureFormat FormatByEnding(const std::string& path) {
 // Only a regular file has a size to check against; opening a pipe might wait for ever.
 std::vector<std::uint8_t> ReadWholeFile(const std::string& path) {
   std::error_code error;
-  const std::filesystem::file_status status = std::filesystem::status(path, error);
+  const std::filesystem::file_status status =
+      std::filesystem::status(std::filesystem::u8path(path), error);
   if (error) {
     ThrowCannotRead(path, error.message());
   }
@@ -52,7 +53,7 @@ std::vector<std::uint8_t> ReadWholeFile(const std::string& path) {
   if (!std::filesystem::is_regular_file(status)) {
     ThrowCannotRead(path, "it is not a regular file");
   }
-  const std::uintmax_t size = std::filesystem::file_size(path, error);
+  const std::uintmax_t size = std::filesystem::file_size(std::filesystem::u8path(path), error);
   if (error) {
     ThrowCannotRead(path, error.message());
   }
@@ -64,7 +65,7 @@ std::vector<std::uint8_t> ReadWholeFile(const std::string& path) {
                                       kMaxPictureFileBytes));
   }
   errno = 0;
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file(std::filesystem::u8path(path), std::ios::binary);
   if (!file) {
     ThrowCannotRead(path, std::strerror(errno));
   }

@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "tools/errors.h"
+#include "tools/system_files.h"
 
 namespace quorvex::tools {
 namespace {
@@ -23,7 +24,8 @@ constexpr int kNameAttempts = 16;  // a random name of 32 bits is practically ne
 // Renaming over a device or a pipe would replace the device itself.
 void RequireReplaceable(const std::string& path) {
   std::error_code error;
-  const std::filesystem::file_status status = std::filesystem::status(path, error);
+  const std::filesystem::file_status status =
+      std::filesystem::status(std::filesystem::u8path(path), error);
   if (std::filesystem::is_directory(status)) {
     ThrowCannotWrite(path, "it is a directory");
   }
@@ -41,7 +43,7 @@ StagedFile::StagedFile(const std::string& targetPath, const std::vector<std::uin
   std::FILE* file = nullptr;
   for (int attempt = 0; attempt < kNameAttempts && file == nullptr; ++attempt) {
     temporaryPath = fmt::format("{}.{:08x}.tmp", path, static_cast<std::uint32_t>(random()));
-    file = std::fopen(temporaryPath.c_str(), "wbx");  // x: never writes into somebody else's file
+    file = CreateNewFile(temporaryPath);  // never writes into somebody else's file
     if (file == nullptr && errno != EEXIST) {
       break;
     }
@@ -65,7 +67,8 @@ StagedFile::~StagedFile() { RemoveTemporary(); }
 
 void StagedFile::Commit() {
   std::error_code error;
-  std::filesystem::rename(temporaryPath, path, error);
+  std::filesystem::rename(std::filesystem::u8path(temporaryPath), std::filesystem::u8path(path),
+                          error);
   if (error) {
     ThrowCannotWrite(path, error.message());
   }
@@ -74,7 +77,8 @@ void StagedFile::Commit() {
 
 void StagedFile::RemoveTemporary() noexcept {
   if (!temporaryPath.empty()) {
-    std::remove(temporaryPath.c_str());
+    std::error_code ignored;
+    std::filesystem::remove(std::filesystem::u8path(temporaryPath), ignored);
   }
 }
 

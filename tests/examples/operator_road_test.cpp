@@ -1,8 +1,6 @@
 // The operator's road on a rendered board with five marks left out: every record of every step
 // against the rendered truth.
 #include <gtest/gtest.h>
-#include <stdlib.h>
-#include <sys/wait.h>
 
 #include <cmath>
 #include <cstdio>
@@ -12,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/tools/run_program.h"
 #include "tests/tools/temporary_folder.h"
 #include "tools/truth_file.h"
 
@@ -77,11 +76,13 @@ std::map<std::string, std::vector<Record>> ReadSteps(const std::string& path) {
 class OperatorRoad : public testing::Test {
  protected:
   // The suppressions serve builds with a leak checker.
-  int Run(const std::string& command) {
-    const std::string environment = "LSAN_OPTIONS='suppressions=" QUORVEX_LEAKS "' ";
-    const int status = std::system(
-        ("cd '" + folder.Path() + "' && " + environment + command + " 2> err.txt").c_str());
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  int Run(const std::string& program, const std::string& arguments) {
+    return RunProgram({program,
+                       SplitAtBlanks(arguments),
+                       folder.Path(),
+                       {{"LSAN_OPTIONS", "suppressions=" QUORVEX_LEAKS}},
+                       "",
+                       "steps.txt"});
   }
 
   const TruthMark& NearestMark(const Record& r) const {
@@ -132,10 +133,10 @@ Label ColumnByColumn(const TruthMark& mark) {
 }
 
 TEST_F(OperatorRoad, EveryRecordOfEveryStep) {
-  ASSERT_EQ(Run("'" QUORVEX_COMMAND "' render --quiet --preset dropped --output board.bmp"), 0);
+  ASSERT_EQ(Run(QUORVEX_COMMAND, "render --quiet --preset dropped --output board.bmp"), 0);
   marks = ReadTruthFile(folder.Path("board.csv"));
   ASSERT_EQ(marks.size(), static_cast<std::size_t>(kRows * kColumns));
-  ASSERT_EQ(Run("'" QUORVEX_OPERATOR_ROAD "' board.bmp 9 9 > steps.txt"), 0);
+  ASSERT_EQ(Run(QUORVEX_OPERATOR_ROAD, "board.bmp 9 9"), 0);
   steps = ReadSteps(folder.Path("steps.txt"));
   EXPECT_EQ(steps.size(), 7u);
 
@@ -168,7 +169,7 @@ TEST_F(OperatorRoad, EveryRecordOfEveryStep) {
 }
 
 TEST_F(OperatorRoad, TellsThatThePictureCannotBeRead) {
-  EXPECT_EQ(Run("'" QUORVEX_OPERATOR_ROAD "' none.bmp 9 9 > steps.txt"), 1);
+  EXPECT_EQ(Run(QUORVEX_OPERATOR_ROAD, "none.bmp 9 9"), 1);
   EXPECT_TRUE(ReadSteps(folder.Path("steps.txt")).empty());
 }
 

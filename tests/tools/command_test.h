@@ -3,13 +3,12 @@
 #define QUORVEX_TESTS_TOOLS_COMMAND_TEST_H_
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
-#include <sys/wait.h>
 
 #include <filesystem>
 #include <string>
 
 #include "tests/tools/detect_test_files.h"
+#include "tests/tools/run_program.h"
 
 namespace quorvex::tools {
 
@@ -17,14 +16,24 @@ class CommandTest : public testing::Test {
  protected:
   CommandTest() { std::filesystem::create_directory(folder.Path("temporary")); }
 
-  // Runs the command in the test's folder and returns its exit code.
-  int Run(const std::string& arguments) {
-    const std::string line = "cd '" + folder.Path() + "' && TMPDIR='" + folder.Path("temporary") +
-                             "' '" QUORVEX_COMMAND "' " + arguments + " > out.txt 2> err.txt";
-    const int status = std::system(line.c_str());
+  // Runs the command in the test's folder and returns its exit code. The arguments stand between
+  // blanks.
+  int Run(const std::string& arguments) { return Run(MakeRun(arguments)); }
+
+  int Run(const ProgramRun& run) {
+    const int exitCode = RunProgram(run);
     output = ReadWhole(folder.Path("out.txt"));
     errors = ReadWhole(folder.Path("err.txt"));
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return exitCode;
+  }
+
+  ProgramRun MakeRun(const std::string& arguments) const {
+    const std::string temporary = folder.Path("temporary");
+    // One name for POSIX, one for Windows.
+    return {QUORVEX_COMMAND,
+            SplitAtBlanks(arguments),
+            folder.Path(),
+            {{"TMPDIR", temporary}, {"TMP", temporary}}};
   }
 
   bool LeftNothingTemporary() const { return std::filesystem::is_empty(folder.Path("temporary")); }

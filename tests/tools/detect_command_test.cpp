@@ -210,13 +210,35 @@ TEST_F(DetectTarget, KeepsTheListsBesideThePictures) {
   EXPECT_FALSE(folder.Has("kept/D:"));
 }
 
-TEST_F(DetectTarget, TellsAFullDevice) {
-  EXPECT_EQ(std::system(("'" QUORVEX_COMMAND "' detect --quiet '" + folder.Path("target.bmp") +
-                         "' > /dev/full 2> '" + folder.Path("err.txt") + "'")
-                            .c_str()) /
-                256,
-            2);
-  EXPECT_THAT(ReadWhole(folder.Path("err.txt")), HasSubstr("standard output cannot be written"));
+TEST_F(DetectTarget, KeepsTheListsOfEachOfSeveralImages) {
+  Render("wider.bmp", 1064, 840);
+  EXPECT_EQ(Run("detect target.bmp dark.bmp wider.bmp -j 3 --diagnostics kept"), 1);
+  EXPECT_FALSE(folder.Has("kept/dark/Row.txt"));
+  for (const std::string name : {"target", "wider"}) {
+    EXPECT_EQ(Run("detect " + name + ".bmp --diagnostics alone"), 0);
+    const std::string rows = ReadWhole(folder.Path("alone/Row.txt"));
+    EXPECT_FALSE(rows.empty()) << name;
+    EXPECT_EQ(ReadWhole(folder.Path("kept/" + name + "/Row.txt")), rows) << name;
+  }
+}
+
+TEST_F(DetectTarget, TakesNamesOfAllLanguages) {
+  const std::string name = "bild-\xC3\xA4-\xE6\x97\xA5\xE6\x9C\xAC";
+  Render(name + ".bmp", 1024, 840);
+  EXPECT_EQ(Run("detect " + name + ".bmp --format json --output " + name + ".json --overlay " +
+                name + ".png"),
+            0);
+  EXPECT_EQ(errors, name + ".bmp: 20 points, 4 rows x 5 columns\n");
+  EXPECT_TRUE(folder.Has(name + ".png"));
+  EXPECT_THAT(ReadWhole(folder.Path(name + ".json")), HasSubstr("\"" + name + ".bmp\""));
+  EXPECT_EQ(Run("compare " + name + ".json " + name + ".csv"), 0);
+
+  EXPECT_EQ(Run("detect dark.bmp " + name + ".bmp --diagnostics " + name), 1);
+  EXPECT_TRUE(folder.Has(name + "/" + name + "/Mask.bmp"));
+  EXPECT_EQ(Run("points add " + name + ".json --at 1,2 --output " + name + ".json"), 2);
+  EXPECT_EQ(errors, "quorvex: " + name + ".json is the list itself; --in-place writes over it\n");
+  EXPECT_EQ(Run("points delete " + name + ".json --id 20 --in-place"), 0);
+  EXPECT_THAT(ReadWhole(folder.Path(name + ".json")), Not(HasSubstr("\"id\": 20,")));
 }
 
 class CompareCommand : public DetectCommand {

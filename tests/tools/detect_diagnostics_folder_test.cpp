@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/tools/detect_test_files.h"
+#include "tools/detect/list_folder.h"
 #include "tools/errors.h"
 
 namespace quorvex::tools {
@@ -16,7 +17,10 @@ TEST(DiagnosticsFolders, OneImageTakesTheFolderItself) {
 }
 
 TEST(DiagnosticsFolders, SeveralImagesGetFoldersOfTheirOwn) {
-  EXPECT_THAT(DiagnosticsFolders("out", {"x/a.bmp", "b.png", "y/a.bmp", "a-2.bmp", "a.png"}),
+  const std::vector<std::string> folders =
+      DiagnosticsFolders("out", {"x/a.bmp", "b.png", "y/a.bmp", "a-2.bmp", "a.png"});
+  // As paths, since separators differ between systems.
+  EXPECT_THAT(std::vector<std::filesystem::path>(folders.begin(), folders.end()),
               ElementsAre("out/a", "out/b", "out/a-2", "out/a-2-2", "out/a-3"));
 }
 
@@ -38,8 +42,8 @@ TEST(KeepDiagnostics, CopiesPicturesAndListsAndDropsStaleOnes) {
   const TemporaryFolder work;
   const TemporaryFolder kept;
   work.File("Mask.bmp", "new mask");
-  std::filesystem::create_directory(work.Path("D:"));
-  work.File("D:/Row.txt", "1 2");
+  PrepareListFolder(work.Path());
+  std::ofstream(ListFolder(work.Path()) / "Row.txt") << "1 2";
   work.File("result.json", "{}");
   kept.File("Mask.bmp", "old mask");
   kept.File("Lines.bmp", "of an earlier detection");
@@ -52,6 +56,11 @@ TEST(KeepDiagnostics, CopiesPicturesAndListsAndDropsStaleOnes) {
   EXPECT_EQ(ReadWhole(kept.Path("notes.txt")), "somebody's own");
   EXPECT_FALSE(kept.Has("Lines.bmp"));
   EXPECT_FALSE(kept.Has("result.json"));
+
+  PrepareListFolder(work.Path());
+  std::filesystem::remove(ListFolder(work.Path()) / "Row.txt");
+  KeepDiagnostics(work.Path(), kept.Path());
+  EXPECT_FALSE(kept.Has("Row.txt"));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -15,7 +16,7 @@ namespace quorvex::tools {
 
 inline std::string ReadWhole(const std::string& path) {
   std::ostringstream text;
-  text << std::ifstream(path, std::ios::binary).rdbuf();
+  text << std::ifstream(std::filesystem::u8path(path), std::ios::binary).rdbuf();
   return text.str();
 }
 

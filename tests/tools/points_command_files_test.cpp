@@ -78,13 +78,6 @@ TEST_F(PointsFiles, WritesOverTheListOnlyInPlace) {
   EXPECT_EQ(folder.FileCount(), files);
 }
 
-TEST_F(PointsFiles, InPlaceALinkStaysALink) {
-  std::filesystem::create_symlink("p.csv", folder.Path("link.csv"));
-  EXPECT_EQ(Run("points delete link.csv --id 2 --in-place"), 0);
-  EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link.csv")));
-  EXPECT_EQ(Whole("p.csv"), "id,row,col,x,y\n1,0,0,10.5,20.25\n");
-}
-
 TEST_F(PointsFiles, NothingIsWrittenWhenNothingChanges) {
   folder.File("q.csv", "kept");
   for (const char* edit :
@@ -103,17 +96,6 @@ TEST_F(PointsFiles, TellsThatTheOutputCannotBeWritten) {
   EXPECT_THAT(errors, HasSubstr("no/such/q.csv"));
   EXPECT_EQ(Run("points add p.csv --at 1,2 --output temporary"), 2);
   EXPECT_THAT(errors, HasSubstr("temporary"));
-  const int status = std::system(("'" QUORVEX_COMMAND "' points list '" + folder.Path("p.csv") +
-                                  "' > /dev/full 2> '" + folder.Path("err.txt") + "'")
-                                     .c_str());
-  EXPECT_EQ(WEXITSTATUS(status), 2);
-  EXPECT_THAT(Whole("err.txt"), HasSubstr("standard output cannot be written"));
-}
-
-TEST_F(PointsFiles, ReadsAPipe) {
-  EXPECT_EQ(
-      Run("points add p.csv --at 1,2 | '" QUORVEX_COMMAND "' points delete /dev/stdin --id -1"), 0);
-  EXPECT_EQ(output, kCsv);
 }
 
 TEST_F(PointsFiles, RefusesSeveralImagesAndNone) {

@@ -12,6 +12,7 @@
 #include "tools/detect/detect_images.h"
 #include "tools/detect/detect_worker.h"
 #include "tools/detect/diagnostics_folder.h"
+#include "tools/detect/list_folder.h"
 #include "tools/detect/overlay.h"
 #include "tools/detect/worker_process.h"
 #include "tools/errors.h"
@@ -46,7 +47,7 @@ struct WorkerOptions {
 };
 
 void RequirePngEnding(const std::string& path) {
-  if (std::filesystem::path(path).extension() != ".png") {
+  if (std::filesystem::u8path(path).extension() != ".png") {
     throw InputError(fmt::format("{} must end in .png", path));
   }
 }
@@ -54,7 +55,8 @@ void RequirePngEnding(const std::string& path) {
 void RequireNotAnImage(const std::string& path, const std::vector<std::string>& images) {
   for (const std::string& image : images) {
     std::error_code ignored;
-    if (std::filesystem::equivalent(path, image, ignored)) {
+    if (std::filesystem::equivalent(std::filesystem::u8path(path), std::filesystem::u8path(image),
+                                    ignored)) {
       throw InputError(fmt::format("{} is one of the images and would be overwritten", path));
     }
   }
@@ -159,7 +161,7 @@ int RunDetect(const DetectOptions& options) {
 int RunWorker(const WorkerOptions& options) {
   const DetectionResult result =
       DetectInDirectory(options.image, options.directory, options.parameters);
-  WriteDetectionResult(result, (std::filesystem::path(options.directory) / kResultFile).string());
+  WriteDetectionResult(result, (std::filesystem::u8path(options.directory) / kResultFile).string());
   return kExitSuccess;
 }
 
@@ -212,11 +214,13 @@ void AddOutputOptions(CLI::App& command, DetectOptions& options) {
       .add_option("--overlay", options.overlay,
                   "picture of the image with its points drawn over it (one image only)")
       ->option_text("FILE.png");
-  command
-      .add_option("--diagnostics", options.diagnostics,
-                  "keep the pictures of the detection's stages in DIR; with several images in a "
-                  "folder per image")
-      ->option_text("DIR");
+  std::string diagnosticsHelp =
+      "keep the pictures of the detection's stages in DIR; with several images in a folder per "
+      "image";
+  if (IsListFolderShared()) {
+    diagnosticsHelp += ", and one after the other, since all write their lists to drive D:";
+  }
+  command.add_option("--diagnostics", options.diagnostics, diagnosticsHelp)->option_text("DIR");
   command.add_flag("-q,--quiet", options.quiet, "say nothing on standard error but failures");
   command
       .add_option("-j,--jobs", options.parallel, "how many images are worked on at once, 1 to 64")

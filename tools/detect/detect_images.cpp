@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <map>
 #include <memory>
@@ -9,6 +10,7 @@
 #include <stdexcept>
 
 #include "tools/detect/diagnostics_folder.h"
+#include "tools/detect/list_folder.h"
 #include "tools/detect/private_directory.h"
 #include "tools/detect/worker_process.h"
 
@@ -20,7 +22,7 @@ DetectionResult ResultOfWorker(const DetectionJob& job, const std::string& direc
   DetectionResult result;
   try {
     if (!failure.empty()) throw std::runtime_error(failure);
-    result = ReadDetectionResult((std::filesystem::path(directory) / kResultFile).string());
+    result = ReadDetectionResult((std::filesystem::u8path(directory) / kResultFile).string());
   } catch (const std::runtime_error& error) {
     result.exitCode = kExitNothingFound;
     result.message = fmt::format("{}: {}", job.image, error.what());
@@ -37,12 +39,20 @@ DetectionResult ResultOfWorker(const DetectionJob& job, const std::string& direc
   return result;
 }
 
+// Then a detection must have ended, and its lists been kept, before the next one starts.
+bool KeepsSharedLists(const std::vector<DetectionJob>& jobs) {
+  return IsListFolderShared() && std::any_of(jobs.begin(), jobs.end(), [](const DetectionJob& job) {
+           return !job.diagnosticsFolder.empty();
+         });
+}
+
 }  // namespace
 
 std::vector<DetectionResult> DetectImages(const std::vector<DetectionJob>& jobs,
                                           const DetectParameters& parameters, int parallel,
                                           const DetectionObserver& observer) {
   const std::string program = OwnProgramPath();
+  const int mostWorkers = KeepsSharedLists(jobs) ? 1 : parallel;
   std::vector<std::optional<DetectionResult>> finished(jobs.size());
   std::size_t next = 0;      // the first job not started
   std::size_t reported = 0;  // jobs whose result was handed to the observer
@@ -53,9 +63,10 @@ std::vector<DetectionResult> DetectImages(const std::vector<DetectionJob>& jobs,
   std::map<int, PrivateDirectory> directories;
   WorkerPool pool;
   while (finishedCount < static_cast<int>(jobs.size())) {
-    while (next < jobs.size() && pool.Count() < parallel) {
+    while (next < jobs.size() && pool.Count() < mostWorkers) {
       const int worker = static_cast<int>(next++);
       const std::string directory = directories[worker].Path();
+      if (!jobs[worker].diagnosticsFolder.empty()) PrepareListFolder(directory);
       pool.Start(worker, program, WorkerArguments(jobs[worker].image, directory, parameters));
     }
     const WorkerEnd end = pool.WaitForOne();

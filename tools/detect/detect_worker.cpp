@@ -57,8 +57,7 @@ DetectionResult Detect(const std::string& imagePath, const std::string& director
   const Picture original = ReadPictureFile(imagePath);
   const Picture picture = DetectablePicture(original, imagePath, parameters.pad);
   // Only now: the image's path is relative to where the command was started.
-  std::filesystem::current_path(directory);
-  std::filesystem::create_directory(kListFolder);
+  std::filesystem::current_path(std::filesystem::u8path(directory));
   std::vector<unsigned char> pixels = BottomUpPixels(picture);
   PointList list;
   const bool gridFound = SingleCamDetectCalibrationPoint(
@@ -71,7 +70,7 @@ DetectionResult Detect(const std::string& imagePath, const std::string& director
   KeepPointsInside(original.width, original.height, list);
   if (!gridFound || list.empty()) {
     result.exitCode = kExitNothingFound;
-    result.message = fmt::format("{}: {}", imagePath, DescribeFailure("."));
+    result.message = fmt::format("{}: {}", imagePath, DescribeFailure(".", gridFound));
     return result;
   }
   try {

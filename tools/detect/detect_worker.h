@@ -23,8 +23,6 @@ struct DetectParameters {
   std::optional<CameraSide> rearrange;  // with as many columns as were found
 };
 
-// The folder, in the worker's directory, that the detection writes its lists of numbers to.
-constexpr const char* kListFolder = "D:";
 // The worker's result, in its directory.
 constexpr const char* kResultFile = "result.json";
 constexpr const char* kWorkerCommand = "detect-worker";

@@ -1,5 +1,6 @@
 #include "tools/detect/detection_result.h"
 
+#include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
@@ -22,14 +23,14 @@ void WriteDetectionResult(const DetectionResult& result, const std::string& path
                   {"width", result.found.width},
                   {"height", result.found.height},
                   {"points", std::move(points)}};
-  std::ofstream file(path);
+  std::ofstream file(std::filesystem::u8path(path));
   file << json.dump(-1, ' ', false, Json::error_handler_t::replace) << std::flush;
   if (!file) throw std::runtime_error("the result of a worker cannot be written");
 }
 
 DetectionResult ReadDetectionResult(const std::string& path) {
   try {
-    std::ifstream file(path);
+    std::ifstream file(std::filesystem::u8path(path));
     const Json json = Json::parse(file);
     DetectionResult result;
     result.exitCode = json.at("exitCode");

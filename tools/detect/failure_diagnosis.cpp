@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <optional>
 
-#include "tools/detect/detect_worker.h"
 #include "tools/errors.h"
 #include "tools/picture_file.h"
 
@@ -27,7 +26,7 @@ constexpr double kLoneStrokeRatio = 5;
 
 std::optional<Picture> ReadKeptPicture(const std::string& directory, const char* name) {
   try {
-    return ReadPictureFile((fs::path(directory) / name).string());
+    return ReadPictureFile((fs::u8path(directory) / name).string());
   } catch (const InputError&) {
     return std::nullopt;
   }
@@ -104,8 +103,8 @@ std::string DescribeMissingCentreMark(const std::string& directory, const Pictur
 
 }  // namespace
 
-std::string DescribeFailure(const std::string& directory) {
-  if (fs::exists(fs::path(directory) / kListFolder / "Row.txt")) {
+std::string DescribeFailure(const std::string& directory, bool gridFound) {
+  if (gridFound) {
     return "a grid was found, but none of its points lies inside the picture; look for marks that "
            "are not part of one regular grid (Eliminate.bmp)";
   }

@@ -8,8 +8,8 @@ namespace quorvex::tools {
 
 // One sentence, without a full stop, that names the first stage whose outcome is not plausible and
 // what to change. `directory` holds what one failed detection left in a directory that was empty
-// before: files of an earlier one would mislead.
-std::string DescribeFailure(const std::string& directory);
+// before: files of an earlier one would mislead. `gridFound` is what the detection returned.
+std::string DescribeFailure(const std::string& directory, bool gridFound);
 
 }  // namespace quorvex::tools
 

@@ -17,7 +17,7 @@ class PrivateDirectory {
   PrivateDirectory& operator=(const PrivateDirectory&) = delete;
   ~PrivateDirectory() {
     std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
+    std::filesystem::remove_all(std::filesystem::u8path(path_), ignored);
   }
 
   const std::string& Path() const { return path_; }

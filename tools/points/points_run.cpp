@@ -17,7 +17,8 @@ namespace {
 
 void RequireAnotherFile(const std::string& output, const std::string& input) {
   std::error_code ignored;
-  if (std::filesystem::equivalent(output, input, ignored)) {
+  if (std::filesystem::equivalent(std::filesystem::u8path(output), std::filesystem::u8path(input),
+                                  ignored)) {
     throw InputError(fmt::format("{} is the list itself; --in-place writes over it", output));
   }
 }
@@ -29,7 +30,8 @@ void WriteList(const Road& road, const OneImageFile& file) {
   const std::string text = FormatPoints({file.points}, format, withImageColumn);
   if (road.isInPlace) {
     // A link stays a link.
-    WriteTextFileWhole(std::filesystem::canonical(road.file).string(), text);
+    WriteTextFileWhole(std::filesystem::canonical(std::filesystem::u8path(road.file)).string(),
+                       text);
   } else if (!road.output.empty()) {
     RequireAnotherFile(road.output, road.file);
     WriteTextFileWhole(road.output, text);

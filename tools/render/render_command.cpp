@@ -191,7 +191,7 @@ int RunRender(const RenderRequest& request) {
   RequirePictureEnding(request.output);
   const std::string truth =
       request.truth.empty()
-          ? std::filesystem::path(request.output).replace_extension(".csv").string()
+          ? std::filesystem::u8path(request.output).replace_extension(".csv").string()
           : request.truth;
   if (truth == request.output) {
     throw InputError(fmt::format("picture and truth cannot both be {}", truth));
