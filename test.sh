@@ -1,23 +1,39 @@
 #!/usr/bin/env bash
-# Builds Quorvex and runs all of its tests.
-#   ./test.sh            the release build
-#   ./test.sh PRESET...  other builds of CMakePresets.json, for example: ./test.sh clang-sanitize
+# Builds Quorvex and runs its tests.
+#   ./test.sh                       the release build, all tests
+#   ./test.sh PRESET...             other builds of CMakePresets.json, for example: ./test.sh clang-sanitize
+#   ./test.sh --windows             the Windows build, made with MinGW-w64 and run with Wine, all tests
+#   ./test.sh --outputs PRESET...   whole detections only: their outputs are the same in every build
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 trap 'echo "test: failed (line $LINENO)" >&2' ERR
 
-presets=("$@")
+only=()
+presets=()
+for argument in "$@"; do
+  case "$argument" in
+    --windows) presets+=(windows) ;;
+    --outputs) only=(--tests-regex '^DetectionRoad\.') ;;
+    -*) echo "test: unknown option $argument" >&2; exit 2 ;;
+    *) presets+=("$argument") ;;
+  esac
+done
 [[ ${#presets[@]} -gt 0 ]] || presets=(release)
 
 echo "test: installing what is missing"
 setup=(scripts/setup.sh --tests)
 [[ " ${presets[*]} " != *" clang"* ]] || setup+=(--clang)
+[[ " ${presets[*]} " != *" windows "* ]] || setup+=(--windows)
 "${setup[@]}"
 
 for preset in "${presets[@]}"; do
   echo "test: building $preset"
+  if [[ $preset == windows ]]; then
+    trap 'scripts/wine.sh build/windows --stop' EXIT  # its server would outlive the tests
+  fi
   cmake --preset "$preset" -DQUORVEX_BUILD_TESTS=ON -DQUORVEX_WARNINGS_AS_ERRORS=ON >/dev/null
-  cmake --build --preset "$preset"
+  if [[ ${#only[@]} -gt 0 ]]; then target=(--target road_tests); else target=(); fi
+  cmake --build --preset "$preset" "${target[@]}"
   echo "test: running the tests of $preset"
-  ctest --test-dir "build/$preset" --output-on-failure --parallel "$(nproc)"
+  ctest --test-dir "build/$preset" --output-on-failure --parallel "$(nproc)" --no-tests=error "${only[@]}"
 done

@@ -2,6 +2,11 @@
 add_library(quorvex_compile_options INTERFACE)
 target_compile_features(quorvex_compile_options INTERFACE cxx_std_17)
 target_include_directories(quorvex_compile_options INTERFACE ${PROJECT_SOURCE_DIR})
+# Texts and file names are wide on Windows, and windows.h keeps its macros min and max to itself.
+set(quorvex_windows_definitions UNICODE _UNICODE NOMINMAX)
+if(WIN32)
+  target_compile_definitions(quorvex_compile_options INTERFACE ${quorvex_windows_definitions})
+endif()
 
 # The arithmetic is part of the contract: no fused multiply-add, no reordering.
 target_compile_options(quorvex_compile_options INTERFACE -ffp-contract=off)

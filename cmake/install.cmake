@@ -5,9 +5,18 @@ include(CMakePackageConfigHelpers)
 set(quorvex_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/quorvex)
 
 install(TARGETS quorvex EXPORT quorvex_targets
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT library)
-install(FILES interface/quorvex.h interface/calibration_point.h
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT library
+  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT library
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library)
+set(quorvex_public_headers interface/quorvex.h interface/calibration_point.h)
+if(MINGW)
+  list(APPEND quorvex_public_headers interface/host_allocator.h)
+endif()
+install(FILES ${quorvex_public_headers}
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quorvex/interface COMPONENT library)
+if(MINGW)
+  install(FILES ${quorvex_host_import_library} DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library)
+endif()
 install(EXPORT quorvex_targets NAMESPACE quorvex:: FILE quorvex-targets.cmake
   DESTINATION ${quorvex_package_dir} COMPONENT library)
 

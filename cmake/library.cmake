@@ -54,30 +54,39 @@ add_library(quorvex_objects OBJECT
   interface/quorvex_app.cpp
   interface/result_assembly.cpp
   interface/stray_points.cpp
-  platform/posix/file.cpp
-  platform/posix/memory.cpp
   postprocess/grid_line_trace.cpp
   postprocess/id_reassignment.cpp
   postprocess/neighbour_search.cpp
   postprocess/rearrangement.cpp
 )
+# The platform's part. Its message box stands apart, since tests link their own.
+if(WIN32)
+  set(quorvex_platform windows)
+  target_sources(quorvex_objects PRIVATE platform/windows/file.cpp)
+else()
+  set(quorvex_platform posix)
+  target_sources(quorvex_objects PRIVATE platform/posix/file.cpp platform/posix/memory.cpp)
+endif()
 target_link_libraries(quorvex_objects PUBLIC quorvex_compile_options)
+target_compile_definitions(quorvex_objects PRIVATE QUORVEX_BUILDING_LIBRARY)
 set_target_properties(quorvex_objects PROPERTIES
   POSITION_INDEPENDENT_CODE ON
   CXX_VISIBILITY_PRESET hidden
   VISIBILITY_INLINES_HIDDEN ON)
 
-# What is in sources of its own for each system is chosen by this name.
-set(quorvex_platform posix)
 add_library(quorvex SHARED platform/${quorvex_platform}/message_box.cpp)
 target_link_libraries(quorvex PRIVATE quorvex_objects)
-# Hidden visibility leaves the standard library's templates visible; the list leaves the exports alone.
-target_link_options(quorvex PRIVATE
-  LINKER:--version-script=${PROJECT_SOURCE_DIR}/interface/exports.map)
-set_property(TARGET quorvex APPEND PROPERTY LINK_DEPENDS
-  ${PROJECT_SOURCE_DIR}/interface/exports.map)
 target_include_directories(quorvex PUBLIC
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/quorvex>)
 set_target_properties(quorvex PROPERTIES
   CXX_VISIBILITY_PRESET hidden
   VISIBILITY_INLINES_HIDDEN ON)
+if(WIN32)
+  include(cmake/windows_dll.cmake)
+else()
+  # Hidden visibility leaves the standard library's templates visible; the list leaves the exports alone.
+  target_link_options(quorvex PRIVATE
+    LINKER:--version-script=${PROJECT_SOURCE_DIR}/interface/exports.map)
+  set_property(TARGET quorvex APPEND PROPERTY LINK_DEPENDS
+    ${PROJECT_SOURCE_DIR}/interface/exports.map)
+endif()

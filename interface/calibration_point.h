@@ -5,7 +5,12 @@
 #ifndef QUORVEX_INTERFACE_CALIBRATION_POINT_H_
 #define QUORVEX_INTERFACE_CALIBRATION_POINT_H_
 
+#include <memory>
 #include <vector>
+
+#if defined(__MINGW32__)
+#include "interface/host_allocator.h"
+#endif
 
 struct CalibrationPoint {
   int id;   // row * (number of columns) + col + 1; -1 for a point without a place in the grid
@@ -17,7 +22,15 @@ struct CalibrationPoint {
   unsigned char reservedAfterY[32];
 };
 
+// Where lists have their memory from: the host's runtime. Built with the host's own compiler that
+// is the standard allocator.
+#if defined(__MINGW32__)
+typedef quorvex::HostAllocator<CalibrationPoint> PointAllocator;
+#else
+typedef std::allocator<CalibrationPoint> PointAllocator;
+#endif
+
 // Owned by the host; the library appends to it and edits it in place.
-typedef std::vector<CalibrationPoint> PointList;
+typedef std::vector<CalibrationPoint, PointAllocator> PointList;
 
 #endif  // QUORVEX_INTERFACE_CALIBRATION_POINT_H_

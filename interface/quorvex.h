@@ -2,8 +2,10 @@
 //
 // This is the whole public interface. It compiles as C++11. Every function runs on the caller's
 // thread and keeps nothing between calls; failures are the false result, except an allocation
-// failure (std::bad_alloc) and the file exception of a failing Save_Image: MFC's CFileException*, to
-// be deleted by whoever catches it. A host without MFC can catch it as (...) only.
+// failure (std::bad_alloc; with the real MFC its CMemoryException*) and the file exception of a
+// failing Save_Image: MFC's CFileException*, to be deleted by whoever catches it. A host without
+// MFC can catch it as (...) only; between compilers of different makers none of them can be caught
+// by its type (docs/windows.md).
 //
 // Images are 8-bit pixel buffers, one row after another without gaps. Row 0 of a buffer is the
 // bottom row of the picture, as in a BMP file.
@@ -12,14 +14,12 @@
 
 #include "interface/calibration_point.h"
 
-#if defined(_WIN32)
-#if defined(QUORVEX_BUILDING_LIBRARY)
-#define QUORVEX_API __declspec(dllexport)
+#if !defined(_WIN32)
+#define QUORVEX_API __attribute__((visibility("default")))
+#elif defined(QUORVEX_BUILDING_LIBRARY)
+#define QUORVEX_API  // exported by the lists in interface/*.def
 #else
 #define QUORVEX_API __declspec(dllimport)
-#endif
-#else
-#define QUORVEX_API __attribute__((visibility("default")))
 #endif
 
 // Finds the cross marks of the target in a grey image and appends one record per grid position to

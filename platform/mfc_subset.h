@@ -2,6 +2,9 @@
 #ifndef QUORVEX_PLATFORM_MFC_SUBSET_H_
 #define QUORVEX_PLATFORM_MFC_SUBSET_H_
 
+#include <cstdint>
+#include <string>
+
 #include "platform/win32_subset.h"
 
 class CWinApp {
@@ -12,14 +15,23 @@ class CWinApp {
   CWinApp& operator=(const CWinApp&) = delete;
 };
 
-// Shows a text to the operator and returns when it has been acknowledged (IDOK). Without a desktop
-// that is one line on standard error.
+// Shows a text to the operator and returns when it has been acknowledged (IDOK). On Windows that is
+// a modal box; elsewhere, without a desktop, one line on standard error.
 int AfxMessageBox(LPCTSTR text, UINT type = MB_OK, UINT helpId = 0);
 
 // Thrown as a pointer, as MFC does; whoever catches it calls Delete.
 class CFileException {
  public:
-  enum { none, genericException, fileNotFound, badPath, tooManyOpenFiles, accessDenied, diskFull };
+  enum {
+    none = 0,
+    genericException = 1,
+    fileNotFound = 2,
+    badPath = 3,
+    tooManyOpenFiles = 4,
+    accessDenied = 5,
+    sharingViolation = 11,
+    diskFull = 13
+  };
 
   explicit CFileException(int cause, long systemError = -1)
       : m_cause(cause), m_lOsError(systemError) {}
@@ -32,8 +44,8 @@ class CFileException {
   ~CFileException() = default;  // only through Delete
 };
 
-// A file opened for reading and writing or for writing. It is held exclusively: a second open of
-// the same file through this class fails until the first is closed.
+// A file opened for reading, writing or both. It is held exclusively: a second open of the same
+// file through this class (on Windows: by anybody) fails until the first is closed.
 class CFile {
  public:
   enum OpenFlags {
@@ -48,9 +60,9 @@ class CFile {
   CFile(const CFile&) = delete;
   CFile& operator=(const CFile&) = delete;
 
-  // False when the file cannot be opened in that mode. A file without any write permission bit
-  // counts as read-only for every user. modeCreate empties an existing file, but only once all
-  // checks passed.
+  // False when the file cannot be opened in that mode. A file that is marked read-only (on POSIX:
+  // without any write permission bit) is so for every user. modeCreate empties an existing file,
+  // but only once all checks passed.
   virtual BOOL Open(LPCTSTR path, UINT openFlags, CFileException* error = nullptr);
   virtual ULONGLONG GetLength() const;
   virtual UINT Read(void* buffer, UINT count);         // bytes read, fewer at the end of the file
@@ -58,17 +70,18 @@ class CFile {
   virtual void Close();
 
  private:
-  int descriptor_ = -1;
+  std::intptr_t handle_ = -1;  // the system's own; -1 while no file is open
 };
 
-// Narrow file names become the library's text type explicitly, through ATL's name for it.
+// Narrow file names become the library's text type explicitly, through ATL's name for it. On
+// Windows they are in the process's code page, as those that fopen takes.
 class CA2T {
  public:
-  explicit CA2T(const char* text) : text_(text) {}
-  operator LPCTSTR() const { return text_; }
+  explicit CA2T(const char* text);
+  operator LPCTSTR() const { return text_.c_str(); }
 
  private:
-  const char* text_;
+  std::basic_string<TCHAR> text_;
 };
 
 #endif  // QUORVEX_PLATFORM_MFC_SUBSET_H_

@@ -1,7 +1,15 @@
-// The Win32 types and memory functions that the library uses, with Win32's names and values, for
-// systems that are not Windows. Implemented in the folder of the system, chosen by CMake.
+// The Win32 types and memory functions that the library uses: the real ones on Windows, elsewhere
+// a subset with their names and values, implemented in the folder of the system, chosen by CMake.
 #ifndef QUORVEX_PLATFORM_WIN32_SUBSET_H_
 #define QUORVEX_PLATFORM_WIN32_SUBSET_H_
+
+#if defined(_WIN32)
+
+#include <windows.h>
+// After windows.h.
+#include <tchar.h>
+
+#else
 
 #include <cstddef>
 
@@ -50,5 +58,7 @@ BOOL GlobalUnlock(HGLOBAL handle);
 HGLOBAL GlobalFree(HGLOBAL handle);
 
 }  // extern "C"
+
+#endif  // defined(_WIN32)
 
 #endif  // QUORVEX_PLATFORM_WIN32_SUBSET_H_

@@ -1,10 +1,12 @@
 #!/usr/bin/env bash
-# Writes tests/road/manifest.txt anew, the hashes of everything that detection leaves behind on the
-# renderer's presets. Run it after a change that is meant to change an output, and read the difference.
+# Writes tests/road/manifest.txt and numbers/ anew: what detection leaves behind on the renderer's
+# presets. Run it after a change that is meant to change an output, and read the difference.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 cmake --preset release >/dev/null
 cmake --build --preset release --target write_manifest
-build/release/tests/write_manifest > build/manifest.txt
-mv build/manifest.txt tests/road/manifest.txt
-git --no-pager diff --stat -- tests/road/manifest.txt
+rm -rf build/manifest
+build/release/tests/write_manifest build/manifest
+rm -rf tests/road/numbers
+mv build/manifest/manifest.txt build/manifest/numbers tests/road/
+git --no-pager diff --stat -- tests/road

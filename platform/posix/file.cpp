@@ -12,6 +12,8 @@ namespace {
 constexpr mode_t kAnyWriteBit = S_IWUSR | S_IWGRP | S_IWOTH;
 constexpr mode_t kNewFileMode = 0666;  // before the process's mask
 
+int DescriptorOf(std::intptr_t handle) { return static_cast<int>(handle); }
+
 int CauseOf(int systemError) {
   switch (systemError) {
     case ENOENT:
@@ -25,8 +27,9 @@ int CauseOf(int systemError) {
     case EACCES:
     case EISDIR:
     case EROFS:
-    case EWOULDBLOCK:
       return CFileException::accessDenied;
+    case EWOULDBLOCK:
+      return CFileException::sharingViolation;
     case ENOSPC:
     case EDQUOT:
       return CFileException::diskFull;
@@ -64,9 +67,11 @@ int CheckOpened(int descriptor, bool forWriting) {
 
 }  // namespace
 
+CA2T::CA2T(const char* text) : text_(text) {}
+
 CFile::~CFile() {
-  if (descriptor_ >= 0) {
-    ::close(descriptor_);
+  if (handle_ >= 0) {
+    ::close(DescriptorOf(handle_));
   }
 }
 
@@ -95,13 +100,13 @@ BOOL CFile::Open(LPCTSTR path, UINT openFlags, CFileException* error) {
     }
     return FALSE;
   }
-  descriptor_ = descriptor;
+  handle_ = descriptor;
   return TRUE;
 }
 
 ULONGLONG CFile::GetLength() const {
   struct stat status;
-  if (fstat(descriptor_, &status) != 0) {
+  if (fstat(DescriptorOf(handle_), &status) != 0) {
     throw new CFileException(CauseOf(errno), errno);
   }
   return static_cast<ULONGLONG>(status.st_size);
@@ -110,7 +115,8 @@ ULONGLONG CFile::GetLength() const {
 UINT CFile::Read(void* buffer, UINT count) {
   UINT total = 0;
   while (total < count) {
-    const ssize_t got = ::read(descriptor_, static_cast<char*>(buffer) + total, count - total);
+    const ssize_t got =
+        ::read(DescriptorOf(handle_), static_cast<char*>(buffer) + total, count - total);
     if (got < 0 && errno == EINTR) {
       continue;
     }
@@ -129,7 +135,7 @@ void CFile::Write(const void* buffer, UINT count) {
   UINT total = 0;
   while (total < count) {
     const ssize_t written =
-        ::write(descriptor_, static_cast<const char*>(buffer) + total, count - total);
+        ::write(DescriptorOf(handle_), static_cast<const char*>(buffer) + total, count - total);
     if (written < 0 && errno == EINTR) {
       continue;
     }
@@ -144,8 +150,8 @@ void CFile::Write(const void* buffer, UINT count) {
 }
 
 void CFile::Close() {
-  const int descriptor = descriptor_;
-  descriptor_ = -1;
+  const int descriptor = DescriptorOf(handle_);
+  handle_ = -1;
   if (descriptor >= 0 && ::close(descriptor) != 0) {
     throw new CFileException(CauseOf(errno), errno);
   }

@@ -4,9 +4,9 @@
 
 #include <algorithm>
 #include <cstring>
-#include <filesystem>
 #include <vector>
 
+#include "tests/support/list_drive.h"
 #include "tests/support/points.h"
 #include "tests/support/temporary_directory.h"
 
@@ -18,11 +18,10 @@ using testing::MakePoint;
 
 class PredictMissingGridPointsTest : public ::testing::Test {
  protected:
-  PredictMissingGridPointsTest() { std::filesystem::create_directory("D:"); }
-
-  static bool HasWrittenQuartic() { return std::filesystem::exists("D:/sdf.txt"); }
+  bool HasWrittenQuartic() const { return drive.HasList("sdf.txt"); }
 
   testing::TemporaryDirectory directory;
+  testing::ListDrive drive;
 };
 
 // Straight rows and columns 50 pixels apart, row 0 at y = 30 and column 0 at x = 40.

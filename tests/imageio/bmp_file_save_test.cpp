@@ -203,7 +203,7 @@ TEST_F(SaveImageTest, FailingWriteRaisesTheFileExceptionAndReleasesTheFile) {
       exception->Delete();
     }
     CFile file;
-    EXPECT_TRUE(file.Open(kName, CFile::modeReadWrite));
+    EXPECT_TRUE(file.Open(CA2T(kName), CFile::modeReadWrite));
   }
 }
 

@@ -22,6 +22,7 @@ if(SANITIZE)
 endif()
 run(${CMAKE_COMMAND} -S ${CONSUMER_DIR} -B ${WORK_DIR}/build -G ${GENERATOR}
   -DCMAKE_PREFIX_PATH=${WORK_DIR}/moved -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_CXX_FLAGS=${flags}
-  -DQUORVEX_VERSION=${VERSION})
+  -DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN} -DQUORVEX_VERSION=${VERSION})
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/build)
-run(${CMAKE_COMMAND} -E chdir ${WORK_DIR}/run ${WORK_DIR}/build/host)
+file(GLOB host ${WORK_DIR}/build/host ${WORK_DIR}/build/host.exe)
+run(${CMAKE_COMMAND} -E chdir ${WORK_DIR}/run ${EMULATOR} ${host})

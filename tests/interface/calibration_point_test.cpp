@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <type_traits>
+#include <vector>
 
 namespace {
 
@@ -37,7 +38,8 @@ TEST(CalibrationPoint, FieldsAre32BitsWide) {
 TEST(CalibrationPoint, IsMovedAsPlainMemory) {
   EXPECT_TRUE(std::is_trivially_copyable<CalibrationPoint>::value);
   EXPECT_TRUE(std::is_standard_layout<CalibrationPoint>::value);
-  EXPECT_TRUE((std::is_same<PointList, std::vector<CalibrationPoint>>::value));
+  EXPECT_TRUE((std::is_same<PointList, std::vector<CalibrationPoint, PointAllocator>>::value));
+  EXPECT_EQ(sizeof(PointList), 3 * sizeof(void*));  // begin, end, end of capacity
 }
 
 }  // namespace

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <vector>
 
+#include "tests/support/list_drive.h"
 #include "tests/support/points.h"
 #include "tests/support/temporary_directory.h"
 
@@ -59,11 +59,10 @@ TEST(NumberGrid, WithoutAnyColumnIdsStayDefined) {
 
 class CompleteGridTest : public ::testing::Test {
  protected:
-  CompleteGridTest() { std::filesystem::create_directory("D:"); }
-
-  static bool HasPredicted() { return std::filesystem::exists("D:/sdf.txt"); }
+  bool HasPredicted() const { return drive.HasList("sdf.txt"); }
 
   testing::TemporaryDirectory directory;
+  testing::ListDrive drive;
 };
 
 PointList Grid(int rows, int cols) {

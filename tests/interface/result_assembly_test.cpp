@@ -3,11 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <filesystem>
 #include <fstream>
 #include <string>
 #include <vector>
 
+#include "tests/support/list_drive.h"
 #include "tests/support/points.h"
 #include "tests/support/stroke_image.h"
 #include "tests/support/temporary_directory.h"
@@ -27,7 +27,6 @@ constexpr int kSize = 800;  // pixels
 class AssembleResultTest : public ::testing::Test {
  protected:
   AssembleResultTest() {
-    std::filesystem::create_directory("D:");
     DrawCrosses(strokes, {100, 250, 400, 550, 700}, {100, 250, 400, 550, 700});
   }
 
@@ -39,6 +38,7 @@ class AssembleResultTest : public ::testing::Test {
   void EraseCross(int x, int y) { DrawBox(strokes, x - 50, y - 50, x + 50, y + 50, 0); }
 
   testing::TemporaryDirectory directory;
+  testing::ListDrive drive;
   GrayImage input{kSize, kSize};
   GrayImage strokes{kSize, kSize};
   GrayImage mask{kSize, kSize};
@@ -75,7 +75,7 @@ TEST_F(AssembleResultTest, NumbersTheWholeGridFromItsLastBufferRow) {
 TEST_F(AssembleResultTest, AFullGridIsNotPredicted) {
   PointList points;
   EXPECT_TRUE(Assemble(points));
-  EXPECT_FALSE(std::filesystem::exists("D:/sdf.txt"));
+  EXPECT_FALSE(drive.HasList("sdf.txt"));
   EXPECT_EQ(LinesOf("D:/Col.txt"), 25);
   EXPECT_EQ(LinesOf("D:/Row.txt"), 25);
 }
@@ -85,12 +85,13 @@ TEST_F(AssembleResultTest, AMissingMarkIsPredictedInItsPlace) {
   PointList points;
   EXPECT_TRUE(Assemble(points));
   ExpectFullGrid(points);
-  EXPECT_TRUE(std::filesystem::exists("D:/sdf.txt"));
+  EXPECT_TRUE(drive.HasList("sdf.txt"));
   EXPECT_EQ(LinesOf("D:/Col.txt"), 24);
 }
 
-TEST_F(AssembleResultTest, WithoutTheFolderTheTextFilesAreSkipped) {
-  std::filesystem::remove("D:");
+TEST_F(AssembleResultTest, TextFilesThatCannotBeOpenedAreSkipped) {
+  EraseCross(700, 100);  // for the list of predictions
+  drive.BlockLists();
   PointList points;
   EXPECT_TRUE(Assemble(points));
   EXPECT_EQ(points.size(), 25u);
@@ -106,7 +107,7 @@ TEST_F(AssembleResultTest, WithoutAFirstGridNothingHappensToTheList) {
     EXPECT_FALSE(Assemble(points));
     ASSERT_EQ(points.size(), 1u);
     EXPECT_EQ(points[0].y, 20.0f);
-    EXPECT_TRUE(std::filesystem::is_empty("D:"));
+    EXPECT_FALSE(drive.HasLists());
   }
 }
 

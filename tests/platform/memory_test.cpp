@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
-#include <type_traits>
 
 #include "platform/mfc.h"
 
@@ -14,13 +13,6 @@
 extern "C" const char* __asan_default_options() { return "allocator_may_return_null=1"; }
 
 namespace {
-
-// A handle is no address: it neither converts to a pointer to memory nor from one, nor are the two
-// heaps' handles mixed up.
-static_assert(!std::is_convertible_v<HLOCAL, unsigned char*>);
-static_assert(!std::is_convertible_v<LPVOID, HLOCAL>);
-static_assert(!std::is_convertible_v<HLOCAL, HGLOBAL>);
-static_assert(!std::is_convertible_v<HGLOBAL, HLOCAL>);
 
 struct LocalHeap {
   using Handle = HLOCAL;

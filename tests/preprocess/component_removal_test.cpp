@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <string>
 #include <utility>
 #include <vector>
@@ -40,16 +41,16 @@ GrayImage WithBoxes(const std::vector<Box>& boxes, int width = 448, int height =
 }
 
 // How many pixels are kept, all others being 0 afterwards.
-long KeptOf(GrayImage image) {
+std::ptrdiff_t KeptOf(GrayImage image) {
   EXPECT_TRUE(RemoveLargeComponents(image.Data(), image.Width(), image.Height()));
   const unsigned char* end = std::as_const(image).Data() + image.Size();
-  const long kept = std::count(std::as_const(image).Data(), end, kKept);
-  const long black = std::count(std::as_const(image).Data(), end, 0);
-  EXPECT_EQ(kept + black, static_cast<long>(image.Size()));
+  const std::ptrdiff_t kept = std::count(std::as_const(image).Data(), end, kKept);
+  const std::ptrdiff_t black = std::count(std::as_const(image).Data(), end, 0);
+  EXPECT_EQ(kept + black, static_cast<std::ptrdiff_t>(image.Size()));
   return kept;
 }
 
-long KeptOf(const std::vector<Box>& boxes) { return KeptOf(WithBoxes(boxes)); }
+std::ptrdiff_t KeptOf(const std::vector<Box>& boxes) { return KeptOf(WithBoxes(boxes)); }
 
 Rows Cleaned(const Rows& rows) {
   GrayImage image = ImageOf(rows);

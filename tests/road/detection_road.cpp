@@ -8,7 +8,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "tests/support/points.h"
+#include "tests/support/list_drive.h"
 #include "tests/support/temporary_directory.h"
 #include "tools/render/presets.h"
 
@@ -26,8 +26,8 @@ std::uint64_t Hash(const std::string& bytes) {
   return hash;
 }
 
-std::string ReadFile(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
+std::string ReadFile(const fs::path& path, std::ios::openmode mode) {
+  std::ifstream file(path, mode);
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
@@ -41,11 +41,12 @@ std::vector<unsigned char> BottomUp(const tools::Picture& picture) {
   return buffer;
 }
 
-std::string PointBits(const PointList& points) {
+// Nine digits tell every float from its neighbours.
+std::string PointText(const PointList& points) {
   std::string text;
   for (const CalibrationPoint& point : points) {
-    text += fmt::format("{} {} {} {:08x} {:08x}\n", point.id, point.row, point.col, Bits(point.x),
-                        Bits(point.y));
+    text +=
+        fmt::format("{} {} {} {:.9g} {:.9g}\n", point.id, point.row, point.col, point.x, point.y);
   }
   return text;
 }
@@ -57,26 +58,39 @@ DetectionRoad RunDetectionRoad(const std::string& preset) {
   road.target = tools::RenderTarget(tools::PresetByName(preset));
   const tools::Picture& picture = road.target.picture;
   std::vector<unsigned char> buffer = BottomUp(picture);
-  const std::string input(buffer.begin(), buffer.end());
+  road.outputs.push_back({"input", {buffer.begin(), buffer.end()}, false});
 
   const TemporaryDirectory directory;
-  fs::create_directory("D:");
+  const ListDrive drive;
   road.hasSucceeded =
       SingleCamDetectCalibrationPoint(buffer.data(), picture.width, picture.height, 8, kRowSpan,
                                       kColumnSpan, 0.0f, 0.0f, kRowSteps, road.points);
 
-  const auto addLine = [&](const std::string& output, const std::string& bytes) {
-    road.manifest.push_back(fmt::format("{} {} {:016x}", preset, output, Hash(bytes)));
-  };
-  addLine("input", input);
-  addLine(fmt::format("{}-points", road.points.size()), PointBits(road.points));
-  for (const fs::directory_entry& entry : fs::recursive_directory_iterator(directory.Path())) {
+  road.outputs.push_back({"points", PointText(road.points), true});
+  for (const fs::directory_entry& entry : fs::directory_iterator(directory.Path())) {
     if (entry.is_regular_file()) {
-      addLine(fs::relative(entry.path(), directory.Path()).string(), ReadFile(entry.path()));
+      road.outputs.push_back({entry.path().filename().string(),
+                              ReadFile(entry.path(), std::ios::in | std::ios::binary), false});
     }
   }
-  std::sort(road.manifest.begin(), road.manifest.end());
+  for (const char* name : kListNames) {
+    if (drive.HasList(name)) {
+      road.outputs.push_back({name, ReadFile(drive.ListPath(name), std::ios::in), true});
+    }
+  }
+  std::sort(road.outputs.begin(), road.outputs.end(),
+            [](const RoadOutput& a, const RoadOutput& b) { return a.name < b.name; });
   return road;
+}
+
+std::string ManifestLine(const std::string& preset, const RoadOutput& output) {
+  return fmt::format("{} {} {} {:016x}", preset, output.name, output.isNumbers ? "close" : "exact",
+                     Hash(output.bytes));
+}
+
+std::string NumbersFileName(const std::string& preset, const RoadOutput& output) {
+  const std::string stem = output.name.substr(0, output.name.find('.'));
+  return fmt::format("numbers/{}-{}.txt", preset, stem);
 }
 
 }  // namespace quorvex::testing

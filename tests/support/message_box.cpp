@@ -1,5 +1,6 @@
 #include "tests/support/message_box.h"
 
+#include <filesystem>
 #include <utility>
 
 #include "platform/mfc.h"
@@ -11,7 +12,7 @@ std::vector<std::string> messages;
 }  // namespace
 
 int AfxMessageBox(LPCTSTR text, UINT, UINT) {
-  messages.emplace_back(text);
+  messages.push_back(std::filesystem::path(text).u8string());  // converts wide texts, too
   return IDOK;
 }
 

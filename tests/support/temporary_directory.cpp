@@ -19,6 +19,12 @@ TemporaryDirectory::TemporaryDirectory() : previous_(fs::current_path()) {
 TemporaryDirectory::~TemporaryDirectory() {
   std::error_code ignored;
   fs::current_path(previous_, ignored);
+  // Windows removes no read-only file.
+  for (fs::directory_iterator entry(path_, ignored), end; entry != end; entry.increment(ignored)) {
+    if (entry->is_regular_file(ignored) && !entry->is_symlink(ignored)) {
+      fs::permissions(entry->path(), fs::perms::owner_write, fs::perm_options::add, ignored);
+    }
+  }
   fs::remove_all(path_, ignored);
 }
 

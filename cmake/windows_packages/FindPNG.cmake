@@ -1,0 +1,21 @@
+# libpng, built from Debian's source package (scripts/fetch_source.sh), with MinGW's zlib.
+if(NOT TARGET PNG::PNG)
+  set(source ${PROJECT_SOURCE_DIR}/build/sources/libpng1.6)
+  if(NOT EXISTS ${source}/png.c)
+    message(FATAL_ERROR "libpng's source is missing; scripts/setup.sh --windows fetches it")
+  endif()
+  set(ZLIB_USE_STATIC_LIBS ON)
+  find_package(ZLIB REQUIRED)
+  enable_language(C)
+  set(names png pngerror pngget pngmem pngpread pngread pngrio pngrtran pngrutil pngset pngtrans pngwio
+    pngwrite pngwtran pngwutil)
+  list(TRANSFORM names PREPEND ${source}/)
+  list(TRANSFORM names APPEND .c OUTPUT_VARIABLE sources)
+  add_library(quorvex_png STATIC EXCLUDE_FROM_ALL ${sources})
+  configure_file(${source}/scripts/pnglibconf.h.prebuilt ${PROJECT_BINARY_DIR}/packages/png/pnglibconf.h
+    COPYONLY)
+  target_include_directories(quorvex_png SYSTEM PUBLIC ${source} ${PROJECT_BINARY_DIR}/packages/png)
+  target_link_libraries(quorvex_png PUBLIC ZLIB::ZLIB)
+  add_library(PNG::PNG ALIAS quorvex_png)
+endif()
+set(PNG_FOUND TRUE)

@@ -1,0 +1,34 @@
+#include <sys/stat.h>
+
+#include <filesystem>
+
+#include "tests/platform/file_support.h"
+
+namespace quorvex::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST_F(FileTest, MissingFolderIsRefused) {
+  EXPECT_EQ(CauseOfOpen("missing/file", kWriteNew), CFileException::fileNotFound);
+  EXPECT_FALSE(fs::exists("missing"));
+}
+
+TEST_F(FileTest, WriteToAFullDeviceThrowsDiskFull) {
+  CFile file;
+  ASSERT_TRUE(file.Open(CA2T("/dev/full"), CFile::modeWrite));
+  EXPECT_EQ(CauseOfWrite(file, "abc"), CFileException::diskFull);
+}
+
+// Opening must not wait for a partner that may never come.
+TEST_F(FileTest, NamedPipeWithoutAReaderIsRefusedAtOnce) {
+  ASSERT_EQ(mkfifo(kName, 0600), 0);
+  EXPECT_NE(CauseOfOpen(kName, kWriteNew), CFileException::none);
+}
+
+TEST(NarrowText, KeepsTheBytesOfTheFileName) {
+  EXPECT_STREQ(static_cast<LPCTSTR>(CA2T("./Mask.bmp")), "./Mask.bmp");
+}
+
+}  // namespace
+}  // namespace quorvex::testing
