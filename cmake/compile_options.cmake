@@ -8,6 +8,13 @@ if(WIN32)
   target_compile_definitions(quorvex_compile_options INTERFACE ${quorvex_windows_definitions})
 endif()
 
+if(MSVC)
+  # The message texts are UTF-8 in the sources. From Visual Studio 2022 on /fp:precise does not contract.
+  target_compile_options(quorvex_compile_options INTERFACE /utf-8 /fp:precise /permissive- /W4
+    $<$<BOOL:${QUORVEX_WARNINGS_AS_ERRORS}>:/WX>)
+  return()
+endif()
+
 # The arithmetic is part of the contract: no fused multiply-add, no reordering.
 target_compile_options(quorvex_compile_options INTERFACE -ffp-contract=off)
 

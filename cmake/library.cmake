@@ -60,7 +60,12 @@ add_library(quorvex_objects OBJECT
   postprocess/rearrangement.cpp
 )
 # The platform's part. Its message box stands apart, since tests link their own.
-if(WIN32)
+if(MSVC)
+  # The real MFC: a regular DLL on MFC's own, so that a CFileException* is the host's as well. Narrow file
+  # names are in the process's code page, which fopen takes, too, and not in the thread's.
+  target_compile_definitions(quorvex_objects PRIVATE
+    _AFXDLL _USRDLL _WINDLL _CONVERSION_DONT_USE_THREAD_LOCALE _CRT_SECURE_NO_WARNINGS)
+elseif(WIN32)
   set(quorvex_platform windows)
   target_sources(quorvex_objects PRIVATE platform/windows/file.cpp)
 else()
@@ -74,14 +79,21 @@ set_target_properties(quorvex_objects PROPERTIES
   CXX_VISIBILITY_PRESET hidden
   VISIBILITY_INLINES_HIDDEN ON)
 
-add_library(quorvex SHARED platform/${quorvex_platform}/message_box.cpp)
+add_library(quorvex SHARED)
+if(DEFINED quorvex_platform)
+  target_sources(quorvex PRIVATE platform/${quorvex_platform}/message_box.cpp)
+endif()
 target_link_libraries(quorvex PRIVATE quorvex_objects)
 target_include_directories(quorvex PUBLIC
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/quorvex>)
 set_target_properties(quorvex PROPERTIES
   CXX_VISIBILITY_PRESET hidden
   VISIBILITY_INLINES_HIDDEN ON)
-if(WIN32)
+if(MSVC)
+  # Neither objects nor a list of names tell CMake a language.
+  set_target_properties(quorvex PROPERTIES LINKER_LANGUAGE CXX)
+  target_sources(quorvex PRIVATE ${PROJECT_SOURCE_DIR}/interface/exports_msvc.def)
+elseif(WIN32)
   include(cmake/windows_dll.cmake)
 else()
   # Hidden visibility leaves the standard library's templates visible; the list leaves the exports alone.

@@ -48,6 +48,7 @@ void Save(const GrayImage& image, const char* name) {
 bool SingleCamDetectCalibrationPoint(unsigned char* image, long imageWidth, long imageHeight,
                                      int bitsPerPixel, int rowSpan, int columnSpan, float, float,
                                      int rowSteps, PointList& points) {
+  AFX_MANAGE_STATE(AfxGetStaticModuleState());
   using namespace quorvex;
 
   if (image == nullptr || !IsAcceptableSize(imageWidth) || !IsAcceptableSize(imageHeight) ||

@@ -19,6 +19,10 @@ class CWinApp {
 // a modal box; elsewhere, without a desktop, one line on standard error.
 int AfxMessageBox(LPCTSTR text, UINT type = MB_OK, UINT helpId = 0);
 
+// Opens every exported function that calls MFC. What it switches to is the library's own module
+// state, which the real MFC keeps for each library that shares it.
+#define AFX_MANAGE_STATE(moduleState)
+
 // Thrown as a pointer, as MFC does; whoever catches it calls Delete.
 class CFileException {
  public:

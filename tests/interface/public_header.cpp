@@ -1,9 +1,18 @@
-// Compiled, never run: the public header in front of everything else, and its functions as hosts
-// know them. As C++11, like the header.
+// Compiled, never run: the public header in front of everything else, and its record and functions
+// as hosts know them. As C++11, like the header.
 #include "interface/quorvex.h"
 #include "interface/quorvex.h"  // a second time, as by way of another header
 
+#include <cstddef>
 #include <type_traits>
+
+static_assert(sizeof(CalibrationPoint) == 64 && alignof(CalibrationPoint) == 4, "record");
+static_assert(offsetof(CalibrationPoint, id) == 0, "id");
+static_assert(offsetof(CalibrationPoint, row) == 4, "row");
+static_assert(offsetof(CalibrationPoint, col) == 8, "col");
+static_assert(offsetof(CalibrationPoint, x) == 24, "x");
+static_assert(offsetof(CalibrationPoint, y) == 28, "y");
+static_assert(std::is_trivially_copyable<CalibrationPoint>::value, "moved as plain memory");
 
 #define EXPECT_TYPE(function, ...) \
   static_assert(std::is_same<decltype(function), __VA_ARGS__>::value, #function)

@@ -1,0 +1,7 @@
+// Must be refused: file names of MFC are wide.
+#include "platform/mfc.h"
+
+bool IsThere(const char* path) {
+  CFile file;
+  return file.Open(path, CFile::modeRead) != FALSE;
+}
