@@ -16,6 +16,7 @@ install(FILES ${quorvex_public_headers}
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quorvex/interface COMPONENT library)
 if(MINGW)
   install(FILES ${quorvex_host_import_library} DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library)
+  install(FILES docs/windows.md DESTINATION . COMPONENT library)
 endif()
 install(EXPORT quorvex_targets NAMESPACE quorvex:: FILE quorvex-targets.cmake
   DESTINATION ${quorvex_package_dir} COMPONENT library)
