@@ -13,7 +13,7 @@ windows=false
 for option in "$@"; do
   case "$option" in
     --tests) packages+=(imagemagick) ;;                  # another reader and writer of BMP files
-    --clang) packages+=(clang libclang-rt-14-dev) ;;     # the second compiler and its sanitizers
+    --clang) packages+=(clang libclang-rt-14-dev llvm) ;; # the second compiler, its sanitizers and their symbolizer
     --windows)                                           # the Windows build, and Wine to run it
       windows=true
       packages+=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64 clang lld llvm dpkg-dev) ;;
