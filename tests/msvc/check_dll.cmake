@@ -1,13 +1,8 @@
 # Builds quorvex.dll the way the project tells Visual C++ to, with clang in its place, and compares what it
 # exports with interface/exports.def: both Windows builds export the same names. Called with SOURCE_DIR,
 # GENERATOR and WORK_DIR, which is emptied before.
-foreach(tool IN ITEMS clang++ lld-link llvm-mt llvm-rc llvm-readobj)
-  find_program(program_${tool} NAMES ${tool})
-  if(NOT program_${tool})
-    message("Skipped: ${tool} is not installed")
-    return()
-  endif()
-endforeach()
+include(${CMAKE_CURRENT_LIST_DIR}/require_tools.cmake)
+require_tools(clang++ lld-link llvm-mt llvm-rc llvm-readobj)
 
 file(REMOVE_RECURSE ${WORK_DIR})
 file(MAKE_DIRECTORY ${WORK_DIR})

@@ -1,12 +1,7 @@
 # Compares the checked-in lists of exported names with those that the compilers give now. Called with
 # SOURCE_DIR and WORK_DIR, which is emptied before.
-foreach(tool IN ITEMS bash clang++ llvm-nm x86_64-w64-mingw32-g++-posix)
-  find_program(program_${tool} NAMES ${tool})
-  if(NOT program_${tool})
-    message("Skipped: ${tool} is not installed")
-    return()
-  endif()
-endforeach()
+include(${CMAKE_CURRENT_LIST_DIR}/require_tools.cmake)
+require_tools(bash clang++ llvm-nm x86_64-w64-mingw32-g++-posix)
 
 file(REMOVE_RECURSE ${WORK_DIR})
 file(MAKE_DIRECTORY ${WORK_DIR})

@@ -2,15 +2,12 @@
 # the stand-ins of this folder and no header of this machine but clang's own. Called with SOURCE_DIR, SOURCE
 # (relative to it), STANDARD, DEFINITIONS (comma-separated) and, for a source that must be refused,
 # REFUSED_WITH, a regular expression for the error.
-find_program(clang NAMES clang++)
-if(NOT clang)
-  message("Skipped: clang++ is not installed")
-  return()
-endif()
+include(${CMAKE_CURRENT_LIST_DIR}/require_tools.cmake)
+require_tools(clang++)
 
 string(REGEX REPLACE "([^,]+),?" "-D\\1;" definitions "${DEFINITIONS}")
 execute_process(
-  COMMAND ${clang} --target=x86_64-pc-windows-msvc -fms-extensions -fms-compatibility
+  COMMAND ${program_clang++} --target=x86_64-pc-windows-msvc -fms-extensions -fms-compatibility
     -fms-compatibility-version=19.30 -fsyntax-only -std=${STANDARD} ${definitions}
     -Wall -Wextra -Wpedantic -Wconversion -Wno-sign-conversion -Wshadow -Werror
     -nostdlibinc -nostdinc++ -isystem ${CMAKE_CURRENT_LIST_DIR}/stand_in/std
