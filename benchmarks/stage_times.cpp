@@ -34,7 +34,7 @@
 #include "preprocess/sobel_edges.h"
 #include "preprocess/target_mask.h"
 #include "tests/support/temporary_directory.h"
-#include "tools/picture_file.h"
+#include "tools/pictures/picture_file.h"
 
 namespace {
 
@@ -150,7 +150,7 @@ int main(int argc, char** argv) {
     std::copy_n(picture.pixels.data() + PixelOffset(0, y, picture.width), picture.width,
                 input.Data() + PixelOffset(0, picture.height - 1 - y, picture.width));
   }
-  const testing::TemporaryDirectory directory;
+  const tests::TemporaryDirectory directory;
   Stopwatch watch;
   for (int i = 0; i < repetitions; ++i) {
     TimeStages(input, watch);

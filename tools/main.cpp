@@ -6,7 +6,7 @@
 
 #include "tools/errors.h"
 #include "tools/subcommands.h"
-#include "tools/system_files.h"
+#include "tools/system/system_files.h"
 
 namespace {
 

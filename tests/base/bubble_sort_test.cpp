@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
 
 using Item = std::pair<int, char>;
@@ -28,4 +28,4 @@ TEST(BubbleSort, LeavesShortSequencesAlone) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
 
 TEST(PixelOffset, CountsRowsWithoutGaps) {
@@ -62,4 +62,4 @@ TEST(GrayImage, MayBeWithoutPixels) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

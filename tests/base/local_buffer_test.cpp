@@ -10,7 +10,7 @@
 // AddressSanitizer's allocator ends the program on a huge request unless it is told to refuse it.
 extern "C" const char* __asan_default_options() { return "allocator_may_return_null=1"; }
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 TEST(LocalBuffer, IsZeroFilled) {
@@ -38,4 +38,4 @@ TEST(LocalBuffer, ConstantBufferSharesItsData) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

@@ -4,7 +4,7 @@
 
 #include <limits>
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
 
 constexpr int kLowest = std::numeric_limits<int>::min();
@@ -45,4 +45,4 @@ TEST(RoundHalfUp, AddsTheHalfInDouble) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

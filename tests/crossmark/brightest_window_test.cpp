@@ -7,11 +7,8 @@
 
 #include "tests/crossmark/patch_support.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::PixelAt;
-using testing::UniformImage;
 
 constexpr int kUntouched = -12345;
 
@@ -137,13 +134,13 @@ TEST(FindBrightestWindow, PositionsFarOutsideFindNothing) {
 }
 
 TEST(FindBrightestWindow, EqualsThePlainSearch) {
-  const testing::Bytes levelSets[] = {{0, 255},     {0, 0, 0, 0, 0, 0, 0, 1}, {7}, {0}, {254, 255},
-                                      {0, 100, 200}};
+  const Bytes levelSets[] = {{0, 255},     {0, 0, 0, 0, 0, 0, 0, 1}, {7}, {0}, {254, 255},
+                             {0, 100, 200}};
   for (unsigned seed = 0; seed < 60; ++seed) {
     std::mt19937 random(seed);
     const int width = 1 + static_cast<int>(random() % 48);
     const int height = 1 + static_cast<int>(random() % 40);
-    const GrayImage image = testing::RandomImage(width, height, levelSets[seed % 6], random);
+    const GrayImage image = RandomImage(width, height, levelSets[seed % 6], random);
     const int x = static_cast<int>(random() % 80) - 20;
     const int y = static_cast<int>(random() % 80) - 20;
     const int sizeX = 15 + static_cast<int>(random() % 40);
@@ -154,4 +151,4 @@ TEST(FindBrightestWindow, EqualsThePlainSearch) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

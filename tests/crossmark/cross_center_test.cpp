@@ -10,23 +10,15 @@
 #include "tests/support/points.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::Bits;
-using testing::Bytes;
-using testing::BytesOf;
-using testing::DrawColumn;
-using testing::DrawRow;
-using testing::PixelAt;
-using testing::ReadPicture;
 
 constexpr unsigned char kGround = 200;
 constexpr unsigned char kDark = 50;
 
-GrayImage WhitePatch() { return testing::UniformImage(kPatchSize, kPatchSize, 255); }
+GrayImage WhitePatch() { return UniformImage(kPatchSize, kPatchSize, 255); }
 
-GrayImage GreyPatch() { return testing::UniformImage(kPatchSize, kPatchSize, kGround); }
+GrayImage GreyPatch() { return UniformImage(kPatchSize, kPatchSize, kGround); }
 
 // The strokes in row and column 80, interrupted around their crossing (short enough to stay one
 // run), so that no pixel of one stroke disturbs the line fitted to the other.
@@ -68,7 +60,7 @@ class LocateCrossCenterTest : public ::testing::Test {
   bool HasLinesPicture() { return std::filesystem::exists("Lines.bmp"); }
   bool HasSegmentsPicture() { return std::filesystem::exists("LineSegment.bmp"); }
 
-  testing::TemporaryDirectory directory_;
+  TemporaryDirectory directory_;
 };
 
 // Stroke pixels as the line pictures show them: white on black.
@@ -186,4 +178,4 @@ TEST_F(LocateCrossCenterTest, RefinedLinesThatAreParallelFail) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

@@ -6,10 +6,8 @@
 
 #include "tests/crossmark/line_support.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::Bits;
 
 constexpr float kDegree = 0.017453293f;
 
@@ -165,8 +163,8 @@ TEST(SelectCrossLines, ResultsAreWholeCopies) {
   EXPECT_EQ(first.c, stroke.c);
   EXPECT_EQ(first.start.y, 2.0f);
   EXPECT_EQ(first.end.x, 3.0f);
-  EXPECT_EQ(testing::BitsOf(first.points), testing::BitsOf(stroke.points));
+  EXPECT_EQ(BitsOf(first.points), BitsOf(stroke.points));
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

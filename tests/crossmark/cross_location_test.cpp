@@ -12,15 +12,8 @@
 #include "tests/support/points.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::Bits;
-using testing::BytesOf;
-using testing::DrawColumn;
-using testing::DrawRow;
-using testing::PixelAt;
-using testing::ReadPicture;
 
 constexpr int kWidth = 400;
 constexpr int kHeight = 320;
@@ -64,7 +57,7 @@ class LocateCrossMarkTest : public ::testing::Test {
     EXPECT_EQ(Bits(location.centre.y), Bits(y));
   }
 
-  testing::TemporaryDirectory directory_;
+  TemporaryDirectory directory_;
 };
 
 TEST_F(LocateCrossMarkTest, CentreIsInImageCoordinates) {
@@ -99,7 +92,7 @@ TEST_F(LocateCrossMarkTest, RegionPictureShowsThePatchAroundTheBrightestWindow) 
   int brightX = 0;
   int brightY = 0;
   FindBrightestWindow(image.Data(), kWidth, kHeight, 205, 152, 100, 100, brightX, brightY);
-  const testing::Picture picture = ReadPicture("./CrossMarkRegion.bmp");
+  const Picture picture = ReadPicture("./CrossMarkRegion.bmp");
   EXPECT_EQ(picture.width, kPatch);
   EXPECT_EQ(picture.height, kPatch);
   EXPECT_TRUE(picture.pixels == BytesOf(CutPatch(image.Data(), kWidth, kHeight, brightX - 100,
@@ -183,7 +176,7 @@ TEST_F(LocateCrossMarkTest, OnlyWhitePixelsAreStrokes) {
 TEST_F(LocateCrossMarkTest, PatchIsWhiteBeyondTheImage) {
   const GrayImage image(kWidth, kHeight);
   Locate(image, 350, 250);
-  const testing::Picture picture = ReadPicture("./CrossMarkRegion.bmp");
+  const Picture picture = ReadPicture("./CrossMarkRegion.bmp");
   ASSERT_EQ(picture.pixels.size(), static_cast<std::size_t>(kPatch * kPatch));
   // The patch starts at (250, 150).
   EXPECT_EQ(picture.pixels[PixelOffset(149, 169, kPatch)], 0);
@@ -202,10 +195,10 @@ TEST_F(LocateCrossMarkTest, EveryPositionIsSafe) {
 }
 
 TEST_F(LocateCrossMarkTest, PicturesThatCannotBeWrittenAreSkipped) {
-  const testing::FailNth failure(testing::Fault::kWrite, 1);
+  const FailNth failure(Fault::kWrite, 1);
   ExpectAt(Locate(CrossImage(200, 160), 200, 160), 200.0f, 160.0f);
   EXPECT_TRUE(failure.HasHappened());
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

@@ -15,17 +15,8 @@
 #include "tests/support/points.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::At;
-using testing::Bits;
-using testing::Bytes;
-using testing::BytesOf;
-using testing::DrawColumn;
-using testing::DrawRow;
-using testing::PixelAt;
-using testing::ReadPicture;
 
 constexpr int kSize = 400;  // pixels, width and height of the image
 constexpr unsigned char kGround = 200;
@@ -42,12 +33,12 @@ void DrawCross(GrayImage& image, int x, int y) {
 }
 
 GrayImage CrossImage(int x, int y) {
-  GrayImage image = testing::UniformImage(kSize, kSize, kGround);
+  GrayImage image = UniformImage(kSize, kSize, kGround);
   DrawCross(image, x, y);
   return image;
 }
 
-GrayImage FullMask() { return testing::UniformImage(kSize, kSize, 255); }
+GrayImage FullMask() { return UniformImage(kSize, kSize, 255); }
 
 class RefineCrossMarksTest : public ::testing::Test {
  protected:
@@ -64,7 +55,7 @@ class RefineCrossMarksTest : public ::testing::Test {
     EXPECT_EQ(Bits(point.y), Bits(y));
   }
 
-  testing::TemporaryDirectory directory_;
+  TemporaryDirectory directory_;
 };
 
 TEST_F(RefineCrossMarksTest, PointMovesToTheCrossing) {
@@ -104,8 +95,8 @@ TEST_F(RefineCrossMarksTest, CoordinatesAreCutTowardsZero) {
 }
 
 TEST_F(RefineCrossMarksTest, PatchIsWhiteBeyondTheImage) {
-  Refined(testing::UniformImage(kSize, kSize, kGround), FullMask(), At(360.0f, 350.0f));
-  const testing::Picture region = ReadPicture("./CrossMarkRegion.bmp");
+  Refined(UniformImage(kSize, kSize, kGround), FullMask(), At(360.0f, 350.0f));
+  const Picture region = ReadPicture("./CrossMarkRegion.bmp");
   ASSERT_EQ(region.pixels.size(), static_cast<std::size_t>(kPatchArea));
   // The patch starts at (280, 270).
   EXPECT_EQ(region.pixels[PixelOffset(119, 129, kPatchSize)], kGround);
@@ -122,12 +113,12 @@ TEST_F(RefineCrossMarksTest, WithoutMaskThePointStays) {
 }
 
 TEST_F(RefineCrossMarksTest, AnyMaskValueButZeroCounts) {
-  const GrayImage mask = testing::UniformImage(kSize, kSize, 1);
+  const GrayImage mask = UniformImage(kSize, kSize, 1);
   ExpectAt(Refined(CrossImage(200, 150), mask, At(204.0f, 147.0f)), 200.0f, 150.0f);
 }
 
 TEST_F(RefineCrossMarksTest, OneStrokeAloneKeepsThePoint) {
-  GrayImage image = testing::UniformImage(kSize, kSize, kGround);
+  GrayImage image = UniformImage(kSize, kSize, kGround);
   DrawRow(image, 150, 100, 300, 50);
   ExpectAt(Refined(image, FullMask(), At(204.0f, 147.0f)), 204.0f, 147.0f);
   EXPECT_TRUE(std::filesystem::exists("LineSegment.bmp"));
@@ -187,14 +178,14 @@ TEST_F(RefineCrossMarksTest, EveryPointIsHandledAndThePicturesShowTheLast) {
 }
 
 TEST_F(RefineCrossMarksTest, FailureToThinIsIgnored) {
-  const testing::FailNth failure(testing::Fault::kLocalAlloc, 1);
+  const FailNth failure(Fault::kLocalAlloc, 1);
   ExpectAt(Refined(CrossImage(200, 150), FullMask(), At(204.0f, 147.0f)), 200.0f, 150.0f);
   EXPECT_TRUE(failure.HasHappened());
   EXPECT_TRUE(ReadPicture("./Thining.bmp").pixels == ReadPicture("./Sauvola.bmp").pixels);
 }
 
 TEST_F(RefineCrossMarksTest, PicturesThatCannotBeWrittenAreSkipped) {
-  const testing::FailNth failure(testing::Fault::kWrite, 1);
+  const FailNth failure(Fault::kWrite, 1);
   ExpectAt(Refined(CrossImage(200, 150), FullMask(), At(204.0f, 147.0f)), 200.0f, 150.0f);
   EXPECT_TRUE(failure.HasHappened());
 }
@@ -213,4 +204,4 @@ TEST_F(RefineCrossMarksTest, NotANumberIsLookedForAtTheOrigin) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

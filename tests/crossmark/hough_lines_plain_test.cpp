@@ -10,10 +10,8 @@
 #include "crossmark/hough_lines.h"
 #include "tests/crossmark/patch_support.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::PixelAt;
 
 using Cell = std::pair<int, int>;  // degree, distance index
 using PixelList = std::vector<std::pair<int, int>>;
@@ -148,16 +146,16 @@ TEST(HoughLinesPlain, NoiseGivesTheSameLines) {
     std::mt19937 random(seed);
     const int width = 30 + static_cast<int>(random() % 60);
     const int height = 30 + static_cast<int>(random() % 60);
-    const GrayImage image = testing::RandomImage(width, height, {0, 255, 0, 0, 254}, random);
+    const GrayImage image = RandomImage(width, height, {0, 255, 0, 0, 254}, random);
     EXPECT_EQ(FoundLines(image), PlainSearch(image).Lines())
         << "seed " << seed << ", " << width << " x " << height;
   }
 }
 
 TEST(HoughLinesPlain, WhiteImageGivesTheSameLines) {
-  const GrayImage image = testing::UniformImage(64, 48, 255);
+  const GrayImage image = UniformImage(64, 48, 255);
   EXPECT_EQ(FoundLines(image), PlainSearch(image).Lines());
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

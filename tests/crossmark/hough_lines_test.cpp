@@ -8,11 +8,8 @@
 
 #include "tests/crossmark/patch_support.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::DrawColumn;
-using testing::DrawRow;
 
 using Pixel = std::pair<int, int>;  // column, row
 using PixelList = std::vector<Pixel>;
@@ -83,7 +80,7 @@ TEST(HoughLines, LinesAreAppendedBehindWhatTheListHolds) {
 }
 
 TEST(HoughLines, StrokeValueIsAParameter) {
-  GrayImage image = testing::UniformImage(kSize, kSize, 255);
+  GrayImage image = UniformImage(kSize, kSize, 255);
   DrawRow(image, 50, 10, 40, 0);
   EXPECT_EQ(Lines(image, 0), (std::vector<PixelList>{RowPixels(50, 10, 40)}));
 }
@@ -134,7 +131,7 @@ TEST(HoughLines, CloseStrokesMoreThanTenDegreesApartGiveTwoLines) {
   GrayImage image = BlackImage();
   DrawRow(image, 80, 5, 105, kStroke);
   for (int x = 5; x <= 100; ++x) {
-    testing::PixelAt(image, x, 40 + x / 2) = kStroke;  // 26.6 degrees
+    PixelAt(image, x, 40 + x / 2) = kStroke;  // 26.6 degrees
   }
   EXPECT_EQ(Lines(image).size(), 2u);
 }
@@ -160,7 +157,7 @@ TEST(HoughLines, PlusWithALongVerticalStrokeGivesThreeLines) {
 TEST(HoughLines, PointsStandRowByRow) {
   GrayImage image = BlackImage();
   for (int n = 0; n < 60; ++n) {
-    testing::PixelAt(image, 100 - n, 20 + n) = kStroke;
+    PixelAt(image, 100 - n, 20 + n) = kStroke;
   }
   DrawRow(image, 50, 60, 70, kStroke);
   const std::vector<PixelList> lines = Lines(image);
@@ -181,11 +178,11 @@ TEST(HoughLines, PiIsCutShort) {
     for (int x = 0; x < kSize; ++x) {
       const double before = 0.5 * x - 0.8660254037844386 * y;
       if (before >= 38.0 && before < 40.0) {
-        testing::PixelAt(image, x, y) = kStroke;
+        PixelAt(image, x, y) = kStroke;
       }
     }
   }
-  testing::PixelAt(image, 80, 0) = kStroke;
+  PixelAt(image, 80, 0) = kStroke;
   const std::vector<PixelList> lines = Lines(image);
   ASSERT_FALSE(lines.empty());
   EXPECT_TRUE(Contains(lines[0], {80, 0}));
@@ -195,12 +192,12 @@ TEST(HoughLines, PiIsCutShort) {
 
 TEST(HoughLines, TinyImagesAreSearched) {
   for (const int size : {1, 2, 3, 4}) {
-    EXPECT_TRUE(Lines(testing::UniformImage(size, size, kStroke)).empty()) << size;
+    EXPECT_TRUE(Lines(UniformImage(size, size, kStroke)).empty()) << size;
   }
-  EXPECT_TRUE(Lines(testing::UniformImage(1, 200, kStroke)).empty());
-  const GrayImage narrow = testing::UniformImage(2, 31, kStroke);
+  EXPECT_TRUE(Lines(UniformImage(1, 200, kStroke)).empty());
+  const GrayImage narrow = UniformImage(2, 31, kStroke);
   EXPECT_FALSE(Lines(narrow).empty());
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

@@ -7,7 +7,7 @@
 #include "tests/crossmark/patch_support.h"
 #include "tests/support/text_image.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
 
 using Rows = std::vector<std::string>;
@@ -16,12 +16,12 @@ constexpr int kLowest = std::numeric_limits<int>::min();
 constexpr int kHighest = std::numeric_limits<int>::max();
 
 Rows PatchText(int x0, int y0, int size) {
-  const GrayImage image = testing::ImageOf({
+  const GrayImage image = ImageOf({
       "#o#-",
       "-##o",
       "o-o#",
   });
-  return testing::TextOf(CutPatch(image.Data(), 4, 3, x0, y0, size));
+  return TextOf(CutPatch(image.Data(), 4, 3, x0, y0, size));
 }
 
 TEST(PatchOrigin, LiesTheReachBeforeThePosition) {
@@ -52,4 +52,4 @@ TEST(CutPatch, IsWhiteFarOutside) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

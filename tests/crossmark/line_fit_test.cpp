@@ -7,10 +7,8 @@
 
 #include "tests/crossmark/line_support.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::BitsOf;
 
 // a, b, c and the angle.
 using Fit = std::vector<float>;
@@ -88,12 +86,11 @@ TEST(FitLine, FallingLineHasANegativeAngle) {
 }
 
 TEST(FitLine, HorizontalPointsGiveAnAngleOfZero) {
-  EXPECT_EQ(BitsOf(FitOf(testing::RowPoints(80.0f, 20, 60))),
-            BitsOf(Fit{0.0f, -1.0f, 80.0f, 0.0f}));
+  EXPECT_EQ(BitsOf(FitOf(RowPoints(80.0f, 20, 60))), BitsOf(Fit{0.0f, -1.0f, 80.0f, 0.0f}));
 }
 
 TEST(FitLine, VerticalPointsGiveAQuarterTurn) {
-  EXPECT_EQ(BitsOf(FitOf(testing::ColumnPoints(77.0f, 20, 60))),
+  EXPECT_EQ(BitsOf(FitOf(ColumnPoints(77.0f, 20, 60))),
             BitsOf(Fit{1.0f, 0.0f, -77.0f, 1.5707963f}));
 }
 
@@ -130,12 +127,11 @@ TEST(FitLine, EveryOperationIsRoundedToFloat) {
     PointFList points;
     const float reach = n % 3 == 0 ? 2.0f : 3000.0f;  // about the bound of the spread, and far
     for (int i = 0; i < 2 + n % 60; ++i) {
-      points.push_back({testing::RandomFloat(random, -reach, reach),
-                        testing::RandomFloat(random, -50.0f, 3000.0f)});
+      points.push_back({RandomFloat(random, -reach, reach), RandomFloat(random, -50.0f, 3000.0f)});
     }
     EXPECT_EQ(BitsOf(FitOf(points)), BitsOf(FitPlainly(points))) << "list " << n;
   }
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

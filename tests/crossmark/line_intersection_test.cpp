@@ -7,11 +7,8 @@
 
 #include "tests/crossmark/line_support.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::Bits;
-using testing::MakeLine;
 
 constexpr float kUntouched = -7.0f;
 
@@ -61,7 +58,7 @@ TEST(IntersectLines, SmallestDifferenceOfDirectionIsEnough) {
 TEST(IntersectLines, EveryOperationIsRoundedToFloat) {
   std::mt19937 random(2);
   for (int n = 0; n < 300; ++n) {
-    const auto next = [&](float reach) { return testing::RandomFloat(random, -reach, reach); };
+    const auto next = [&](float reach) { return RandomFloat(random, -reach, reach); };
     const LineSegment l1 = MakeLine(next(1.0f), next(1.0f), next(300.0f));
     const LineSegment l2 = MakeLine(next(1.0f), next(1.0f), next(300.0f));
     const volatile float a1b2 = l1.a * l2.b;
@@ -80,4 +77,4 @@ TEST(IntersectLines, EveryOperationIsRoundedToFloat) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

@@ -8,7 +8,7 @@
 #include "tests/support/faults.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
 
 constexpr int kWidth = 8;
@@ -26,9 +26,9 @@ LineSegmentList LinesThrough(const std::vector<PointFList>& pointLists) {
 
 // Offsets of the white pixels in the saved picture; everything else must be black.
 std::vector<int> WhiteOffsets(const std::vector<PointFList>& pointLists) {
-  const testing::TemporaryDirectory directory;
+  const TemporaryDirectory directory;
   SaveLinePicture(LinesThrough(pointLists), kWidth, kHeight, kName);
-  const testing::Picture picture = testing::ReadPicture(kName);
+  const Picture picture = ReadPicture(kName);
   EXPECT_EQ(picture.width, kWidth);
   EXPECT_EQ(picture.height, kHeight);
   EXPECT_EQ(picture.pixels.size(), static_cast<std::size_t>(kWidth * kHeight));
@@ -66,19 +66,19 @@ TEST(SaveLinePicture, PointsOutsideAreLeftOut) {
 }
 
 TEST(SaveLinePicture, ReplacesAnEarlierPicture) {
-  const testing::TemporaryDirectory directory;
+  const TemporaryDirectory directory;
   SaveLinePicture({}, 40, 40, kName);
   SaveLinePicture({}, kWidth, kHeight, kName);
   EXPECT_EQ(std::filesystem::file_size(kName), 14u + 40 + 256 * 4 + kWidth * kHeight);
 }
 
 TEST(SaveLinePicture, FailureToWriteIsIgnored) {
-  const testing::TemporaryDirectory directory;
-  const testing::FailNth failure(testing::Fault::kWrite, 1);
+  const TemporaryDirectory directory;
+  const FailNth failure(Fault::kWrite, 1);
   SaveLinePicture({}, kWidth, kHeight, kName);
   EXPECT_TRUE(failure.HasHappened());
   SaveLinePicture({}, kWidth, kHeight, "./missing folder/Points.bmp");
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

@@ -9,15 +9,8 @@
 #include "crossmark/line_fit.h"
 #include "tests/crossmark/line_support.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::BitList;
-using testing::Bits;
-using testing::BitsOf;
-using testing::ColumnPoints;
-using testing::Joined;
-using testing::RowPoints;
 
 LineSegmentList SegmentsOf(const std::vector<PointFList>& pointLists) {
   LineSegmentList lines;
@@ -73,11 +66,11 @@ TEST(RotatePointsBack, PositiveAngleTurnsTheSecondAxisIntoTheFirst) {
 TEST(RotatePointsBack, ComputesInDoubleAndNarrowsOnce) {
   std::mt19937 random(3);
   for (int n = 0; n < 200; ++n) {
-    const float u = testing::RandomFloat(random, -150.0f, 150.0f);
-    const float v = testing::RandomFloat(random, -3.0f, 3.0f);
-    const float angle = testing::RandomFloat(random, -1.6f, 1.6f);
-    const float x0 = testing::RandomFloat(random, 0.0f, 200.0f);
-    const float y0 = testing::RandomFloat(random, 0.0f, 200.0f);
+    const float u = RandomFloat(random, -150.0f, 150.0f);
+    const float v = RandomFloat(random, -3.0f, 3.0f);
+    const float angle = RandomFloat(random, -1.6f, 1.6f);
+    const float x0 = RandomFloat(random, 0.0f, 200.0f);
+    const float y0 = RandomFloat(random, 0.0f, 200.0f);
     const double phi = angle;
     const volatile double x[] = {std::cos(phi) * u, std::sin(phi) * v};
     const volatile double y[] = {std::cos(phi) * v, std::sin(phi) * u};
@@ -252,8 +245,8 @@ TEST(SplitLineSegments, PointsAreTurnedInDoubleAndKeptInFloat) {
     for (int t = -40; t <= 40; ++t) {
       const float x = static_cast<float>(35.0 + t * std::cos(direction));
       const float y = static_cast<float>(30.0 + t * std::sin(direction));
-      points.push_back({x + testing::RandomFloat(random, -1.0f, 1.0f),
-                        y + testing::RandomFloat(random, -1.0f, 1.0f)});
+      points.push_back(
+          {x + RandomFloat(random, -1.0f, 1.0f), y + RandomFloat(random, -1.0f, 1.0f)});
     }
     std::shuffle(points.begin(), points.end(), random);
     const LineSegmentList segments = SegmentsOf({points});
@@ -265,4 +258,4 @@ TEST(SplitLineSegments, PointsAreTurnedInDoubleAndKeptInFloat) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

@@ -10,7 +10,7 @@
 #include "crossmark/line_segment.h"
 #include "tests/support/points.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 
 using BitList = std::vector<std::pair<std::uint32_t, std::uint32_t>>;
 
@@ -64,6 +64,6 @@ inline float RandomFloat(std::mt19937& random, float low, float high) {
   return low + (high - low) * static_cast<float>(random() % 1000003) / 1000003.0f;
 }
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests
 
 #endif  // QUORVEX_TESTS_CROSSMARK_LINE_SUPPORT_H_

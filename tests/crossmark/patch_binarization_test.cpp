@@ -10,12 +10,8 @@
 #include "crossmark/patch.h"
 #include "tests/crossmark/patch_support.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::Bytes;
-using testing::BytesOf;
-using testing::UniformImage;
 
 constexpr float kWeight = 0.06f;  // as the detection uses it
 
@@ -31,16 +27,16 @@ GrayImage UniformPatch(unsigned char level) { return UniformImage(kPatchSize, kP
 // there rises above 100 (to 101.3 for a full window), elsewhere it is 94.
 unsigned char BinaryWithColumn(int column, int x, int y) {
   GrayImage patch = UniformPatch(100);
-  testing::DrawColumn(patch, column, 0, kPatchSize - 1, 255);
+  DrawColumn(patch, column, 0, kPatchSize - 1, 255);
   GrayImage binary = Binarized(patch);
-  return testing::PixelAt(binary, x, y);
+  return PixelAt(binary, x, y);
 }
 
 unsigned char BinaryWithRow(int row, int x, int y) {
   GrayImage patch = UniformPatch(100);
-  testing::DrawRow(patch, row, 0, kPatchSize - 1, 255);
+  DrawRow(patch, row, 0, kPatchSize - 1, 255);
   GrayImage binary = Binarized(patch);
-  return testing::PixelAt(binary, x, y);
+  return PixelAt(binary, x, y);
 }
 
 struct Statistics {
@@ -106,9 +102,9 @@ TEST(SauvolaBinarize, PixelBelowTheThresholdIsBlack) {
 
 TEST(SauvolaBinarize, DarkStrokeBecomesBlackOnWhite) {
   GrayImage patch = UniformPatch(200);
-  testing::DrawColumn(patch, 80, 0, kPatchSize - 1, 50);
+  DrawColumn(patch, 80, 0, kPatchSize - 1, 50);
   GrayImage expected = UniformPatch(255);
-  testing::DrawColumn(expected, 80, 0, kPatchSize - 1, 0);
+  DrawColumn(expected, 80, 0, kPatchSize - 1, 0);
   EXPECT_EQ(BytesOf(Binarized(patch)), BytesOf(expected));
 }
 
@@ -138,12 +134,12 @@ TEST(SauvolaBinarize, CornerWindowIsNotPadded) {
   // One pixel of 255 in 441 lifts the corner's threshold from 94.03 to 95.43; the pixels of a
   // padded window would not.
   GrayImage patch = UniformPatch(100);
-  testing::PixelAt(patch, 0, 0) = 95;
+  PixelAt(patch, 0, 0) = 95;
   GrayImage binary = Binarized(patch);
-  EXPECT_EQ(testing::PixelAt(binary, 0, 0), 255);
-  testing::PixelAt(patch, 20, 20) = 255;
+  EXPECT_EQ(PixelAt(binary, 0, 0), 255);
+  PixelAt(patch, 20, 20) = 255;
   binary = Binarized(patch);
-  EXPECT_EQ(testing::PixelAt(binary, 0, 0), 0);
+  EXPECT_EQ(PixelAt(binary, 0, 0), 0);
 }
 
 TEST(SauvolaBinarize, EqualsPlainWindowSums) {
@@ -156,7 +152,7 @@ TEST(SauvolaBinarize, EqualsPlainWindowSums) {
   for (const Bytes& levels : levelSets) {
     for (const float k : {kWeight, 0.5f}) {
       std::mt19937 random(seed);
-      const GrayImage patch = testing::RandomImage(kPatchSize, kPatchSize, levels, random);
+      const GrayImage patch = RandomImage(kPatchSize, kPatchSize, levels, random);
       EXPECT_TRUE(BytesOf(Binarized(patch, k)) == BinarizedPlainly(patch, k))
           << "seed " << seed << ", k " << k;
       ++seed;
@@ -168,19 +164,19 @@ TEST(SauvolaBinarize, VarianceIsKeptInSinglePrecision) {
   // Weights that put the threshold of one pixel as near to its level as a float weight can: the
   // outcome hangs on the last bits of the deviation.
   std::mt19937 random(5);
-  GrayImage patch = testing::RandomImage(kPatchSize, kPatchSize, {20, 60, 130, 180, 250}, random);
+  GrayImage patch = RandomImage(kPatchSize, kPatchSize, {20, 60, 130, 180, 250}, random);
   for (int n = 0; n < 150; ++n) {
     const int x = static_cast<int>(random() % kPatchSize);
     const int y = static_cast<int>(random() % kPatchSize);
     const Statistics window = PlainStatistics(patch, x, y);
-    const double level = static_cast<double>(testing::PixelAt(patch, x, y));
+    const double level = static_cast<double>(PixelAt(patch, x, y));
     const float k =
         static_cast<float>((level / window.mean - 1.0) / (window.deviation / 40.0 - 1.0));
     GrayImage binary = Binarized(patch, k);
-    EXPECT_EQ(testing::PixelAt(binary, x, y), BinarizedPlainly(patch, x, y, k))
+    EXPECT_EQ(PixelAt(binary, x, y), BinarizedPlainly(patch, x, y, k))
         << "pixel " << x << ' ' << y << ", k " << k;
   }
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

@@ -11,7 +11,7 @@
 
 #include "base/gray_image.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 
 using Bytes = std::vector<unsigned char>;
 
@@ -73,6 +73,6 @@ inline Picture ReadPicture(const std::string& name) {
           Bytes(bytes.begin() + static_cast<std::ptrdiff_t>(kPixelOffset), bytes.end())};
 }
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests
 
 #endif  // QUORVEX_TESTS_CROSSMARK_PATCH_SUPPORT_H_

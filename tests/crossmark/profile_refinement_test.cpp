@@ -12,23 +12,15 @@
 #include "tests/crossmark/line_support.h"
 #include "tests/crossmark/patch_support.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::BitsOf;
-using testing::DrawColumn;
-using testing::DrawRow;
-using testing::Joined;
-using testing::MakeLine;
-using testing::PixelAt;
-using testing::RowPoints;
 
 constexpr unsigned char kGround = 200;
 constexpr unsigned char kDark = 50;
 
 using Coefficients = std::vector<std::uint32_t>;  // a, b and c as bits
 
-GrayImage Patch() { return testing::UniformImage(kPatchSize, kPatchSize, kGround); }
+GrayImage Patch() { return UniformImage(kPatchSize, kPatchSize, kGround); }
 
 Coefficients CoefficientsOf(const LineSegment& line) {
   return BitsOf(std::vector<float>{line.a, line.b, line.c});
@@ -80,7 +72,7 @@ TEST(RefineLineByProfile, FirstOfEquallyDarkSamplesWins) {
 
 TEST(RefineLineByProfile, WhitePatchIsAllEquallyDark) {
   // Level 255 is darker than no sample at all; the first one stands ten rows off.
-  const GrayImage patch = testing::UniformImage(kPatchSize, kPatchSize, 255);
+  const GrayImage patch = UniformImage(kPatchSize, kPatchSize, 255);
   EXPECT_EQ(RefinedRow(patch, 80.0f, 80.0f), Through(RowPoints(90.0f, 30, 129)));
 }
 
@@ -229,12 +221,11 @@ PointFList PlainProfile(const GrayImage& patch, float x, float y, const LineSegm
 TEST(RefineLineByProfile, SlantedLinesFollowTheSameArithmetic) {
   for (unsigned seed = 0; seed < 100; ++seed) {
     std::mt19937 random(seed);
-    const GrayImage patch =
-        testing::RandomImage(kPatchSize, kPatchSize, {40, 90, 90, 200, 255}, random);
-    const float angle = testing::RandomFloat(random, -3.2f, 3.2f);
+    const GrayImage patch = RandomImage(kPatchSize, kPatchSize, {40, 90, 90, 200, 255}, random);
+    const float angle = RandomFloat(random, -3.2f, 3.2f);
     const LineSegment line = MakeLine(std::sin(angle), -std::cos(angle), 0.0f);
-    const float x = testing::RandomFloat(random, 10.0f, 150.0f);
-    const float y = testing::RandomFloat(random, 10.0f, 150.0f);
+    const float x = RandomFloat(random, 10.0f, 150.0f);
+    const float y = RandomFloat(random, 10.0f, 150.0f);
     const PointFList profile = PlainProfile(patch, x, y, line);
     ASSERT_GE(profile.size(), 2u) << "seed " << seed;
     EXPECT_EQ(Refined(patch, x, y, line), Through(profile)) << "seed " << seed;
@@ -242,4 +233,4 @@ TEST(RefineLineByProfile, SlantedLinesFollowTheSameArithmetic) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

@@ -9,23 +9,19 @@
 #include "tests/support/faults.h"
 #include "tests/support/text_image.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::Bytes;
-using testing::BytesOf;
-using testing::PixelAt;
 
 using Rows = std::vector<std::string>;
 
 constexpr int kPlace = 50;  // where drawings are put into the patch, both ways
 
-GrayImage WhitePatch() { return testing::UniformImage(kPatchSize, kPatchSize, 255); }
+GrayImage WhitePatch() { return UniformImage(kPatchSize, kPatchSize, 255); }
 
 // The drawing after thinning; everything around it must be white. North, the next row in memory,
 // is the next line of the text.
 Rows Thinned(const Rows& drawing) {
-  GrayImage small = testing::ImageOf(drawing);
+  GrayImage small = ImageOf(drawing);
   GrayImage patch = WhitePatch();
   for (int y = 0; y < small.Height(); ++y) {
     for (int x = 0; x < small.Width(); ++x) {
@@ -40,7 +36,7 @@ Rows Thinned(const Rows& drawing) {
     }
   }
   EXPECT_TRUE(BytesOf(patch) == BytesOf(WhitePatch()));
-  return testing::TextOf(small);
+  return TextOf(small);
 }
 
 // Whether a patch with that one black pixel is white after thinning.
@@ -135,7 +131,7 @@ TEST(ThinImage, ThreeByThreeBlockShrinksToItsCentre) {
 TEST(ThinImage, OnlyZeroIsBlack) {
   // Grey levels around a black pixel are no neighbours, and come out white.
   EXPECT_EQ(Thinned({"oo-", "o#o", "-oo"}), (Rows{"...", ".#.", "..."}));
-  GrayImage patch = testing::UniformImage(kPatchSize, kPatchSize, 1);
+  GrayImage patch = UniformImage(kPatchSize, kPatchSize, 1);
   EXPECT_TRUE(ThinImage(patch.Data(), kPatchSize, kPatchSize));
   EXPECT_TRUE(BytesOf(patch) == BytesOf(WhitePatch()));
 }
@@ -169,8 +165,8 @@ TEST(ThinImage, BorderStillCountsInTheFirstPass) {
 
 TEST(ThinImage, SizesAreNotRead) {
   GrayImage patch = WhitePatch();
-  testing::DrawRow(patch, 157, 100, 150, 0);
-  testing::DrawRow(patch, 156, 100, 150, 0);
+  DrawRow(patch, 157, 100, 150, 0);
+  DrawRow(patch, 156, 100, 150, 0);
   GrayImage same = patch;
   EXPECT_TRUE(ThinImage(patch.Data(), kPatchSize, kPatchSize));
   EXPECT_TRUE(ThinImage(same.Data(), -1, 0));
@@ -179,7 +175,7 @@ TEST(ThinImage, SizesAreNotRead) {
 
 TEST(ThinImage, WithoutMemoryFailsAndLeavesThePatch) {
   GrayImage patch(kPatchSize, kPatchSize);
-  const testing::FailNth failure(testing::Fault::kLocalAlloc, 1);
+  const FailNth failure(Fault::kLocalAlloc, 1);
   EXPECT_FALSE(ThinImage(patch.Data(), kPatchSize, kPatchSize));
   EXPECT_TRUE(failure.HasHappened());
   EXPECT_TRUE(BytesOf(patch) == Bytes(kPatchArea, 0));
@@ -187,7 +183,7 @@ TEST(ThinImage, WithoutMemoryFailsAndLeavesThePatch) {
 
 TEST(ThinImage, TakesOneBufferHoweverManyPassesItNeeds) {
   GrayImage patch(kPatchSize, kPatchSize);
-  const testing::FailNth failure(testing::Fault::kLocalAlloc, 2);
+  const FailNth failure(Fault::kLocalAlloc, 2);
   EXPECT_TRUE(ThinImage(patch.Data(), kPatchSize, kPatchSize));
   EXPECT_FALSE(failure.HasHappened());
 }
@@ -197,15 +193,15 @@ TEST(ThinImage, EqualsThePlainConditions) {
   const Bytes levelSets[] = {{0}, {0, 0, 0, 0, 0, 255}, {0, 255}, {0, 1, 254, 255, 0}};
   for (unsigned seed = 0; seed < 24; ++seed) {
     std::mt19937 random(seed);
-    GrayImage patch = testing::RandomImage(kPatchSize, kPatchSize, levelSets[seed % 4], random);
+    GrayImage patch = RandomImage(kPatchSize, kPatchSize, levelSets[seed % 4], random);
     if (seed >= 12) {  // strokes up to six pixels wide, and some reach into the border
       patch = WhitePatch();
       for (int stroke = 0; stroke < 12; ++stroke) {
         const int place = static_cast<int>(random() % 154);
         const int width = static_cast<int>(random() % 6);
         for (int n = place; n <= place + width; ++n) {
-          stroke % 2 == 0 ? testing::DrawRow(patch, n, place / 2, 159 - place / 3, 0)
-                          : testing::DrawColumn(patch, n, place / 3, 159 - place / 2, 0);
+          stroke % 2 == 0 ? DrawRow(patch, n, place / 2, 159 - place / 3, 0)
+                          : DrawColumn(patch, n, place / 3, 159 - place / 2, 0);
         }
       }
     }
@@ -216,4 +212,4 @@ TEST(ThinImage, EqualsThePlainConditions) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

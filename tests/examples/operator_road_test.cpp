@@ -10,11 +10,13 @@
 #include <string>
 #include <vector>
 
-#include "tests/tools/run_program.h"
-#include "tests/tools/temporary_folder.h"
-#include "tools/truth_file.h"
+#include "tests/support/run_program.h"
+#include "tests/support/temporary_folder.h"
+#include "tools/lists/truth_file.h"
 
-namespace quorvex::tools {
+namespace quorvex::tests {
+
+using namespace tools;
 namespace {
 
 constexpr int kRows = 9;
@@ -174,4 +176,4 @@ TEST_F(OperatorRoad, TellsThatThePictureCannotBeRead) {
 }
 
 }  // namespace
-}  // namespace quorvex::tools
+}  // namespace quorvex::tests

@@ -6,10 +6,8 @@
 
 #include "tests/support/points.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::At;
 
 // A row of one point and a candidate of the same x have no line: the curve is zero and the
 // residuals are the y themselves.
@@ -42,4 +40,4 @@ TEST(AcceptsRowCandidate, AFitThatIsNotANumberAccepts) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

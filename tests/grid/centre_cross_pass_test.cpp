@@ -8,13 +8,8 @@
 #include "tests/support/stroke_image.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::DrawBox;
-using testing::DrawCrosses;
-using testing::FullSpans;
-using testing::MakePoint;
 
 constexpr int kSize = 800;  // pixels
 
@@ -25,7 +20,7 @@ class CentreCrossPassTest : public ::testing::Test {
                                     FullSpans(kSize, kSize), FullSpans(kSize, kSize), output);
   }
 
-  testing::TemporaryDirectory directory;  // for the pictures of the cross search
+  TemporaryDirectory directory;  // for the pictures of the cross search
   GrayImage image{kSize, kSize};
 };
 
@@ -117,4 +112,4 @@ TEST_F(CentreCrossPassTest, ACrossWithoutAColumnStillUsesUpItsLabel) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

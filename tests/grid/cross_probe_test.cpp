@@ -10,12 +10,8 @@
 #include "tests/support/points.h"
 #include "tests/support/stroke_image.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::Bits;
-using testing::DrawBox;
-using testing::FullSpans;
 
 constexpr int kWidth = 500;
 constexpr int kHeight = 500;
@@ -285,4 +281,4 @@ TEST_F(ProbeNextCrossTest, MatchesThePlainFormInSlantedDirections) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

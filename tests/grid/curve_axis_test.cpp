@@ -4,11 +4,8 @@
 
 #include "tests/support/points.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::At;
-using testing::Bits;
 
 TEST(FitAxisCurve, AColumnIsFittedWithTheCoordinatesExchanged) {
   const PointList column = {At(2.0f, 1.0f), At(8.0f, 3.0f)};  // x = 3 y - 1
@@ -35,4 +32,4 @@ TEST(SignedResidual, IsPositiveBeyondTheCurve) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

@@ -11,10 +11,8 @@
 #include "tests/support/points.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::Bits;
 
 class IntersectRowAndColumnCurvesTest : public ::testing::Test {
  protected:
@@ -29,7 +27,7 @@ class IntersectRowAndColumnCurvesTest : public ::testing::Test {
     EXPECT_EQ(Bits(y), Bits(-7.0f));
   }
 
-  testing::TemporaryDirectory directory;
+  TemporaryDirectory directory;
   float x = 0.0f;
   float y = 0.0f;
 };
@@ -105,7 +103,7 @@ std::string TextOf(const char* path) {
 }
 
 TEST_F(IntersectRowAndColumnCurvesTest, WritesTheQuarticOfTheLatestCallAlsoWhenItFails) {
-  const testing::ListDrive drive;
+  const ListDrive drive;
   Intersect(Constant(1.0f), Constant(1.0f), 10, 10);
   // column(row(t)) - t for row 2 t^2 + 3 t + 5 and column 7 u^2 + 11 u + 13
   EXPECT_FALSE(Intersect({2.0f, 3.0f, 5.0f}, {7.0f, 11.0f, 13.0f}, 100, 100));
@@ -114,10 +112,10 @@ TEST_F(IntersectRowAndColumnCurvesTest, WritesTheQuarticOfTheLatestCallAlsoWhenI
 }
 
 TEST_F(IntersectRowAndColumnCurvesTest, AFileThatCannotBeOpenedIsSkipped) {
-  const testing::ListDrive drive;
+  const ListDrive drive;
   drive.BlockLists();
   EXPECT_TRUE(Intersect(Constant(30.0f), Constant(40.0f), 100, 100));
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

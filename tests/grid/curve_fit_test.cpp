@@ -9,11 +9,8 @@
 
 #include "tests/support/points.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::At;
-using testing::Bits;
 
 const QuadraticCoefficients kStale = {7.0f, 8.0f, 9.0f};
 
@@ -192,4 +189,4 @@ TEST(EvaluateCurve, SquaresTheArgumentFirst) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

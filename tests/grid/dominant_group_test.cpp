@@ -6,10 +6,8 @@
 
 #include "tests/support/points.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::MakePoint;
 
 CalibrationPoint Labelled(int id, int col, float x, float y = 0.0f) {
   return MakePoint(id, 0, col, x, y);
@@ -98,4 +96,4 @@ TEST(SelectDominantGroup, TheDistanceCountsBothCoordinates) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

@@ -9,10 +9,8 @@
 
 #include "tests/support/points.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::MakePoint;
 
 constexpr QuadraticCoefficients kSeed = {0.0f, 0.0f, 200.0f};
 constexpr int kUnread = -77;
@@ -235,4 +233,4 @@ TEST(GrowRows, ACurveThatIsNotANumberEndsTheWalk) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

@@ -11,13 +11,8 @@
 #include "tests/support/stroke_image.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::At;
-using testing::Bits;
-using testing::DrawCrosses;
-using testing::FullSpans;
 
 constexpr int kSize = 800;  // pixels
 constexpr int kPitch = 150;
@@ -52,7 +47,7 @@ class LineTracingTest : public ::testing::Test {
                             points));
   }
 
-  testing::TemporaryDirectory directory;  // for the pictures of the cross search
+  TemporaryDirectory directory;  // for the pictures of the cross search
   GrayImage image{kSize, kSize};
   PixelSpanList rowSpans = FullSpans(kSize, kSize);
   PixelSpanList columnSpans = FullSpans(kSize, kSize);
@@ -114,8 +109,8 @@ TEST_F(LineTracingTest, RowStepsBoundARowButNotAColumn) {
 TEST_F(LineTracingTest, AColumnLooksFiveHundredStepsAhead) {
   for (const int y : {600, 601}) {  // the stroke across begins one pixel before
     image.Fill(0);
-    testing::DrawCross(image, 400, 100);
-    testing::DrawCross(image, 400, y);
+    DrawCross(image, 400, 100);
+    DrawCross(image, 400, y);
     PointList points;
     Column(400, 100, points);
     ASSERT_FALSE(points.empty());
@@ -200,7 +195,7 @@ TEST_F(LineTracingTest, OfEquallySteepStrokesEachWalkFollowsItsOwn) {
     for (int t = from; t <= 45; ++t) {
       for (const int dx : {t, -t}) {
         for (const int dy : {t, -t}) {
-          testing::DrawBox(image, x + dx - halfWidth, y + dy, x + dx + halfWidth, y + dy);
+          DrawBox(image, x + dx - halfWidth, y + dy, x + dx + halfWidth, y + dy);
         }
       }
     }
@@ -219,4 +214,4 @@ TEST_F(LineTracingTest, OfEquallySteepStrokesEachWalkFollowsItsOwn) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

@@ -10,18 +10,15 @@
 #include "tests/support/points.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::Bits;
-using testing::MakePoint;
 
 class PredictMissingGridPointsTest : public ::testing::Test {
  protected:
   bool HasWrittenQuartic() const { return drive.HasList("sdf.txt"); }
 
-  testing::TemporaryDirectory directory;
-  testing::ListDrive drive;
+  TemporaryDirectory directory;
+  ListDrive drive;
 };
 
 // Straight rows and columns 50 pixels apart, row 0 at y = 30 and column 0 at x = 40.
@@ -155,4 +152,4 @@ TEST_F(PredictMissingGridPointsTest, AnIndexThatWrapsOccupiesTheCellItFallsOn) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

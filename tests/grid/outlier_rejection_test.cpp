@@ -8,12 +8,8 @@
 
 #include "tests/support/points.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::At;
-using testing::Bits;
-using testing::MakePoint;
 
 const QuadraticCoefficients kStale = {7.0f, 8.0f, 9.0f};
 
@@ -263,4 +259,4 @@ TEST(ColumnFitMaxResidual, IsTheRowFormOfTheExchangedPoints) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

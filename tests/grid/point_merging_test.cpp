@@ -9,10 +9,8 @@
 #include "grid/outlier_rejection.h"
 #include "tests/support/points.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::MakePoint;
 
 // A mark of the grid: columns 100 pixels apart from x = 200, row 0 at y = 800 and rows upward.
 // The id tells where a point came from.
@@ -283,4 +281,4 @@ TEST(MergeIntoGrid, ExistingPointsKeepPlaceAndOrder) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

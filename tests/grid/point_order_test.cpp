@@ -7,10 +7,8 @@
 
 #include "tests/support/points.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::MakePoint;
 
 std::vector<int> Ids(const PointList& points) {
   std::vector<int> ids;
@@ -86,4 +84,4 @@ TEST(SortPointsByY, EqualValuesKeepTheirOrderInBothDirections) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

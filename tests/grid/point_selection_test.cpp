@@ -4,10 +4,8 @@
 
 #include "tests/support/points.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::MakePoint;
 
 TEST(PointsWith, SelectsByTheFieldInListOrder) {
   const PointList points = {MakePoint(1, 4, 0, 0.0f, 0.0f), MakePoint(2, 5, 4, 0.0f, 0.0f),
@@ -23,4 +21,4 @@ TEST(PointsWith, SelectsByTheFieldInListOrder) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

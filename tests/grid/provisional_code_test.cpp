@@ -6,11 +6,8 @@
 
 #include "tests/support/points.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::At;
-using testing::MakePoint;
 
 constexpr int kOwn = -1;
 
@@ -105,4 +102,4 @@ TEST(LineNumberOfCode, OtherNumbersGiveTheRemainder) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

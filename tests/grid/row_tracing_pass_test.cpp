@@ -8,12 +8,8 @@
 #include "tests/support/stroke_image.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::DrawCrosses;
-using testing::FullSpans;
-using testing::MakePoint;
 
 constexpr int kSize = 800;  // pixels
 
@@ -26,7 +22,7 @@ class RowTracingPassTest : public ::testing::Test {
                               FullSpans(kSize, kSize), FullSpans(kSize, kSize), output);
   }
 
-  testing::TemporaryDirectory directory;  // for the pictures of the cross search
+  TemporaryDirectory directory;  // for the pictures of the cross search
   GrayImage image{kSize, kSize};
 };
 
@@ -122,4 +118,4 @@ TEST_F(RowTracingPassTest, TracedRowsAreCleanedOfStrays) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

@@ -9,7 +9,7 @@
 #include "tests/support/bytes.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 constexpr char kName[] = "image.bmp";
@@ -166,4 +166,4 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& test) { return std::string(test.param.name); });
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

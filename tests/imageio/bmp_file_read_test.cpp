@@ -9,7 +9,7 @@
 #include "tests/support/faults.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 namespace fs = std::filesystem;
@@ -164,4 +164,4 @@ TEST_F(ReadImageTest, PixelAreaIsNotCheckedAgainstTheSizes) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

@@ -10,7 +10,7 @@
 #include "tests/support/message_box.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 namespace fs = std::filesystem;
@@ -59,4 +59,4 @@ TEST_F(DiagnosticPictureTest, MissingMemoryIsIgnored) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

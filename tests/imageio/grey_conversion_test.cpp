@@ -8,7 +8,7 @@
 #include "tests/support/bytes.h"
 #include "tests/support/message_box.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 constexpr unsigned char kBefore = 77;  // what the destination holds before the call
@@ -121,4 +121,4 @@ TEST_F(GreyConversionTest, NullBuffersConvertNothing) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

@@ -5,7 +5,7 @@
 #include "imageio/bmp_file.h"
 #include "tests/support/kept_memory.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 
 // The arguments before a call, recognised afterwards when they are untouched.
 constexpr long kUntouched = -77;
@@ -30,6 +30,6 @@ inline ReadResult Read(const char* path) {
   return result;
 }
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests
 
 #endif  // QUORVEX_TESTS_IMAGEIO_READ_RESULT_H_

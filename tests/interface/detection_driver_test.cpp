@@ -15,15 +15,8 @@
 #include "tests/support/stroke_image.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::DrawBox;
-using testing::DrawCrosses;
-using testing::FailNth;
-using testing::Fault;
-using testing::MakePoint;
-using testing::TakeMessages;
 
 const std::set<std::string> kImageStagePictures = {
     "ProImage.bmp", "Binarization.bmp", "Dilation.bmp", "Contour.bmp",  "SRegion.bmp",
@@ -53,7 +46,7 @@ class DetectionDriverTest : public ::testing::Test {
     EXPECT_EQ(points.size(), 1u);
   }
 
-  testing::TemporaryDirectory directory;
+  TemporaryDirectory directory;
   PointList points = {MakePoint(7, 1, 2, 3.0f, 4.0f)};
 };
 
@@ -192,4 +185,4 @@ TEST_F(TargetDetectionTest, AStageWithoutMemoryIsPassedOver) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

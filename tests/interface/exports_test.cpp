@@ -14,7 +14,7 @@
 #include "tests/support/reserved_bytes.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 namespace fs = std::filesystem;
@@ -128,4 +128,4 @@ TEST(NumberingExportsTest, LeftAndRightCountFromOppositeEnds) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

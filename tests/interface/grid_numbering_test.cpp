@@ -8,10 +8,8 @@
 #include "tests/support/points.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::MakePoint;
 
 CalibrationPoint GridMark(int id, int row, int col) {
   return MakePoint(id, row, col, 50.0f + 50.0f * static_cast<float>(col),
@@ -61,8 +59,8 @@ class CompleteGridTest : public ::testing::Test {
  protected:
   bool HasPredicted() const { return drive.HasList("sdf.txt"); }
 
-  testing::TemporaryDirectory directory;
-  testing::ListDrive drive;
+  TemporaryDirectory directory;
+  ListDrive drive;
 };
 
 PointList Grid(int rows, int cols) {
@@ -118,4 +116,4 @@ TEST(SortPointsById, AscendsAndKeepsTheOrderOfEquals) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

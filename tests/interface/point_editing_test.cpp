@@ -10,7 +10,7 @@
 #include "tests/support/points.h"
 #include "tests/support/reserved_bytes.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 const float kNan = std::numeric_limits<float>::quiet_NaN();
@@ -233,4 +233,4 @@ TEST(AlterCalibrationPtCoordinate, MissingIdChangesNothing) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

@@ -10,10 +10,8 @@
 #include "tests/support/points.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::At;
 
 std::string TextOf(const char* path) {
   std::ifstream file(path);
@@ -21,19 +19,19 @@ std::string TextOf(const char* path) {
 }
 
 TEST(WritePointTextFile, WritesOneLineAPointInListOrder) {
-  const testing::TemporaryDirectory directory;
+  const TemporaryDirectory directory;
   WritePointTextFile("points.txt", {At(2.5f, -1.0f), At(0.0f, 1234.0625f)});
   EXPECT_EQ(TextOf("points.txt"), "2.500000\t-1.000000\n0.000000\t1234.062500\n");
 }
 
 TEST(WritePointTextFile, WritesTheExactValueOfTheFloat) {
-  const testing::TemporaryDirectory directory;
+  const TemporaryDirectory directory;
   WritePointTextFile("points.txt", {At(0.1f, 16777216.0f)});  // 0.1f is 0.100000001490...
   EXPECT_EQ(TextOf("points.txt"), "0.100000\t16777216.000000\n");
 }
 
 TEST(WritePointTextFile, ReplacesAnEarlierFile) {
-  const testing::TemporaryDirectory directory;
+  const TemporaryDirectory directory;
   WritePointTextFile("points.txt", {At(1.0f, 2.0f), At(3.0f, 4.0f)});
   WritePointTextFile("points.txt", {});
   EXPECT_TRUE(std::filesystem::exists("points.txt"));
@@ -41,10 +39,10 @@ TEST(WritePointTextFile, ReplacesAnEarlierFile) {
 }
 
 TEST(WritePointTextFile, AMissingFolderIsSkipped) {
-  const testing::TemporaryDirectory directory;
+  const TemporaryDirectory directory;
   WritePointTextFile("missing/Row.txt", {At(1.0f, 2.0f)});
   EXPECT_TRUE(std::filesystem::is_empty("."));
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

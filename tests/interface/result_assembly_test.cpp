@@ -12,13 +12,8 @@
 #include "tests/support/stroke_image.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::DrawBox;
-using testing::DrawCrosses;
-using testing::FullSpans;
-using testing::MakePoint;
 
 constexpr int kSize = 800;  // pixels
 
@@ -37,8 +32,8 @@ class AssembleResultTest : public ::testing::Test {
 
   void EraseCross(int x, int y) { DrawBox(strokes, x - 50, y - 50, x + 50, y + 50, 0); }
 
-  testing::TemporaryDirectory directory;
-  testing::ListDrive drive;
+  TemporaryDirectory directory;
+  ListDrive drive;
   GrayImage input{kSize, kSize};
   GrayImage strokes{kSize, kSize};
   GrayImage mask{kSize, kSize};
@@ -166,4 +161,4 @@ TEST_F(AssembleResultTest, RowStepsReachTheFirstPass) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

@@ -8,12 +8,8 @@
 
 #include "tests/support/points.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
-
-using testing::At;
-using testing::Bits;
-using testing::MakePoint;
 
 constexpr int kWidth = 100;
 constexpr int kHeight = 80;
@@ -89,4 +85,4 @@ TEST(TurnUpsideDown, CountsYFromTheLastRow) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

@@ -12,7 +12,7 @@
 #include "platform/mfc.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 
 inline constexpr UINT kWriteNew = CFile::modeCreate | CFile::modeWrite;
 inline constexpr char kName[] = "file";
@@ -54,6 +54,6 @@ class FileTest : public ::testing::Test {
   TemporaryDirectory directory_;
 };
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests
 
 #endif  // QUORVEX_TESTS_PLATFORM_FILE_SUPPORT_H_

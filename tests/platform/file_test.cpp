@@ -4,7 +4,7 @@
 
 #include "tests/support/faults.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 namespace fs = std::filesystem;
@@ -166,4 +166,4 @@ TEST_F(FileTest, LengthOfAFileThatIsNotOpenThrows) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

@@ -11,7 +11,7 @@
 #include "tests/support/points.h"
 #include "tests/support/reserved_bytes.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 // The x of the points that the trace from (back, 0) through (0, 0) appends.
@@ -171,4 +171,4 @@ TEST(TraceGridLine, PointsThatAreNotNumbersAreSkipped) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

@@ -12,7 +12,7 @@
 #include "tests/support/points.h"
 #include "tests/support/reserved_bytes.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 constexpr int kRows = 7;
@@ -232,4 +232,4 @@ TEST_F(ReAssignmentIdTest, APointCountedTwiceCanStandInForALostOne) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

@@ -10,7 +10,7 @@
 #include "tests/support/points.h"
 #include "tests/support/reserved_bytes.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 constexpr int kSectors[] = {kTowardsLargerX, kTowardsSmallerX, kTowardsLargerY, kTowardsSmallerY};
@@ -180,4 +180,4 @@ TEST(FindNeighbourInSector, NoPointsAndPointsThatAreNotNumbersHoldNothing) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

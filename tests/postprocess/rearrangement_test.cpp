@@ -9,7 +9,7 @@
 #include "tests/support/points.h"
 #include "tests/support/reserved_bytes.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 using Rearrange = void (*)(PointList&, int, int);
@@ -147,4 +147,4 @@ TEST(PtsRearrange, IdsWrapAroundIn32Bits) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

@@ -4,7 +4,7 @@
 
 #include "tests/support/bytes.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 Bytes Binarized(Bytes image, int width, int height, unsigned char level) {
@@ -39,4 +39,4 @@ TEST(Binarize, NoRowsAreNoWork) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

@@ -4,7 +4,7 @@
 
 #include <limits>
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
 
 TEST(BitmapStride, IsTheWidthRoundedUpToFour) {
@@ -20,4 +20,4 @@ TEST(BitmapStride, IsFormedIn64Bits) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

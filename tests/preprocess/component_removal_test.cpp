@@ -11,7 +11,7 @@
 #include "tests/support/bytes.h"
 #include "tests/support/text_image.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 using Rows = std::vector<std::string>;
@@ -157,4 +157,4 @@ TEST(ComponentRemoval, SearchGivesUpBeyondTenMillionPixels) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

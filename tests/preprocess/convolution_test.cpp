@@ -8,7 +8,7 @@
 #include "tests/support/bytes.h"
 #include "tests/support/faults.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 using Kernel = std::array<float, 9>;
@@ -148,4 +148,4 @@ TEST(Convolution, MissingMemoryIsFalseAndLeavesTheImage) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

@@ -9,7 +9,7 @@
 #include "tests/support/faults.h"
 #include "tests/support/text_image.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 using Rows = std::vector<std::string>;
@@ -209,4 +209,4 @@ TEST(Dilation, MissingMemoryIsFalseAndLeavesTheImage) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

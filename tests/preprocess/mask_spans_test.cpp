@@ -8,7 +8,7 @@
 
 #include "tests/support/text_image.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 using Spans = std::vector<std::pair<int, int>>;
@@ -74,4 +74,4 @@ TEST(MaskSpans, OtherLevelsAreNoMask) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

@@ -7,7 +7,7 @@
 
 #include "tests/support/text_image.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 using Rows = std::vector<std::string>;
@@ -127,4 +127,4 @@ TEST(OutlineDrawing, FewerThanTwoPointsAreRefused) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

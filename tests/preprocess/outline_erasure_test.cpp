@@ -6,7 +6,7 @@
 
 #include "base/gray_image.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 constexpr int kWidth = 48;
@@ -94,4 +94,4 @@ TEST(OutlineErasure, EmptyListLeavesTheImage) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

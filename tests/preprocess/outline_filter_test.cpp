@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 // Points to the right of the centre (1000, 500) at these distances.
@@ -72,4 +72,4 @@ TEST(OutlineFilter, FewerThanThreePointsAreRefused) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

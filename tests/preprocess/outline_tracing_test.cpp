@@ -6,7 +6,7 @@
 
 #include "base/gray_image.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 constexpr std::size_t kRays = 720;
@@ -204,4 +204,4 @@ TEST(OutlineTracing, WhiteOutsideTheImageIsNotLookedFor) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

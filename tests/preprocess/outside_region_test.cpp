@@ -7,7 +7,7 @@
 
 #include "tests/support/text_image.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 using Rows = std::vector<std::string>;
@@ -103,4 +103,4 @@ TEST(OutsideRegion, ImageWithoutPixelsIsNoWork) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

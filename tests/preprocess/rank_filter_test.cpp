@@ -10,7 +10,7 @@
 #include "tests/support/faults.h"
 #include "tests/support/text_image.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 using Rows = std::vector<std::string>;
@@ -154,4 +154,4 @@ TEST(RankFilter, MissingMemoryIsFalseAndLeavesTheImage) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

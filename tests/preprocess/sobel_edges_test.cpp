@@ -5,7 +5,7 @@
 #include "tests/support/bytes.h"
 #include "tests/support/faults.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 Bytes EdgesOf(Bytes image, int width, int height) {
@@ -96,4 +96,4 @@ TEST(SobelEdges, MissingMemoryIsFalseAndLeavesTheImage) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

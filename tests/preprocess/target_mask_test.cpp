@@ -4,7 +4,7 @@
 
 #include "tests/support/bytes.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 Bytes BytesOf(const GrayImage& image) { return Bytes(image.Data(), image.Data() + image.Size()); }
@@ -27,4 +27,4 @@ TEST(TargetRegion, KeepsTheInputExactlyWhereTheWorkingImageIsZero) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

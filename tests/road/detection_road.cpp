@@ -12,7 +12,7 @@
 #include "tests/support/temporary_directory.h"
 #include "tools/render/presets.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 namespace fs = std::filesystem;
@@ -93,4 +93,4 @@ std::string NumbersFileName(const std::string& preset, const RoadOutput& output)
   return fmt::format("numbers/{}-{}.txt", preset, stem);
 }
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

@@ -9,7 +9,7 @@
 #include "interface/quorvex.h"
 #include "tools/render/render_target.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 
 // What the host passes for the targets of the tests.
 constexpr int kRowSpan = 20;
@@ -39,6 +39,6 @@ std::string ManifestLine(const std::string& preset, const RoadOutput& output);
 // The name of the file beside the manifest that holds the numbers of an output.
 std::string NumbersFileName(const std::string& preset, const RoadOutput& output);
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests
 
 #endif  // QUORVEX_TESTS_ROAD_DETECTION_ROAD_H_

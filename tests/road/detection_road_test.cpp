@@ -15,7 +15,7 @@
 
 #include "tools/compare/compare_points.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 constexpr double kMatchTolerance = 20.0;                       // pixels
@@ -153,4 +153,4 @@ INSTANTIATE_TEST_SUITE_P(Presets, DetectionRoadTest,
                          [](const auto& preset) { return preset.param; });
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

@@ -19,6 +19,7 @@ constexpr const char* kLegend =
 
 int main(int argc, char** argv) {
   using namespace quorvex;
+  using namespace quorvex::tests;
 
   if (argc != 2) {
     std::fprintf(stderr, "usage: write_manifest FOLDER\n");
@@ -29,10 +30,10 @@ int main(int argc, char** argv) {
   std::ofstream manifest(folder / "manifest.txt", std::ios::binary);
   manifest << kLegend;
   for (const tools::Preset& preset : tools::AllPresets()) {
-    for (const testing::RoadOutput& output : testing::RunDetectionRoad(preset.name).outputs) {
-      manifest << testing::ManifestLine(preset.name, output) << '\n';
+    for (const RoadOutput& output : RunDetectionRoad(preset.name).outputs) {
+      manifest << ManifestLine(preset.name, output) << '\n';
       if (output.isNumbers) {
-        std::ofstream(folder / testing::NumbersFileName(preset.name, output), std::ios::binary)
+        std::ofstream(folder / NumbersFileName(preset.name, output), std::ios::binary)
             << output.bytes;
       }
     }

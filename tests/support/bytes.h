@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 
 using Bytes = std::vector<unsigned char>;
 
@@ -53,6 +53,6 @@ inline void WriteFile(const std::string& name, const Bytes& bytes) {
              static_cast<std::streamsize>(bytes.size()));
 }
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests
 
 #endif  // QUORVEX_TESTS_SUPPORT_BYTES_H_

@@ -4,11 +4,11 @@
 
 #include "tests/support/faults.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 
 // Counts one call of that kind and tells whether it is the one that has to fail.
 bool IsCallToFail(Fault fault);
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests
 
 #endif  // QUORVEX_TESTS_SUPPORT_FAULT_COUNT_H_

@@ -2,7 +2,7 @@
 
 #include "tests/support/fault_count.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 // Calls that still succeed before the one that fails; below 0 when none is to fail.
@@ -32,4 +32,4 @@ FailNth::~FailNth() { callsUntilFault[static_cast<int>(fault_)] = -1; }
 
 bool FailNth::HasHappened() const { return hasHappened[static_cast<int>(fault_)]; }
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

@@ -2,7 +2,7 @@
 #ifndef QUORVEX_TESTS_SUPPORT_FAULTS_H_
 #define QUORVEX_TESTS_SUPPORT_FAULTS_H_
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 
 enum class Fault { kLocalAlloc, kGlobalAlloc, kWrite };
 
@@ -20,6 +20,6 @@ class FailNth {
   Fault fault_;
 };
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests
 
 #endif  // QUORVEX_TESTS_SUPPORT_FAULTS_H_

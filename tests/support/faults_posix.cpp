@@ -8,8 +8,8 @@
 #include "platform/mfc.h"
 #include "tests/support/fault_count.h"
 
-using quorvex::testing::Fault;
-using quorvex::testing::IsCallToFail;
+using quorvex::tests::Fault;
+using quorvex::tests::IsCallToFail;
 
 extern "C" {
 

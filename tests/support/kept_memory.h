@@ -5,7 +5,7 @@
 
 #include <vector>
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 
 inline void KeepForever(const unsigned char* memory) {
   // Never destroyed: leaks are counted after the destructors of statics have run.
@@ -13,6 +13,6 @@ inline void KeepForever(const unsigned char* memory) {
   kept.push_back(memory);
 }
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests
 
 #endif  // QUORVEX_TESTS_SUPPORT_KEPT_MEMORY_H_

@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <system_error>
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 
 inline constexpr const char* kListNames[] = {"Row.txt", "Col.txt", "sdf.txt"};
 
@@ -48,6 +48,6 @@ class ListDrive {
   }
 };
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests
 
 #endif  // QUORVEX_TESTS_SUPPORT_LIST_DRIVE_H_

@@ -16,8 +16,8 @@ int AfxMessageBox(LPCTSTR text, UINT, UINT) {
   return IDOK;
 }
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 
 std::vector<std::string> TakeMessages() { return std::exchange(messages, {}); }
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

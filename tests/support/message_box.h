@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 
 // The texts shown since the last call, in order; the record is emptied.
 std::vector<std::string> TakeMessages();
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests
 
 #endif  // QUORVEX_TESTS_SUPPORT_MESSAGE_BOX_H_

@@ -7,7 +7,7 @@
 
 #include "interface/calibration_point.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 
 inline CalibrationPoint MakePoint(int id, int row, int col, float x, float y) {
   CalibrationPoint point = {};
@@ -28,6 +28,6 @@ inline std::uint32_t Bits(float value) {
   return bits;
 }
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests
 
 #endif  // QUORVEX_TESTS_SUPPORT_POINTS_H_

@@ -4,7 +4,7 @@
 
 #include "interface/calibration_point.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 
 // Fills the reserved bytes with a run of values that starts at `first`.
 inline CalibrationPoint Marked(CalibrationPoint point, int first) {
@@ -31,6 +31,6 @@ inline bool IsMarked(const CalibrationPoint& point, int first) {
   return true;
 }
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests
 
 #endif  // QUORVEX_TESTS_SUPPORT_RESERVED_BYTES_H_

@@ -7,7 +7,7 @@
 #include "base/gray_image.h"
 #include "base/pixel_span.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 
 // Sets the pixels of a rectangle, both corners inclusive, as far as they lie inside the image.
 inline void DrawBox(GrayImage& image, int left, int top, int right, int bottom,
@@ -43,6 +43,6 @@ inline PixelSpanList FullSpans(int count, int length) {
   return PixelSpanList(static_cast<std::size_t>(count), PixelSpan{0, length - 1});
 }
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests
 
 #endif  // QUORVEX_TESTS_SUPPORT_STROKE_IMAGE_H_

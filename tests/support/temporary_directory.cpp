@@ -4,7 +4,7 @@
 #include <string>
 #include <system_error>
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 
 namespace fs = std::filesystem;
 
@@ -28,4 +28,4 @@ TemporaryDirectory::~TemporaryDirectory() {
   fs::remove_all(path_, ignored);
 }
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

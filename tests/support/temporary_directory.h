@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 
 class TemporaryDirectory {
  public:
@@ -20,6 +20,6 @@ class TemporaryDirectory {
   std::filesystem::path path_;
 };
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests
 
 #endif  // QUORVEX_TESTS_SUPPORT_TEMPORARY_DIRECTORY_H_

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 struct Sign {
@@ -56,4 +56,4 @@ std::vector<std::string> TextOf(const GrayImage& image) {
   return rows;
 }
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

@@ -7,7 +7,7 @@
 
 #include "base/gray_image.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 
 // One text a row, row 0 of the buffer first: '#' is 0 (black), '.' is 255 (white), 'o' is 128, '-'
 // is 50.
@@ -16,6 +16,6 @@ GrayImage ImageOf(const std::vector<std::string>& rows);
 // The same the other way; every other grey level is '?'.
 std::vector<std::string> TextOf(const GrayImage& image);
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests
 
 #endif  // QUORVEX_TESTS_SUPPORT_TEXT_IMAGE_H_

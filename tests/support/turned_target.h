@@ -3,7 +3,7 @@
 #ifndef QUORVEX_TESTS_SUPPORT_TURNED_TARGET_H_
 #define QUORVEX_TESTS_SUPPORT_TURNED_TARGET_H_
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 
 constexpr int kTurnedTargetSize = 800;  // pixels, width and height
 constexpr int kTurnedTargetMarks = 4;   // in a row and in a column
@@ -71,6 +71,6 @@ inline void DrawTurnedTarget(unsigned char* image) {
   }
 }
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests
 
 #endif  // QUORVEX_TESTS_SUPPORT_TURNED_TARGET_H_

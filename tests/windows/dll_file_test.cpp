@@ -11,7 +11,7 @@
 
 #include "tests/windows/host_names.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 using Names = std::set<std::string>;
@@ -156,4 +156,4 @@ TEST_F(VersionTest, NamesTheFile) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

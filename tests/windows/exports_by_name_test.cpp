@@ -15,7 +15,7 @@
 #include "tests/support/turned_target.h"
 #include "tests/windows/host_names.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 bool Contains(const std::string& text, const std::string& part) {
@@ -198,4 +198,4 @@ TEST_P(ExportsByNameTest, TargetIsDetected) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

@@ -14,7 +14,7 @@
 
 #include "interface/calibration_point.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
 
 static_assert(sizeof(PointList) == 3 * sizeof(void*), "hosts know lists as three pointers");
@@ -156,4 +156,4 @@ TEST(PointListMemory, ServesManyThreadsAtOnce) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

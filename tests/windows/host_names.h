@@ -8,7 +8,7 @@
 #include <set>
 #include <string>
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 
 inline std::wstring TheDll() {
   return std::filesystem::path(QUORVEX_DLL).make_preferred().wstring();
@@ -26,6 +26,6 @@ inline std::set<std::string> HostNames() {
   return names;
 }
 
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests
 
 #endif  // QUORVEX_TESTS_WINDOWS_HOST_NAMES_H_

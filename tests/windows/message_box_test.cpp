@@ -19,7 +19,7 @@
 #include "tests/support/points.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 using namespace std::chrono_literals;
@@ -245,4 +245,4 @@ TEST(MessageBoxTest, ClosesTheThreadsWindowsAlsoWhereNoneIsActive) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

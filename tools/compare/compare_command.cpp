@@ -7,10 +7,10 @@
 #include "tools/compare/compare_points.h"
 #include "tools/compare/compare_report.h"
 #include "tools/errors.h"
-#include "tools/output_file.h"
-#include "tools/points_file.h"
+#include "tools/lists/points_file.h"
+#include "tools/lists/truth_file.h"
 #include "tools/subcommands.h"
-#include "tools/truth_file.h"
+#include "tools/system/output_file.h"
 
 namespace quorvex::tools {
 namespace {

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "tools/points_file.h"
-#include "tools/truth_file.h"
+#include "tools/lists/points_file.h"
+#include "tools/lists/truth_file.h"
 
 namespace quorvex::tools {
 

@@ -14,13 +14,13 @@
 #include "tools/detect/diagnostics_folder.h"
 #include "tools/detect/list_folder.h"
 #include "tools/detect/overlay.h"
-#include "tools/detect/worker_process.h"
 #include "tools/errors.h"
-#include "tools/output_file.h"
-#include "tools/picture_file.h"
-#include "tools/points/option_text.h"
-#include "tools/points_file.h"
+#include "tools/lists/option_text.h"
+#include "tools/lists/points_file.h"
+#include "tools/pictures/picture_file.h"
 #include "tools/subcommands.h"
+#include "tools/system/output_file.h"
+#include "tools/system/worker_process.h"
 
 namespace quorvex::tools {
 namespace {

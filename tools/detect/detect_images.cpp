@@ -11,8 +11,8 @@
 
 #include "tools/detect/diagnostics_folder.h"
 #include "tools/detect/list_folder.h"
-#include "tools/detect/private_directory.h"
-#include "tools/detect/worker_process.h"
+#include "tools/system/private_directory.h"
+#include "tools/system/worker_process.h"
 
 namespace quorvex::tools {
 namespace {

@@ -10,9 +10,9 @@
 #include "interface/quorvex.h"
 #include "tools/detect/failure_diagnosis.h"
 #include "tools/detect/padding.h"
-#include "tools/picture_file.h"
-#include "tools/points/option_text.h"
-#include "tools/points/point_list.h"
+#include "tools/lists/option_text.h"
+#include "tools/lists/point_list.h"
+#include "tools/pictures/picture_file.h"
 
 namespace quorvex::tools {
 namespace {

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "tools/detect/detection_result.h"
-#include "tools/points/point_edits.h"
-#include "tools/points_file.h"
+#include "tools/lists/point_edits.h"
+#include "tools/lists/points_file.h"
 
 namespace quorvex::tools {
 

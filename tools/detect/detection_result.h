@@ -5,7 +5,7 @@
 #include <string>
 
 #include "tools/errors.h"
-#include "tools/points_file.h"
+#include "tools/lists/points_file.h"
 
 namespace quorvex::tools {
 

@@ -8,8 +8,8 @@
 
 #include "tools/detect/list_folder.h"
 #include "tools/errors.h"
-#include "tools/output_file.h"
-#include "tools/system_files.h"
+#include "tools/system/output_file.h"
+#include "tools/system/system_files.h"
 
 namespace quorvex::tools {
 namespace {

@@ -7,7 +7,7 @@
 #include <optional>
 
 #include "tools/errors.h"
-#include "tools/picture_file.h"
+#include "tools/pictures/picture_file.h"
 
 namespace quorvex::tools {
 namespace {

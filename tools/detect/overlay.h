@@ -4,8 +4,8 @@
 
 #include <vector>
 
-#include "tools/picture.h"
-#include "tools/points_file.h"
+#include "tools/lists/points_file.h"
+#include "tools/pictures/picture.h"
 
 namespace quorvex::tools {
 

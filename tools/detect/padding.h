@@ -3,7 +3,7 @@
 #ifndef QUORVEX_TOOLS_DETECT_PADDING_H_
 #define QUORVEX_TOOLS_DETECT_PADDING_H_
 
-#include "tools/picture.h"
+#include "tools/pictures/picture.h"
 
 namespace quorvex::tools {
 

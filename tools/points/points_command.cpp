@@ -3,10 +3,10 @@
 #include <optional>
 #include <string>
 
-#include "tools/points/option_text.h"
-#include "tools/points/point_edits.h"
+#include "tools/lists/option_text.h"
+#include "tools/lists/point_edits.h"
+#include "tools/lists/points_file.h"
 #include "tools/points/points_run.h"
-#include "tools/points_file.h"
 #include "tools/subcommands.h"
 
 namespace quorvex::tools {

@@ -8,9 +8,9 @@
 #include <system_error>
 
 #include "tools/errors.h"
-#include "tools/output_file.h"
-#include "tools/points/point_edits.h"
-#include "tools/points/point_list.h"
+#include "tools/lists/point_edits.h"
+#include "tools/lists/point_list.h"
+#include "tools/system/output_file.h"
 
 namespace quorvex::tools {
 namespace {

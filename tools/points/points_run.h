@@ -7,7 +7,7 @@
 #include <string>
 
 #include "interface/calibration_point.h"
-#include "tools/points_file.h"
+#include "tools/lists/points_file.h"
 
 namespace quorvex::tools {
 

@@ -7,7 +7,7 @@
 #include <functional>
 #include <vector>
 
-#include "tools/picture.h"
+#include "tools/pictures/picture.h"
 
 namespace quorvex::tools {
 

@@ -10,11 +10,11 @@
 #include <vector>
 
 #include "tools/errors.h"
-#include "tools/picture_file.h"
+#include "tools/pictures/picture_file.h"
 #include "tools/render/presets.h"
 #include "tools/render/render_target.h"
-#include "tools/staged_file.h"
 #include "tools/subcommands.h"
+#include "tools/system/staged_file.h"
 
 namespace quorvex::tools {
 namespace {

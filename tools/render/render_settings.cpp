@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "tools/errors.h"
-#include "tools/picture_limits.h"
+#include "tools/pictures/picture_limits.h"
 
 namespace quorvex::tools {
 namespace {

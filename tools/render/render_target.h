@@ -4,9 +4,9 @@
 
 #include <vector>
 
-#include "tools/picture.h"
+#include "tools/lists/truth_file.h"
+#include "tools/pictures/picture.h"
 #include "tools/render/render_settings.h"
-#include "tools/truth_file.h"
 
 namespace quorvex::tools {
 

@@ -6,12 +6,12 @@
 
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
 
 // The folder "D:" is the user's to make.
 TEST(IntersectRowAndColumnCurves, WithoutTheFolderNothingIsWritten) {
-  const testing::TemporaryDirectory directory;
+  const TemporaryDirectory directory;
   float x = 0.0f;
   float y = 0.0f;
   EXPECT_TRUE(
@@ -20,4 +20,4 @@ TEST(IntersectRowAndColumnCurves, WithoutTheFolderNothingIsWritten) {
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

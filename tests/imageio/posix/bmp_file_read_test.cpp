@@ -4,7 +4,7 @@
 #include "tests/imageio/read_result.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 TEST(ReadNamedPipe, IsRefusedInsteadOfWaitedFor) {
@@ -16,4 +16,4 @@ TEST(ReadNamedPipe, IsRefusedInsteadOfWaitedFor) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

@@ -9,7 +9,7 @@
 #include "tests/support/bytes.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 constexpr char kName[] = "image.bmp";
@@ -206,4 +206,4 @@ INSTANTIATE_TEST_SUITE_P(Files, OtherWriterTest, ::testing::ValuesIn(kCases),
                          [](const auto& test) { return std::string(test.param.name); });
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

@@ -9,15 +9,15 @@
 #include "tests/support/points.h"
 #include "tests/support/temporary_directory.h"
 
-namespace quorvex {
+namespace quorvex::tests {
 namespace {
 
 TEST(WritePointTextFile, EndsLinesAsTheSystemDoes) {
-  const testing::TemporaryDirectory directory;
-  WritePointTextFile("points.txt", {testing::At(2.5f, -1.0f)});
+  const TemporaryDirectory directory;
+  WritePointTextFile("points.txt", {At(2.5f, -1.0f)});
   std::ifstream file("points.txt", std::ios::binary);
   EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "2.500000\t-1.000000\r\n");
 }
 
 }  // namespace
-}  // namespace quorvex
+}  // namespace quorvex::tests

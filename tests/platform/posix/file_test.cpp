@@ -4,7 +4,7 @@
 
 #include "tests/platform/file_support.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 namespace fs = std::filesystem;
@@ -31,4 +31,4 @@ TEST(NarrowText, KeepsTheBytesOfTheFileName) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

@@ -2,7 +2,7 @@
 
 #include "tests/platform/file_support.h"
 
-namespace quorvex::testing {
+namespace quorvex::tests {
 namespace {
 
 namespace fs = std::filesystem;
@@ -38,4 +38,4 @@ TEST(NarrowText, IsInTheCodePageOfTheProcess) {
 }
 
 }  // namespace
-}  // namespace quorvex::testing
+}  // namespace quorvex::tests

@@ -7,7 +7,7 @@
 
 namespace {
 
-using namespace quorvex::testing;
+using namespace quorvex::tests;
 
 constexpr int kGridSize = 9;  // 81 points, more than a small block holds
 

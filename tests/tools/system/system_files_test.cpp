@@ -1,0 +1,51 @@
+#include "tools/system/system_files.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+
+#include "tests/support/test_files.h"
+
+namespace quorvex::tests {
+
+using namespace tools;
+
+namespace {
+
+TEST(CreateNewFile, WritesTheBytesAsTheyAre) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Path("n\xC3\xBC.txt");
+  std::FILE* file = CreateNewFile(path);
+  ASSERT_NE(file, nullptr);
+  std::fputs("a\nb\r\n\x1A", file);
+  std::fclose(file);
+  EXPECT_EQ(ReadWhole(path), "a\nb\r\n\x1A");
+}
+
+TEST(CreateNewFile, LeavesAFileThatIsThereAlone) {
+  const TemporaryFolder folder;
+  folder.File("kept", "text");
+  errno = 0;
+  EXPECT_EQ(CreateNewFile(folder.Path("kept")), nullptr);
+  EXPECT_EQ(errno, EEXIST);
+  EXPECT_EQ(ReadWhole(folder.Path("kept")), "text");
+}
+
+TEST(CreateNewFile, TellsThatTheFolderIsMissing) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(CreateNewFile(folder.Path("absent/file")), nullptr);
+  EXPECT_EQ(errno, ENOENT);
+}
+
+TEST(CopyOver, ReplacesAnEarlierFile) {
+  const TemporaryFolder folder;
+  folder.File("from", "new");
+  folder.File("to", "an earlier one");
+  const std::filesystem::path from = std::filesystem::u8path(folder.Path("from"));
+  EXPECT_FALSE(CopyOver(from, std::filesystem::u8path(folder.Path("to"))));
+  EXPECT_EQ(ReadWhole(folder.Path("to")), "new");
+  EXPECT_TRUE(CopyOver(from, std::filesystem::u8path(folder.Path("absent/to"))));
+}
+
+}  // namespace
+}  // namespace quorvex::tests

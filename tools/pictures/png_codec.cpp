@@ -1,0 +1,106 @@
+#include "tools/pictures/png_codec.h"
+
+#include <fmt/format.h>
+#include <png.h>
+
+#include <algorithm>
+#include <array>
+
+#include "interface/quorvex.h"
+#include "tools/errors.h"
+#include "tools/pictures/picture_limits.h"
+
+namespace quorvex::tools {
+namespace {
+
+constexpr std::array<std::uint8_t, 8> kSignature = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1a, '\n'};
+
+// Deflate packs at most 1032 bytes into one; a file that promises more pixels than that cannot hold
+// them, at no less than one bit a pixel.
+constexpr std::uint64_t kMaxPixelsPerByte = 1032 * 8;
+
+// Frees libpng's state on every path.
+struct PngImage {
+  png_image image{};
+  PngImage() { image.version = PNG_IMAGE_VERSION; }
+  ~PngImage() { png_image_free(&image); }
+  PngImage(const PngImage&) = delete;
+  PngImage& operator=(const PngImage&) = delete;
+};
+
+[[noreturn]] void ThrowCannotRead(const std::string& name, const std::string& reason) {
+  throw InputError(fmt::format("cannot read {}: {}", name, reason));
+}
+
+void CheckSize(const png_image& image, std::uint64_t fileBytes, const std::string& name) {
+  if (image.width > kMaxPictureSide || image.height > kMaxPictureSide) {
+    ThrowCannotRead(name, fmt::format("{} x {} pixels is more than {} on a side", image.width,
+                                      image.height, kMaxPictureSide));
+  }
+  const std::uint64_t pixels = std::uint64_t{image.width} * image.height;
+  if (pixels / kMaxPixelsPerByte > fileBytes) {
+    ThrowCannotRead(name, fmt::format("{} x {} pixels do not fit into {} bytes", image.width,
+                                      image.height, fileBytes));
+  }
+}
+
+std::vector<std::uint8_t> Encode(const std::vector<std::uint8_t>& samples, int width, int height,
+                                 png_uint_32 format, const std::string& name) {
+  PngImage png;
+  png.image.width = static_cast<png_uint_32>(width);
+  png.image.height = static_cast<png_uint_32>(height);
+  png.image.format = format;
+  png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(png.image);
+  std::vector<std::uint8_t> bytes(size);
+  if (png_image_write_to_memory(&png.image, bytes.data(), &size, 0, samples.data(), 0, nullptr) ==
+      0) {
+    throw InputError(fmt::format("cannot write {}: {}", name, png.image.message));
+  }
+  bytes.resize(size);
+  return bytes;
+}
+
+}  // namespace
+
+bool IsPng(const std::vector<std::uint8_t>& bytes) {
+  return bytes.size() >= kSignature.size() &&
+         std::equal(kSignature.begin(), kSignature.end(), bytes.begin());
+}
+
+Picture DecodePng(const std::vector<std::uint8_t>& bytes, const std::string& name) {
+  PngImage png;
+  png_image& image = png.image;
+  if (png_image_begin_read_from_memory(&image, bytes.data(), bytes.size()) == 0) {
+    ThrowCannotRead(name, image.message);
+  }
+  CheckSize(image, bytes.size(), name);
+  image.flags |= PNG_IMAGE_FLAG_16BIT_sRGB;  // otherwise 16 bits are taken as linear light
+  const bool isColor = (image.format & PNG_FORMAT_FLAG_COLOR) != 0;
+  image.format = isColor ? PNG_FORMAT_BGR : PNG_FORMAT_GRAY;
+  std::vector<std::uint8_t> samples(PNG_IMAGE_SIZE(image));
+  const png_color white = {255, 255, 255};
+  if (png_image_finish_read(&image, &white, samples.data(), 0, nullptr) == 0) {
+    ThrowCannotRead(name, image.message);
+  }
+
+  Picture picture;
+  picture.width = static_cast<int>(image.width);
+  picture.height = static_cast<int>(image.height);
+  if (isColor) {
+    picture.pixels.resize(samples.size() / 3);
+    ConvertRGBToGray(samples.data(), picture.width, picture.height, 24, picture.pixels.data());
+  } else {
+    picture.pixels = std::move(samples);
+  }
+  return picture;
+}
+
+std::vector<std::uint8_t> EncodePng(const Picture& picture, const std::string& name) {
+  return Encode(picture.pixels, picture.width, picture.height, PNG_FORMAT_GRAY, name);
+}
+
+std::vector<std::uint8_t> EncodePng(const ColorPicture& picture, const std::string& name) {
+  return Encode(picture.rgb, picture.width, picture.height, PNG_FORMAT_RGB, name);
+}
+
+}  // namespace quorvex::tools

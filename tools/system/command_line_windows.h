@@ -1,0 +1,20 @@
+// Windows hands a program one line of text; this is how arguments are put into it.
+#ifndef QUORVEX_TOOLS_SYSTEM_COMMAND_LINE_WINDOWS_H_
+#define QUORVEX_TOOLS_SYSTEM_COMMAND_LINE_WINDOWS_H_
+
+#include <string>
+#include <vector>
+
+namespace quorvex::tools {
+
+// One argument, in quotes, as CommandLine puts it. The C library's start expands no pattern in
+// them.
+std::wstring QuotedArgument(const std::string& argument);
+
+// The line that CommandLineToArgvW and the C library's start take apart into `program` and
+// `arguments` again. All are UTF-8; `program` holds no quote, as no file name does.
+std::wstring CommandLine(const std::string& program, const std::vector<std::string>& arguments);
+
+}  // namespace quorvex::tools
+
+#endif  // QUORVEX_TOOLS_SYSTEM_COMMAND_LINE_WINDOWS_H_

@@ -1,0 +1,21 @@
+// Where the command puts its text: a file that appears whole or not at all, or standard output.
+#ifndef QUORVEX_TOOLS_SYSTEM_OUTPUT_FILE_H_
+#define QUORVEX_TOOLS_SYSTEM_OUTPUT_FILE_H_
+
+#include <string>
+
+namespace quorvex::tools {
+
+// Throws InputError when a file could not be put in place at `path`, and leaves nothing behind. For
+// use before long work, so that its result is not lost to a mistyped name.
+void RequireWritable(const std::string& path);
+
+// Throws InputError; an earlier file at `path` is then as it was.
+void WriteTextFileWhole(const std::string& path, const std::string& text);
+
+// Throws InputError when standard output does not take everything.
+void WriteToStandardOutput(const std::string& text);
+
+}  // namespace quorvex::tools
+
+#endif  // QUORVEX_TOOLS_SYSTEM_OUTPUT_FILE_H_

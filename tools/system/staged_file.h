@@ -1,0 +1,38 @@
+// A file that appears whole or not at all: its bytes go to a temporary file in the same folder, and
+// Commit renames that over the target. Several files are put in place together by staging all of
+// them before the first Commit. A staged file that is never committed leaves nothing behind.
+#ifndef QUORVEX_TOOLS_SYSTEM_STAGED_FILE_H_
+#define QUORVEX_TOOLS_SYSTEM_STAGED_FILE_H_
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace quorvex::tools {
+
+class StagedFile {
+ public:
+  // Writes `bytes` to the temporary file. Throws InputError (tools/errors.h) naming the target and
+  // the reason: the folder is missing or not writable, the disk is full, or the target is something
+  // other than a regular file.
+  StagedFile(const std::string& targetPath, const std::vector<std::uint8_t>& bytes);
+  ~StagedFile();
+  StagedFile(const StagedFile&) = delete;
+  StagedFile& operator=(const StagedFile&) = delete;
+
+  // Replaces the target. Throws InputError when the system refuses; the target is then as before.
+  void Commit();
+
+ private:
+  void RemoveTemporary() noexcept;
+
+  std::string path;
+  std::string temporaryPath;
+};
+
+// Stages and commits one file.
+void WriteFileWhole(const std::string& path, const std::vector<std::uint8_t>& bytes);
+
+}  // namespace quorvex::tools
+
+#endif  // QUORVEX_TOOLS_SYSTEM_STAGED_FILE_H_

@@ -1,0 +1,17 @@
+#include "tools/system/system_files.h"
+
+namespace quorvex::tools {
+
+std::FILE* CreateNewFile(const std::string& path) { return std::fopen(path.c_str(), "wbx"); }
+
+std::string FileNameKey(const std::string& name) { return name; }
+
+std::error_code CopyOver(const std::filesystem::path& from, const std::filesystem::path& to) {
+  std::error_code error;
+  std::filesystem::copy_file(from, to, std::filesystem::copy_options::overwrite_existing, error);
+  return error;
+}
+
+void PassStandardStreamsUnchanged() {}  // they always do
+
+}  // namespace quorvex::tools

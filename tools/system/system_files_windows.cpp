@@ -1,0 +1,37 @@
+#include <fcntl.h>
+#include <io.h>
+#include <sys/stat.h>
+#include <windows.h>
+
+#include <filesystem>
+
+#include "tools/system/system_files.h"
+
+namespace quorvex::tools {
+
+// Not by fopen: the C library of Windows takes the mode "wbx" for "wb".
+std::FILE* CreateNewFile(const std::string& path) {
+  const int descriptor =
+      _wopen(std::filesystem::u8path(path).c_str(),
+             _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
+  return descriptor >= 0 ? _fdopen(descriptor, "wb") : nullptr;
+}
+
+std::string FileNameKey(const std::string& name) {
+  std::wstring key = std::filesystem::u8path(name).wstring();
+  CharLowerBuffW(key.data(), static_cast<DWORD>(key.size()));
+  return std::filesystem::path(key).u8string();
+}
+
+// Not by copy_file: libstdc++ of gcc 12 takes any two files of Windows for the same one.
+std::error_code CopyOver(const std::filesystem::path& from, const std::filesystem::path& to) {
+  if (CopyFileW(from.c_str(), to.c_str(), FALSE) != 0) return {};
+  return {static_cast<int>(GetLastError()), std::system_category()};
+}
+
+void PassStandardStreamsUnchanged() {
+  _setmode(_fileno(stdout), _O_BINARY);
+  _setmode(_fileno(stderr), _O_BINARY);
+}
+
+}  // namespace quorvex::tools

@@ -1,0 +1,127 @@
+#include <fmt/format.h>
+#include <signal.h>
+#include <spawn.h>
+#include <stdlib.h>
+#include <string.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <map>
+
+#include "tools/system/worker_process.h"
+
+extern char** environ;
+
+namespace quorvex::tools {
+namespace {
+
+constexpr int kSignalExitCode = 128;  // a shell shows a process ended by signal n as 128 + n
+
+std::string DescribeEnd(int status) {
+  if (WIFSIGNALED(status)) {
+    return fmt::format("the detection crashed ({})", strsignal(WTERMSIG(status)));
+  }
+  if (WEXITSTATUS(status) == 0) return "";
+  return fmt::format("the detection ended with exit code {}", WEXITSTATUS(status));
+}
+
+bool IsIgnored(int signalNumber) {
+  struct sigaction action;
+  return sigaction(signalNumber, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
+}  // namespace
+
+// The signals that matter are blocked and fetched one at a time, so none is lost between looking
+// and waiting, and no handler is needed.
+struct WorkerPool::State {
+  std::map<pid_t, int> workers;  // the callers' numbers by process
+  sigset_t awaited;
+  sigset_t callersMask;
+  struct sigaction callersChildAction;
+};
+
+WorkerPool::WorkerPool() : state_(std::make_unique<State>()) {
+  // A parent may have left SIGCHLD ignored, and the ends of children would then never be seen.
+  struct sigaction standard = {};
+  standard.sa_handler = SIG_DFL;
+  sigaction(SIGCHLD, &standard, &state_->callersChildAction);
+
+  sigemptyset(&state_->awaited);
+  sigaddset(&state_->awaited, SIGCHLD);
+  for (const int stop : {SIGINT, SIGTERM, SIGHUP}) {
+    if (!IsIgnored(stop)) sigaddset(&state_->awaited, stop);  // as nohup and shells ask for
+  }
+  pthread_sigmask(SIG_BLOCK, &state_->awaited, &state_->callersMask);
+}
+
+WorkerPool::~WorkerPool() {
+  for (const auto& [process, worker] : state_->workers) kill(process, SIGKILL);
+  for (const auto& [process, worker] : state_->workers) waitpid(process, nullptr, 0);
+  sigaction(SIGCHLD, &state_->callersChildAction, nullptr);
+  pthread_sigmask(SIG_SETMASK, &state_->callersMask, nullptr);
+}
+
+void WorkerPool::Start(int worker, const std::string& program,
+                       const std::vector<std::string>& arguments) {
+  std::vector<char*> argv{const_cast<char*>(program.c_str())};
+  for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
+  argv.push_back(nullptr);
+
+  posix_spawnattr_t attributes;
+  posix_spawnattr_init(&attributes);
+  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK);
+  posix_spawnattr_setsigmask(&attributes, &state_->callersMask);
+  pid_t process = 0;
+  const int error =
+      posix_spawn(&process, program.c_str(), nullptr, &attributes, argv.data(), environ);
+  posix_spawnattr_destroy(&attributes);
+  if (error != 0) {
+    throw std::runtime_error(fmt::format("cannot start {}: {}", program, strerror(error)));
+  }
+  state_->workers[process] = worker;
+}
+
+int WorkerPool::Count() const { return static_cast<int>(state_->workers.size()); }
+
+WorkerEnd WorkerPool::WaitForOne() {
+  for (;;) {
+    // Before every wait, since one SIGCHLD may stand for several ends.
+    for (const auto& [process, worker] : state_->workers) {
+      int status = 0;
+      if (waitpid(process, &status, WNOHANG) != process) continue;
+      const WorkerEnd end{worker, DescribeEnd(status)};
+      state_->workers.erase(process);
+      return end;
+    }
+    const int signalNumber = sigwaitinfo(&state_->awaited, nullptr);
+    if (signalNumber > 0 && signalNumber != SIGCHLD) {
+      throw Interrupted(kSignalExitCode + signalNumber);
+    }
+  }
+}
+
+std::string OwnProgramPath() {
+  std::error_code error;
+  const std::filesystem::path path = std::filesystem::read_symlink("/proc/self/exe", error);
+  if (error) throw std::runtime_error("cannot find the command's own program file");
+  return path.string();
+}
+
+std::string MakePrivateDirectory() {
+  std::error_code error;
+  const std::filesystem::path parent = std::filesystem::temp_directory_path(error);
+  if (error) throw std::runtime_error("there is no directory for temporary files");
+  std::string path = (std::filesystem::absolute(parent) / "quorvex-XXXXXX").string();
+  if (mkdtemp(path.data()) == nullptr) {
+    throw std::runtime_error(
+        fmt::format("cannot make a directory in {}: {}", parent.string(), strerror(errno)));
+  }
+  return path;
+}
+
+bool StandardErrorIsTerminal() { return isatty(STDERR_FILENO) != 0; }
+
+}  // namespace quorvex::tools
