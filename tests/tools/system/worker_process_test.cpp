@@ -62,7 +62,7 @@ TEST(WorkerPool, TellsAProgramThatCannotBeStarted) {
 }
 
 TEST(OwnProgram, IsThisOne) {
-  EXPECT_EQ(std::filesystem::u8path(OwnProgramPath()).stem(), "detect_tests");
+  EXPECT_EQ(std::filesystem::u8path(OwnProgramPath()).stem(), "tools_tests");
   EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::u8path(OwnProgramPath())));
 }
 
