@@ -8,12 +8,15 @@ install(TARGETS quorvex EXPORT quorvex_targets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT library
   RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT library
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library)
-set(quorvex_public_headers interface/quorvex.h interface/calibration_point.h)
-if(MINGW)
-  list(APPEND quorvex_public_headers interface/host_allocator.h)
-endif()
-install(FILES ${quorvex_public_headers}
+install(FILES interface/quorvex.h interface/calibration_point.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quorvex/interface COMPONENT library)
+# What the public headers include.
+set(quorvex_record_headers base/calibration_point.h)
+if(MINGW)
+  list(APPEND quorvex_record_headers base/host_allocator.h)
+endif()
+install(FILES ${quorvex_record_headers}
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quorvex/base COMPONENT library)
 if(MINGW)
   install(FILES ${quorvex_host_import_library} DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library)
   install(FILES docs/windows.md DESTINATION . COMPONENT library)

@@ -1,6 +1,7 @@
 # The library. Its sources are compiled once, as objects, and linked into the shared library and, without
 # the platform's message box, into the tests.
 add_library(quorvex_objects OBJECT
+  base/point_geometry.cpp
   imageio/bmp_file.cpp
   imageio/diagnostic_picture.cpp
   imageio/grey_conversion.cpp

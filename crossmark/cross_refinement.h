@@ -2,7 +2,7 @@
 #ifndef QUORVEX_CROSSMARK_CROSS_REFINEMENT_H_
 #define QUORVEX_CROSSMARK_CROSS_REFINEMENT_H_
 
-#include "interface/calibration_point.h"
+#include "base/calibration_point.h"
 
 namespace quorvex {
 

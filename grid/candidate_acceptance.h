@@ -2,7 +2,7 @@
 #ifndef QUORVEX_GRID_CANDIDATE_ACCEPTANCE_H_
 #define QUORVEX_GRID_CANDIDATE_ACCEPTANCE_H_
 
-#include "interface/calibration_point.h"
+#include "base/calibration_point.h"
 
 namespace quorvex {
 

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "base/gray_image.h"
+#include "base/pixel_position.h"
 #include "base/rounding.h"
 
 namespace quorvex {
@@ -17,11 +18,6 @@ constexpr std::size_t kFirstBox = 118;         // entry at which the search star
 constexpr std::size_t kBoxSize = 4;            // entries
 constexpr float kGatheredAbove = 40.0f;        // stroke pixels in a box
 
-struct ProbePosition {
-  int x;
-  int y;
-};
-
 // A step along the direction from the start. Rounding the offset and cutting the sum are two
 // separate truncations.
 int PositionAlong(int step, float direction, float start) {
@@ -29,7 +25,7 @@ int PositionAlong(int step, float direction, float start) {
   return TruncateToInt(static_cast<float>(offset) + start);
 }
 
-ProbePosition PositionAt(int step, PointF start, float dx, float dy) {
+PixelPosition PositionAt(int step, PointF start, float dx, float dy) {
   return {PositionAlong(step, dx, start.x), PositionAlong(step, dy, start.y)};
 }
 
@@ -37,7 +33,7 @@ bool IsWithinSpan(int value, const PixelSpan& span) {
   return value >= span.first + kBorderMargin && value <= span.last - kBorderMargin;
 }
 
-bool IsWithinTarget(ProbePosition position, int width, int height, int mode,
+bool IsWithinTarget(PixelPosition position, int width, int height, int mode,
                     const PixelSpanList& rowSpans, const PixelSpanList& columnSpans) {
   if (mode == kProbeRight || mode == kProbeLeft) {
     const bool hasSpan = position.y >= 0 && position.y < height;
@@ -56,7 +52,7 @@ bool IsStroke(const unsigned char* image, int width, int height, long long x, lo
 
 // The stroke pixels on the line through the position across the direction (dx, dy). The two sides
 // round differently: along an image axis the second side repeats the centre and ends at -98.
-int CountAcross(const unsigned char* image, int width, int height, ProbePosition position, float dx,
+int CountAcross(const unsigned char* image, int width, int height, PixelPosition position, float dx,
                 float dy) {
   const float px = -dy;
   const float py = dx;
@@ -104,7 +100,7 @@ bool ProbeNextCross(const unsigned char* image, int width, int height, PointF st
                     const PixelSpanList& columnSpans, PointF& next) {
   std::vector<float> profile;  // stroke pixels across the direction, one entry a step
   for (int step = 0; step < steps; ++step) {
-    const ProbePosition position = PositionAt(step, start, dx, dy);
+    const PixelPosition position = PositionAt(step, start, dx, dy);
     if (!IsWithinTarget(position, width, height, mode, rowSpans, columnSpans)) {
       break;
     }
@@ -117,7 +113,7 @@ bool ProbeNextCross(const unsigned char* image, int width, int height, PointF st
   if (found == 0) {
     return false;
   }
-  const ProbePosition position = PositionAt(static_cast<int>(found), start, dx, dy);
+  const PixelPosition position = PositionAt(static_cast<int>(found), start, dx, dy);
   next = {static_cast<float>(position.x), static_cast<float>(position.y)};
   return true;
 }

@@ -3,8 +3,8 @@
 #ifndef QUORVEX_GRID_CURVE_AXIS_H_
 #define QUORVEX_GRID_CURVE_AXIS_H_
 
+#include "base/calibration_point.h"
 #include "grid/curve_fit.h"
-#include "interface/calibration_point.h"
 
 namespace quorvex {
 

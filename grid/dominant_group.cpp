@@ -1,10 +1,11 @@
 #include "grid/dominant_group.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 #include <vector>
 
+#include "base/largest_field.h"
+#include "base/point_geometry.h"
 #include "base/rounding.h"
 #include "grid/point_selection.h"
 
@@ -35,15 +36,7 @@ std::vector<int> MostFrequentLabels(const PointList& candidates, int largestLabe
 // so that a later candidate wins only when it is nearer by its whole pixels. Without any candidate
 // within reach it is the first candidate's label, whatever that is.
 int NearestLabel(const PointList& candidates, const std::vector<int>& tiedLabels) {
-  float sumX = 0.0f;
-  float sumY = 0.0f;
-  for (const CalibrationPoint& candidate : candidates) {
-    sumX += candidate.x;
-    sumY += candidate.y;
-  }
-  const float count = static_cast<float>(candidates.size());
-  const float centroidX = sumX / count;
-  const float centroidY = sumY / count;
+  const CalibrationPoint centroid = CentreOfGravity(candidates);
   int bestDistance = kFarthestDistance;
   int bestLabel = candidates.front().col;
   for (const int label : tiedLabels) {
@@ -51,9 +44,7 @@ int NearestLabel(const PointList& candidates, const std::vector<int>& tiedLabels
       if (candidate.col != label) {
         continue;
       }
-      const float dx = candidate.x - centroidX;
-      const float dy = candidate.y - centroidY;
-      const float distance = static_cast<float>(std::sqrt(static_cast<double>(dx * dx + dy * dy)));
+      const float distance = PointDistance(centroid, candidate);
       if (static_cast<float>(bestDistance) > distance) {
         bestDistance = TruncateToInt(distance);
         bestLabel = label;
@@ -66,10 +57,7 @@ int NearestLabel(const PointList& candidates, const std::vector<int>& tiedLabels
 }  // namespace
 
 bool SelectDominantGroup(PointList candidates, PointList& selection) {
-  int largestLabel = -1;
-  for (const CalibrationPoint& candidate : candidates) {
-    largestLabel = std::max(largestLabel, candidate.col);
-  }
+  const int largestLabel = LargestField(candidates, &CalibrationPoint::col, -1);
   if (largestLabel < 0) {
     return false;
   }

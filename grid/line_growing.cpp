@@ -5,6 +5,7 @@
 #include <cstring>
 #include <vector>
 
+#include "base/largest_field.h"
 #include "grid/curve_axis.h"
 #include "grid/outlier_rejection.h"
 
@@ -103,10 +104,7 @@ bool GrowLines(const GrowthAxis& axis, const PointList& input, int span,
   if (input.size() < 2) {
     return false;
   }
-  int largestLabel = 0;
-  for (const CalibrationPoint& point : input) {
-    largestLabel = std::max(largestLabel, point.*axis.label);
-  }
+  const int largestLabel = LargestField(input, axis.label, 0);
   output.clear();
   AppendSeedLine(axis, input, seed, output);
   StepOutward(axis, input, span, seed, largestLabel, 1, output);
@@ -123,10 +121,7 @@ bool GrowRows(const PointList& input, int rowSpan, int, const QuadraticCoefficie
   }
   // Rows are numbered against the direction of y, columns along x: the pictures are stored
   // bottom-up.
-  int largestRow = 0;
-  for (const CalibrationPoint& point : output) {
-    largestRow = std::max(largestRow, point.row);
-  }
+  const int largestRow = LargestField(output, &CalibrationPoint::row, 0);
   for (CalibrationPoint& point : output) {
     point.row = largestRow - point.row;
   }

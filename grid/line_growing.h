@@ -3,8 +3,8 @@
 #ifndef QUORVEX_GRID_LINE_GROWING_H_
 #define QUORVEX_GRID_LINE_GROWING_H_
 
+#include "base/calibration_point.h"
 #include "grid/curve_fit.h"
-#include "interface/calibration_point.h"
 
 namespace quorvex {
 

@@ -2,8 +2,8 @@
 #ifndef QUORVEX_GRID_LINE_TRACING_H_
 #define QUORVEX_GRID_LINE_TRACING_H_
 
+#include "base/calibration_point.h"
 #include "base/pixel_span.h"
-#include "interface/calibration_point.h"
 
 namespace quorvex {
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "base/largest_field.h"
 #include "grid/candidate_acceptance.h"
 #include "grid/outlier_rejection.h"
 #include "grid/point_order.h"
@@ -40,14 +41,6 @@ PointList NewPoints(const PointList& grid, const PointList& extra) {
   return points;
 }
 
-int LargestIndex(const PointList& grid, int CalibrationPoint::*field) {
-  int largest = 0;
-  for (const CalibrationPoint& point : grid) {
-    largest = std::max(largest, point.*field);
-  }
-  return largest;
-}
-
 // What differs between the pass over the rows and the pass over the columns.
 struct MergeAxis {
   CurveAxis curve;
@@ -68,7 +61,7 @@ constexpr MergeAxis kColumns = {
 // Gives every extra point that fits a line of the grid that line's number and, for want of a place
 // along it, a provisional code. A later line that accepts a point overrides an earlier one.
 void AssignLines(const MergeAxis& axis, const PointList& grid, PointList& extra) {
-  const int largestLine = LargestIndex(grid, axis.line);
+  const int largestLine = LargestField(grid, axis.line, 0);
   for (int line = 0; line <= largestLine; ++line) {
     PointList linePoints = PointsWith(grid, axis.line, line);
     if (linePoints.size() < 2) {

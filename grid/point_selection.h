@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "interface/calibration_point.h"
+#include "base/calibration_point.h"
 
 namespace quorvex {
 

@@ -5,7 +5,7 @@
 #ifndef QUORVEX_GRID_PROVISIONAL_CODE_H_
 #define QUORVEX_GRID_PROVISIONAL_CODE_H_
 
-#include "interface/calibration_point.h"
+#include "base/calibration_point.h"
 
 namespace quorvex {
 

@@ -1,11 +1,11 @@
-// The detection entry: checks of the input and the image half of the pipeline. The grid half
-// follows in the result assembly.
+// The checks of the input and the image half of the pipeline. The grid half follows in the result
+// assembly.
+#include "interface/detection_driver.h"
 
 #include <limits>
 
 #include "base/gray_image.h"
 #include "imageio/diagnostic_picture.h"
-#include "interface/quorvex.h"
 #include "interface/result_assembly.h"
 #include "platform/mfc.h"
 #include "preprocess/binarize.h"
@@ -43,14 +43,10 @@ void Save(const GrayImage& image, const char* name) {
 }
 
 }  // namespace
-}  // namespace quorvex
 
-bool SingleCamDetectCalibrationPoint(unsigned char* image, long imageWidth, long imageHeight,
+bool SingleCamDetectCalibrationPoint(const unsigned char* image, long imageWidth, long imageHeight,
                                      int bitsPerPixel, int rowSpan, int columnSpan, float, float,
                                      int rowSteps, PointList& points) {
-  AFX_MANAGE_STATE(AfxGetStaticModuleState());
-  using namespace quorvex;
-
   if (image == nullptr || !IsAcceptableSize(imageWidth) || !IsAcceptableSize(imageHeight) ||
       bitsPerPixel != kBitsPerPixel) {
     return false;
@@ -101,3 +97,5 @@ bool SingleCamDetectCalibrationPoint(unsigned char* image, long imageWidth, long
   return AssembleResult(image, edges, mask, rowSpans, columnSpans, {rowSpan, columnSpan, rowSteps},
                         points);
 }
+
+}  // namespace quorvex

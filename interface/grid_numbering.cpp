@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "base/bubble_sort.h"
+#include "base/largest_field.h"
 #include "grid/missing_points.h"
 
 namespace quorvex {
@@ -11,11 +12,7 @@ namespace {
 
 // How many lines the grid has along a field: its largest value + 1, 0 for an empty grid.
 int LineCount(const PointList& grid, int CalibrationPoint::*field) {
-  int largest = -1;
-  for (const CalibrationPoint& point : grid) {
-    largest = std::max(largest, point.*field);
-  }
-  return largest + 1;
+  return LargestField(grid, field, -1) + 1;
 }
 
 }  // namespace

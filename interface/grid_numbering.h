@@ -2,7 +2,7 @@
 #ifndef QUORVEX_INTERFACE_GRID_NUMBERING_H_
 #define QUORVEX_INTERFACE_GRID_NUMBERING_H_
 
-#include "interface/calibration_point.h"
+#include "base/calibration_point.h"
 
 namespace quorvex {
 

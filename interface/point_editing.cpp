@@ -1,9 +1,8 @@
-// The operator's operations on a point list: query, delete, add, alter.
+#include "interface/point_editing.h"
 
 #include <algorithm>
 
-#include "interface/quorvex.h"
-
+namespace quorvex {
 namespace {
 
 constexpr float kDeletionReach = 9.0f;  // pixels to each side, in x and in y
@@ -71,3 +70,5 @@ bool AlterCalibrationPt_Coordinate(int id, int row, int col, float x, float y, P
   found->y = y;
   return true;
 }
+
+}  // namespace quorvex

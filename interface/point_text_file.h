@@ -2,7 +2,7 @@
 #ifndef QUORVEX_INTERFACE_POINT_TEXT_FILE_H_
 #define QUORVEX_INTERFACE_POINT_TEXT_FILE_H_
 
-#include "interface/calibration_point.h"
+#include "base/calibration_point.h"
 
 namespace quorvex {
 

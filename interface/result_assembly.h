@@ -2,9 +2,9 @@
 #ifndef QUORVEX_INTERFACE_RESULT_ASSEMBLY_H_
 #define QUORVEX_INTERFACE_RESULT_ASSEMBLY_H_
 
+#include "base/calibration_point.h"
 #include "base/gray_image.h"
 #include "base/pixel_span.h"
-#include "interface/calibration_point.h"
 
 namespace quorvex {
 

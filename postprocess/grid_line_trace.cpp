@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "postprocess/neighbour_search.h"
+#include "base/point_geometry.h"
 
 namespace quorvex {
 namespace {

@@ -2,7 +2,7 @@
 #ifndef QUORVEX_POSTPROCESS_GRID_LINE_TRACE_H_
 #define QUORVEX_POSTPROCESS_GRID_LINE_TRACE_H_
 
-#include "interface/calibration_point.h"
+#include "base/calibration_point.h"
 
 namespace quorvex {
 

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "base/point_geometry.h"
 #include "grid/point_order.h"
 #include "platform/mfc.h"
 #include "postprocess/grid_line_trace.h"
@@ -11,18 +12,6 @@ namespace quorvex {
 namespace {
 
 constexpr float kFarthestFromCentre = 1000.0f;  // pixels
-
-CalibrationPoint CentreOfGravity(const PointList& points) {
-  CalibrationPoint centre = {};
-  for (const CalibrationPoint& point : points) {
-    centre.x += point.x;
-    centre.y += point.y;
-  }
-  const float count = static_cast<float>(points.size());
-  centre.x /= count;
-  centre.y /= count;
-  return centre;
-}
 
 // The first of the nearest points to the centre of gravity; the list's first point when all are
 // far.

@@ -2,7 +2,7 @@
 #ifndef QUORVEX_POSTPROCESS_ID_REASSIGNMENT_H_
 #define QUORVEX_POSTPROCESS_ID_REASSIGNMENT_H_
 
-#include "interface/calibration_point.h"
+#include "base/calibration_point.h"
 
 namespace quorvex {
 

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "base/point_geometry.h"
+
 namespace quorvex {
 namespace {
 
@@ -33,12 +35,6 @@ bool IsInSector(double degrees, int sector) {
 }
 
 }  // namespace
-
-float PointDistance(const CalibrationPoint& from, const CalibrationPoint& to) {
-  const float dx = to.x - from.x;
-  const float dy = to.y - from.y;
-  return static_cast<float>(std::sqrt(static_cast<double>(dx * dx + dy * dy)));
-}
 
 bool FindNeighbourInSector(PointList points, const CalibrationPoint& from, CalibrationPoint& found,
                            int sector) {

@@ -2,7 +2,7 @@
 #ifndef QUORVEX_POSTPROCESS_NEIGHBOUR_SEARCH_H_
 #define QUORVEX_POSTPROCESS_NEIGHBOUR_SEARCH_H_
 
-#include "interface/calibration_point.h"
+#include "base/calibration_point.h"
 
 namespace quorvex {
 
@@ -11,9 +11,6 @@ constexpr int kTowardsLargerX = 1;
 constexpr int kTowardsSmallerX = 2;
 constexpr int kTowardsLargerY = 3;
 constexpr int kTowardsSmallerY = 4;
-
-// The distance of two points in pixels.
-float PointDistance(const CalibrationPoint& from, const CalibrationPoint& to);
 
 // Sets `found` to the nearest point more than 5 and less than 1000 pixels from `from` in the open
 // sector, the first of equally near ones. False, `found` untouched, when there is none, also for

@@ -4,16 +4,9 @@
 
 #include <vector>
 
+#include "base/pixel_position.h"
+
 namespace quorvex {
-
-struct PixelPosition {
-  int x;  // pixels, may lie outside the image
-  int y;
-};
-
-inline bool operator==(const PixelPosition& left, const PixelPosition& right) {
-  return left.x == right.x && left.y == right.y;
-}
 
 using OutlineList = std::vector<PixelPosition>;
 

@@ -32,11 +32,11 @@ fi
 } > "$scratch/uses.cpp"
 
 # The record spelt as a class, in a copy of its header that is found first.
-mkdir -p "$scratch/class/interface"
-sed 's/^struct CalibrationPoint {/class CalibrationPoint {\n public:/' interface/calibration_point.h \
-  > "$scratch/class/interface/calibration_point.h"
-grep -q '^class CalibrationPoint' "$scratch/class/interface/calibration_point.h"
-cp "$header" "$scratch/class/interface/"
+mkdir -p "$scratch/class/base" "$scratch/class/interface"
+sed 's/^struct CalibrationPoint {/class CalibrationPoint {\n public:/' base/calibration_point.h \
+  > "$scratch/class/base/calibration_point.h"
+grep -q '^class CalibrationPoint' "$scratch/class/base/calibration_point.h"
+cp "$header" interface/calibration_point.h "$scratch/class/interface/"
 
 visual_cpp() {
   clang++ --target=x86_64-pc-windows-msvc -std=c++17 -nostdlibinc -nostdinc++ \

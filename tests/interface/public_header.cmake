@@ -5,7 +5,7 @@ if(NOT compiler)
   return()
 endif()
 
-foreach(source interface/quorvex.h interface/calibration_point.h tests/interface/public_header.cpp)
+foreach(source interface/quorvex.h interface/calibration_point.h base/calibration_point.h tests/interface/public_header.cpp)
   execute_process(
     COMMAND ${compiler} -std=${STANDARD} -fsyntax-only -Wall -Wextra -Wpedantic -Werror -I ${SOURCE_DIR}
       -x c++ ${SOURCE_DIR}/${source}

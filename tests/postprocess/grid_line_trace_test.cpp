@@ -7,7 +7,7 @@
 #include <limits>
 #include <vector>
 
-#include "postprocess/neighbour_search.h"
+#include "base/point_geometry.h"
 #include "tests/support/points.h"
 #include "tests/support/reserved_bytes.h"
 

@@ -38,17 +38,6 @@ std::vector<int> SectorsOf(float x, float y) {
   return sectors;
 }
 
-TEST(PointDistance, IsRoundedToSinglePrecisionAtEveryStep) {
-  EXPECT_EQ(Bits(PointDistance(At(1.0f, 2.0f), At(4.0f, 6.0f))), Bits(5.0f));
-  EXPECT_EQ(Bits(PointDistance(At(4.0f, 6.0f), At(1.0f, 2.0f))), Bits(5.0f));
-  // The difference 2^24 + 1 becomes 2^24.
-  EXPECT_EQ(Bits(PointDistance(At(-1.0f, 0.0f), At(16777216.0f, 0.0f))), Bits(16777216.0f));
-  // The sum 25 + 10^-8 of the squares becomes 25.
-  EXPECT_EQ(Bits(PointDistance(At(0.0f, 0.0f), At(5.0f, 1e-4f))), Bits(5.0f));
-  // 1.41421353816986083984375 is the float nearest to the root of 2.
-  EXPECT_EQ(Bits(PointDistance(At(0.0f, 0.0f), At(1.0f, 1.0f))), 0x3FB504F3u);
-}
-
 TEST(FindNeighbourInSector, EachSectorLooksAlongItsAxis) {
   EXPECT_EQ(SectorsOf(100.0f, 0.0f), std::vector<int>{kTowardsLargerX});
   EXPECT_EQ(SectorsOf(-100.0f, 0.0f), std::vector<int>{kTowardsSmallerX});

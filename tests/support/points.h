@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <cstring>
 
-#include "interface/calibration_point.h"
+#include "base/calibration_point.h"
 
 namespace quorvex::tests {
 

@@ -2,7 +2,7 @@
 #ifndef QUORVEX_TESTS_SUPPORT_RESERVED_BYTES_H_
 #define QUORVEX_TESTS_SUPPORT_RESERVED_BYTES_H_
 
-#include "interface/calibration_point.h"
+#include "base/calibration_point.h"
 
 namespace quorvex::tests {
 

@@ -1,5 +1,5 @@
 // Memory of point lists, held against the rule of the host's runtime.
-#include "interface/host_allocator.h"
+#include "base/host_allocator.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -12,7 +12,7 @@
 #include <type_traits>
 #include <vector>
 
-#include "interface/calibration_point.h"
+#include "base/calibration_point.h"
 
 namespace quorvex::tests {
 namespace {

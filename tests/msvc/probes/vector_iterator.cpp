@@ -1,4 +1,4 @@
 // Must be refused: iterators of lists are no pointers.
-#include "interface/calibration_point.h"
+#include "base/calibration_point.h"
 
 CalibrationPoint* First(PointList& points) { return points.begin(); }

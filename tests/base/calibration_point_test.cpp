@@ -1,5 +1,5 @@
 // The record's layout is shared with programs compiled elsewhere.
-#include "interface/calibration_point.h"
+#include "base/calibration_point.h"
 
 #include <gtest/gtest.h>
 

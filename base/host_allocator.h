@@ -4,8 +4,8 @@
 // Visual C++'s release runtime (/MD, 64 bits) takes it, in the same form: malloc of the Universal C
 // runtime; blocks of 4096 bytes and more are aligned to 32 bytes by hand, and the address that
 // malloc gave stands in the 8 bytes before them.
-#ifndef QUORVEX_INTERFACE_HOST_ALLOCATOR_H_
-#define QUORVEX_INTERFACE_HOST_ALLOCATOR_H_
+#ifndef QUORVEX_BASE_HOST_ALLOCATOR_H_
+#define QUORVEX_BASE_HOST_ALLOCATOR_H_
 
 #include <cstddef>
 #include <cstdint>
@@ -113,4 +113,4 @@ bool operator!=(const HostAllocator<T>&, const HostAllocator<U>&) noexcept {
 
 }  // namespace quorvex
 
-#endif  // QUORVEX_INTERFACE_HOST_ALLOCATOR_H_
+#endif  // QUORVEX_BASE_HOST_ALLOCATOR_H_
