@@ -23,6 +23,7 @@ add_library(quorvex_objects OBJECT
   crossmark/cross_lines.cpp
   crossmark/cross_location.cpp
   crossmark/cross_refinement.cpp
+  crossmark/cross_strokes.cpp
   crossmark/hough_lines.cpp
   crossmark/image_patch.cpp
   crossmark/line_fit.cpp

@@ -2,11 +2,8 @@
 
 #include "base/gray_image.h"
 #include "crossmark/brightest_window.h"
-#include "crossmark/cross_lines.h"
-#include "crossmark/hough_lines.h"
+#include "crossmark/cross_strokes.h"
 #include "crossmark/image_patch.h"
-#include "crossmark/line_picture.h"
-#include "crossmark/line_splitting.h"
 #include "imageio/diagnostic_picture.h"
 
 namespace quorvex {
@@ -25,26 +22,14 @@ int LocateCrossMark(const unsigned char* image, int width, int height, int x, in
   const GrayImage patch = CutPatch(image, width, height, x0, y0, kSearchPatchSize);
   SaveDiagnosticPicture(patch.Data(), kSearchPatchSize, kSearchPatchSize, "./CrossMarkRegion.bmp");
 
-  LineSegmentList lines;
-  HoughLines(patch.Data(), kSearchPatchSize, kSearchPatchSize, kStroke, lines);
-  if (lines.empty()) {
+  CrossStrokes strokes;
+  if (!FindCrossStrokes({patch.Data(), kSearchPatchSize, kStroke, width, height}, strokes)) {
     return 0;
   }
-  SaveLinePicture(lines, width, height, "./Lines.bmp");
-
-  LineSegmentList segments;
-  SplitLineSegments(lines, segments);
-  if (segments.empty()) {
-    return 0;
-  }
-  SaveLinePicture(segments, width, height, "./LineSegment.bmp");
-
-  float crossX = 0.0f;
-  float crossY = 0.0f;
-  if (!SelectCrossLines(segments, crossX, crossY, firstLine, secondLine)) {
-    return 0;
-  }
-  centre = {crossX + static_cast<float>(x0), crossY + static_cast<float>(y0)};
+  firstLine = strokes.first;
+  secondLine = strokes.second;
+  centre = {strokes.crossing.x + static_cast<float>(x0),
+            strokes.crossing.y + static_cast<float>(y0)};
   return 1;
 }
 
