@@ -56,6 +56,7 @@ add_library(quorvex_objects OBJECT
   interface/quorvex_app.cpp
   interface/result_assembly.cpp
   interface/stray_points.cpp
+  interface/stroke_image.cpp
   postprocess/grid_line_trace.cpp
   postprocess/id_reassignment.cpp
   postprocess/neighbour_search.cpp

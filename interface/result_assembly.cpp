@@ -11,23 +11,23 @@
 
 namespace quorvex {
 
-bool AssembleResult(const unsigned char* input, const GrayImage& strokes, const GrayImage& mask,
-                    const PixelSpanList& rowSpans, const PixelSpanList& columnSpans,
+bool AssembleResult(const unsigned char* input, const StrokeImage& image,
                     const GridParameters& parameters, PointList& points) {
-  const int width = strokes.Width();
-  const int height = strokes.Height();
+  const unsigned char* const strokes = image.strokes.Data();
+  const int width = image.strokes.Width();
+  const int height = image.strokes.Height();
 
   PointList firstGrid;
-  if (!BuildGridFromCentreCross(strokes.Data(), width, height, parameters.rowSpan, 0,
-                                parameters.rowSteps, rowSpans, columnSpans, firstGrid)) {
+  if (!BuildGridFromCentreCross(strokes, width, height, parameters.rowSpan, 0, parameters.rowSteps,
+                                image.rowSpans, image.columnSpans, firstGrid)) {
     return false;
   }
   PointList seeds;
   SelectDominantGroup(firstGrid, seeds);
   // A second pass without a result leaves the first grid to stand alone.
   PointList secondGrid;
-  TraceRowsFromSeeds(strokes.Data(), width, height, 0, parameters.columnSpan, parameters.rowSteps,
-                     seeds, rowSpans, columnSpans, secondGrid);
+  TraceRowsFromSeeds(strokes, width, height, 0, parameters.columnSpan, parameters.rowSteps, seeds,
+                     image.rowSpans, image.columnSpans, secondGrid);
   WritePointTextFile("D:/Row.txt", secondGrid);
   WritePointTextFile("D:/Col.txt", firstGrid);
 
@@ -38,7 +38,7 @@ bool AssembleResult(const unsigned char* input, const GrayImage& strokes, const 
   AppendNumberedPoints(grid, points);
   SortPointsById(points);
 
-  RefineCrossMarks(input, width, height, mask.Data(), points);
+  RefineCrossMarks(input, width, height, image.mask.Data(), points);
   RemoveStrayPoints(width, height, points);
   TurnUpsideDown(height, points);
   return true;

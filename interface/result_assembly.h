@@ -3,8 +3,7 @@
 #define QUORVEX_INTERFACE_RESULT_ASSEMBLY_H_
 
 #include "base/calibration_point.h"
-#include "base/gray_image.h"
-#include "base/pixel_span.h"
+#include "interface/stroke_image.h"
 
 namespace quorvex {
 
@@ -15,13 +14,12 @@ struct GridParameters {
   int rowSteps;    // pixels from one mark of a row to the next
 };
 
-// Finds the grid on the stroke image (strokes 255), numbers, completes and refines it on the input
-// (a grey image of the same size) within the target's mask, and appends the points to the caller's
-// list. What that list held before takes part from there on: in the order by id, the removal of
-// points outside the image or within 3 pixels of an earlier one, and the turn of y. False, the list
-// untouched, when the first grid pass finds no grid.
-bool AssembleResult(const unsigned char* input, const GrayImage& strokes, const GrayImage& mask,
-                    const PixelSpanList& rowSpans, const PixelSpanList& columnSpans,
+// Finds the grid on the stroke image, numbers, completes and refines it on the input (the grey
+// image that the stroke image was made of) within the target's mask, and appends the points to the
+// caller's list. What that list held before takes part from there on: in the order by id, the
+// removal of points outside the image or within 3 pixels of an earlier one, and the turn of y.
+// False, the list untouched, when the first grid pass finds no grid.
+bool AssembleResult(const unsigned char* input, const StrokeImage& image,
                     const GridParameters& parameters, PointList& points);
 
 }  // namespace quorvex

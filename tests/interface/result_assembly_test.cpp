@@ -26,8 +26,9 @@ class AssembleResultTest : public ::testing::Test {
   }
 
   bool Assemble(PointList& points, int rowSteps = 300) {
-    return AssembleResult(input.Data(), strokes, mask, FullSpans(kSize, kSize),
-                          FullSpans(kSize, kSize), {20, 20, rowSteps}, points);
+    return AssembleResult(input.Data(),
+                          {strokes, mask, FullSpans(kSize, kSize), FullSpans(kSize, kSize)},
+                          {20, 20, rowSteps}, points);
   }
 
   void EraseCross(int x, int y) { DrawBox(strokes, x - 50, y - 50, x + 50, y + 50, 0); }
