@@ -18,6 +18,16 @@ inline bool IsInside(int x, int y, int width, int height) {
   return x >= 0 && x < width && y >= 0 && y < height;
 }
 
+// A grey image that somebody else owns, to be read.
+struct GrayView {
+  const unsigned char* pixels;  // width * height bytes
+  int width;
+  int height;
+
+  bool Holds(int x, int y) const { return IsInside(x, y, width, height); }
+  unsigned char At(int x, int y) const { return pixels[PixelOffset(x, y, width)]; }
+};
+
 class GrayImage {
  public:
   GrayImage() = default;

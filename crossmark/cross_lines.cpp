@@ -25,7 +25,7 @@ float FoldedDifference(float angle, float reference) {
 
 }  // namespace
 
-bool SelectCrossLines(LineSegmentList segments, float& x, float& y, LineSegment& firstLine,
+bool SelectCrossLines(const LineSegmentList& segments, float& x, float& y, LineSegment& firstLine,
                       LineSegment& secondLine) {
   if (segments.size() < 2) {
     return false;

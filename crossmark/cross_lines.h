@@ -10,7 +10,7 @@ namespace quorvex {
 // it, the one with the most points as second line (the earliest of equals each time), and sets (x,
 // y) to their crossing. Returns false when there are no two such strokes; the results then mean
 // nothing.
-bool SelectCrossLines(LineSegmentList segments, float& x, float& y, LineSegment& firstLine,
+bool SelectCrossLines(const LineSegmentList& segments, float& x, float& y, LineSegment& firstLine,
                       LineSegment& secondLine);
 
 }  // namespace quorvex

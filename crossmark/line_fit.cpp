@@ -10,7 +10,7 @@ constexpr float kVerticalAngle = 1.5707963f;  // radians
 
 }  // namespace
 
-bool FitLine(PointFList points, float& a, float& b, float& c, float& angle) {
+bool FitLine(const PointFList& points, float& a, float& b, float& c, float& angle) {
   if (points.size() < 2) {
     return false;
   }

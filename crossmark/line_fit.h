@@ -10,7 +10,7 @@ namespace quorvex {
 // x, and gives the line's direction angle in radians: the arc tangent of the slope, or 1.5707963
 // for points that hardly spread in x, which give a vertical line. Returns false, the results
 // untouched, for fewer than 2 points.
-bool FitLine(PointFList points, float& a, float& b, float& c, float& angle);
+bool FitLine(const PointFList& points, float& a, float& b, float& c, float& angle);
 
 }  // namespace quorvex
 

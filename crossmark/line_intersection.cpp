@@ -2,7 +2,7 @@
 
 namespace quorvex {
 
-bool IntersectLines(LineSegment first, LineSegment second, float& x, float& y) {
+bool IntersectLines(const LineSegment& first, const LineSegment& second, float& x, float& y) {
   const float determinant = first.a * second.b - second.a * first.b;
   if (determinant == 0.0f) {
     return false;

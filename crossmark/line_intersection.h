@@ -6,9 +6,9 @@
 
 namespace quorvex {
 
-// Sets (x, y) to the crossing of the two lines, which are taken over. False, x and y untouched,
+// Sets (x, y) to the crossing of the two lines. False, x and y untouched,
 // when they are parallel to the last bit.
-bool IntersectLines(LineSegment first, LineSegment second, float& x, float& y);
+bool IntersectLines(const LineSegment& first, const LineSegment& second, float& x, float& y);
 
 }  // namespace quorvex
 

@@ -45,7 +45,7 @@ PointFList RotateIntoLine(const PointFList& points, float angle, PointF centroid
   return rotated;
 }
 
-// The index behind the last point of the run that starts at `begin`.
+// The index after the last point of the run that starts at `begin`.
 std::size_t RunEnd(const PointFList& sorted, std::size_t begin) {
   std::size_t end = begin + 1;
   while (end < sorted.size() && Distance(sorted[end - 1], sorted[end]) <= kLargestGap) {
@@ -81,7 +81,8 @@ void SortPointsByU(PointFList points, PointF* sorted) {
   std::copy(points.begin(), points.end(), sorted);
 }
 
-void RotatePointsBack(PointFList points, float angle, float x0, float y0, PointFList& output) {
+void RotatePointsBack(const PointFList& points, float angle, float x0, float y0,
+                      PointFList& output) {
   const double cosine = std::cos(static_cast<double>(angle));
   const double sine = std::sin(static_cast<double>(angle));
   for (const PointF& point : points) {
@@ -92,7 +93,7 @@ void RotatePointsBack(PointFList points, float angle, float x0, float y0, PointF
   }
 }
 
-void SplitLineSegments(LineSegmentList lines, LineSegmentList& segments) {
+void SplitLineSegments(const LineSegmentList& lines, LineSegmentList& segments) {
   for (const LineSegment& line : lines) {
     LineSegment fitted;
     if (!FitLine(line.points, fitted.a, fitted.b, fitted.c, fitted.angle)) {

@@ -12,12 +12,13 @@ void SortPointsByU(PointFList points, PointF* sorted);
 
 // Appends every point (u, v), turned by -angle (radians) and then shifted by (x0, y0), to `output`:
 // (cos * u + sin * v + x0, cos * v - sin * u + y0).
-void RotatePointsBack(PointFList points, float angle, float x0, float y0, PointFList& output);
+void RotatePointsBack(const PointFList& points, float angle, float x0, float y0,
+                      PointFList& output);
 
 // Splits every line's points into runs without a gap above 10 pixels and appends the runs longer
 // than 30 pixels to `segments`: line by line, along the line. All segments of a line carry the
 // coefficients and the angle of the line fitted through all of its points.
-void SplitLineSegments(LineSegmentList lines, LineSegmentList& segments);
+void SplitLineSegments(const LineSegmentList& lines, LineSegmentList& segments);
 
 }  // namespace quorvex
 

@@ -1,7 +1,6 @@
 #include "grid/candidate_acceptance.h"
 
 #include <cmath>
-#include <utility>
 
 #include "base/rounding.h"
 #include "grid/curve_axis.h"
@@ -26,12 +25,12 @@ bool AcceptsCandidate(CurveAxis axis, PointList points, const CalibrationPoint& 
 
 }  // namespace
 
-bool AcceptsRowCandidate(PointList rowPoints, const CalibrationPoint& candidate) {
-  return AcceptsCandidate(CurveAxis::kRow, std::move(rowPoints), candidate);
+bool AcceptsRowCandidate(const PointList& rowPoints, const CalibrationPoint& candidate) {
+  return AcceptsCandidate(CurveAxis::kRow, rowPoints, candidate);
 }
 
-bool AcceptsColumnCandidate(PointList columnPoints, const CalibrationPoint& candidate) {
-  return AcceptsCandidate(CurveAxis::kColumn, std::move(columnPoints), candidate);
+bool AcceptsColumnCandidate(const PointList& columnPoints, const CalibrationPoint& candidate) {
+  return AcceptsCandidate(CurveAxis::kColumn, columnPoints, candidate);
 }
 
 }  // namespace quorvex

@@ -8,8 +8,8 @@ namespace quorvex {
 
 // True when every point of the row, the candidate included, lies less than 10 pixels off the curve
 // fitted through all of them; also true for a fit that is not a number.
-bool AcceptsRowCandidate(PointList rowPoints, const CalibrationPoint& candidate);
-bool AcceptsColumnCandidate(PointList columnPoints, const CalibrationPoint& candidate);
+bool AcceptsRowCandidate(const PointList& rowPoints, const CalibrationPoint& candidate);
+bool AcceptsColumnCandidate(const PointList& columnPoints, const CalibrationPoint& candidate);
 
 }  // namespace quorvex
 

@@ -25,53 +25,53 @@ int PositionAlong(int step, float direction, float start) {
   return TruncateToInt(static_cast<float>(offset) + start);
 }
 
-PixelPosition PositionAt(int step, PointF start, float dx, float dy) {
-  return {PositionAlong(step, dx, start.x), PositionAlong(step, dy, start.y)};
-}
+// A walk from the start in steps of the unit direction (dx, dy).
+struct Walk {
+  PointF start;
+  float dx;
+  float dy;
+
+  PixelPosition At(int step) const {
+    return {PositionAlong(step, dx, start.x), PositionAlong(step, dy, start.y)};
+  }
+};
 
 bool IsWithinSpan(int value, const PixelSpan& span) {
   return value >= span.first + kBorderMargin && value <= span.last - kBorderMargin;
 }
 
-bool IsWithinTarget(PixelPosition position, int width, int height, int mode,
-                    const PixelSpanList& rowSpans, const PixelSpanList& columnSpans) {
-  if (mode == kProbeRight || mode == kProbeLeft) {
-    const bool hasSpan = position.y >= 0 && position.y < height;
-    return IsWithinSpan(position.x, hasSpan ? rowSpans[static_cast<std::size_t>(position.y)]
-                                            : PixelSpan{0, width - 1});
-  }
-  const bool hasSpan = position.x >= 0 && position.x < width;
-  return IsWithinSpan(position.y, hasSpan ? columnSpans[static_cast<std::size_t>(position.x)]
-                                          : PixelSpan{0, height - 1});
+// Whether a coordinate is well within the span of the line that the other one names; a line beyond
+// the list spans `length` pixels.
+bool IsWithinLine(int value, int line, const PixelSpanList& spans, int lines, int length) {
+  const bool hasSpan = line >= 0 && line < lines;
+  return IsWithinSpan(value,
+                      hasSpan ? spans[static_cast<std::size_t>(line)] : PixelSpan{0, length - 1});
 }
 
-bool IsStroke(const unsigned char* image, int width, int height, long long x, long long y) {
-  return x >= 1 && x <= width - 2 && y >= 1 && y <= height - 2 &&
-         image[PixelOffset(static_cast<int>(x), static_cast<int>(y), width)] == kStroke;
+bool IsStroke(const GrayView& image, long long x, long long y) {
+  return x >= 1 && x <= image.width - 2 && y >= 1 && y <= image.height - 2 &&
+         image.At(static_cast<int>(x), static_cast<int>(y)) == kStroke;
 }
 
-// The stroke pixels on the line through the position across the direction (dx, dy). The two sides
-// round differently: along an image axis the second side repeats the centre and ends at -98.
-int CountAcross(const unsigned char* image, int width, int height, PixelPosition position, float dx,
-                float dy) {
-  const float px = -dy;
-  const float py = dx;
+// The stroke pixels from step `first` on to one side of the position.
+int CountToSide(const GrayView& image, PixelPosition position, float stepX, float stepY,
+                int first) {
   int count = 0;
-  for (int s = 0; s <= kAcrossReach; ++s) {
+  for (int s = first; s <= kAcrossReach; ++s) {
     const long long x =
-        position.x + static_cast<long long>(RoundHalfUp(static_cast<float>(s) * px));
+        position.x + static_cast<long long>(RoundHalfUp(static_cast<float>(s) * stepX));
     const long long y =
-        position.y + static_cast<long long>(RoundHalfUp(static_cast<float>(s) * py));
-    count += IsStroke(image, width, height, x, y) ? 1 : 0;
-  }
-  for (int s = 1; s <= kAcrossReach; ++s) {
-    const long long x =
-        position.x + static_cast<long long>(RoundHalfUp(-(static_cast<float>(s) * px)));
-    const long long y =
-        position.y + static_cast<long long>(RoundHalfUp(-(static_cast<float>(s) * py)));
-    count += IsStroke(image, width, height, x, y) ? 1 : 0;
+        position.y + static_cast<long long>(RoundHalfUp(static_cast<float>(s) * stepY));
+    count += IsStroke(image, x, y) ? 1 : 0;
   }
   return count;
+}
+
+// The stroke pixels on the line through the position across the walk. The two sides round
+// differently: along an image axis the second side repeats the centre and ends at -98.
+int CountAcross(const GrayView& image, PixelPosition position, const Walk& walk) {
+  return CountToSide(image, position, -walk.dy, walk.dx, 0) +
+         CountToSide(image, position, walk.dy, -walk.dx, 1);
 }
 
 // The first step at which four neighbouring entries gather enough strokes; 0 when there is none.
@@ -95,16 +95,22 @@ std::size_t FindGathering(const std::vector<float>& profile) {
 
 }  // namespace
 
-bool ProbeNextCross(const unsigned char* image, int width, int height, PointF start, int mode,
+bool ProbeNextCross(const unsigned char* image, int width, int height, PointF start, ProbeMode mode,
                     float dx, float dy, int steps, const PixelSpanList& rowSpans,
                     const PixelSpanList& columnSpans, PointF& next) {
-  std::vector<float> profile;  // stroke pixels across the direction, one entry a step
+  const GrayView view{image, width, height};
+  const Walk walk{start, dx, dy};
+  const bool isAlongRow = mode == kProbeRight || mode == kProbeLeft;
+  std::vector<float> profile;  // stroke pixels across the walk, one entry a step
   for (int step = 0; step < steps; ++step) {
-    const PixelPosition position = PositionAt(step, start, dx, dy);
-    if (!IsWithinTarget(position, width, height, mode, rowSpans, columnSpans)) {
+    const PixelPosition position = walk.At(step);
+    const bool isWithinTarget =
+        isAlongRow ? IsWithinLine(position.x, position.y, rowSpans, height, width)
+                   : IsWithinLine(position.y, position.x, columnSpans, width, height);
+    if (!isWithinTarget) {
       break;
     }
-    profile.push_back(static_cast<float>(CountAcross(image, width, height, position, dx, dy)));
+    profile.push_back(static_cast<float>(CountAcross(view, position, walk)));
   }
   if (profile.size() <= kShortestProfile) {
     return false;
@@ -113,7 +119,7 @@ bool ProbeNextCross(const unsigned char* image, int width, int height, PointF st
   if (found == 0) {
     return false;
   }
-  const PixelPosition position = PositionAt(static_cast<int>(found), start, dx, dy);
+  const PixelPosition position = walk.At(static_cast<int>(found));
   next = {static_cast<float>(position.x), static_cast<float>(position.y)};
   return true;
 }

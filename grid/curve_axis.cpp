@@ -4,13 +4,15 @@
 
 namespace quorvex {
 
-bool FitAxisCurve(CurveAxis axis, PointList points, QuadraticCoefficients& curve) {
-  if (axis == CurveAxis::kColumn) {
-    for (CalibrationPoint& point : points) {
-      std::swap(point.x, point.y);
-    }
+bool FitAxisCurve(CurveAxis axis, const PointList& points, QuadraticCoefficients& curve) {
+  if (axis == CurveAxis::kRow) {
+    return FitQuadraticCurve(points, curve);
   }
-  return FitQuadraticCurve(std::move(points), curve);
+  PointList exchanged = points;
+  for (CalibrationPoint& point : exchanged) {
+    std::swap(point.x, point.y);
+  }
+  return FitQuadraticCurve(exchanged, curve);
 }
 
 float SignedResidual(CurveAxis axis, const CalibrationPoint& point,

@@ -14,7 +14,7 @@ enum class CurveAxis {
 };
 
 // Fits a curve of that axis; results as FitQuadraticCurve.
-bool FitAxisCurve(CurveAxis axis, PointList points, QuadraticCoefficients& curve);
+bool FitAxisCurve(CurveAxis axis, const PointList& points, QuadraticCoefficients& curve);
 
 // How far the point lies beyond the curve, towards larger y of a row or larger x of a column;
 // pixels.

@@ -48,8 +48,9 @@ struct Crossing {
 
 }  // namespace
 
-bool IntersectRowAndColumnCurves(QuadraticCoefficients rowCurve, QuadraticCoefficients columnCurve,
-                                 int width, int height, float& x, float& y) {
+bool IntersectRowAndColumnCurves(const QuadraticCoefficients& rowCurve,
+                                 const QuadraticCoefficients& columnCurve, int width, int height,
+                                 float& x, float& y) {
   WriteQuartic(rowCurve, columnCurve);
   const float startResidual = static_cast<float>(width);
   Crossing best = {0.0f, 0.0f, startResidual};

@@ -11,8 +11,9 @@ namespace quorvex {
 // it. False, x and y untouched, when the curves stay more than 10 pixels apart or meet outside the
 // width * height image. Every call writes the coefficients of the quartic whose roots are the
 // crossings to "D:/sdf.txt"; a file that cannot be opened is skipped.
-bool IntersectRowAndColumnCurves(QuadraticCoefficients rowCurve, QuadraticCoefficients columnCurve,
-                                 int width, int height, float& x, float& y);
+bool IntersectRowAndColumnCurves(const QuadraticCoefficients& rowCurve,
+                                 const QuadraticCoefficients& columnCurve, int width, int height,
+                                 float& x, float& y);
 
 }  // namespace quorvex
 

@@ -78,7 +78,7 @@ void Eliminate(double (&matrix)[kUnknowns][kColumns]) {
 
 }  // namespace
 
-bool FitQuadraticCurve(PointList points, QuadraticCoefficients& curve) {
+bool FitQuadraticCurve(const PointList& points, QuadraticCoefficients& curve) {
   curve = QuadraticCoefficients();
   if (points.size() < 2) {
     return false;

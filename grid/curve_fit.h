@@ -24,7 +24,7 @@ inline float EvaluateCurve(const QuadraticCoefficients& curve, float t) {
 // and the result is false. A singular system of three or more points gives whatever the division
 // gives, and true. Method: normal equations by Gaussian elimination in double precision, each power
 // and product of coordinates formed in single precision first.
-bool FitQuadraticCurve(PointList points, QuadraticCoefficients& curve);
+bool FitQuadraticCurve(const PointList& points, QuadraticCoefficients& curve);
 
 }  // namespace quorvex
 

@@ -56,7 +56,7 @@ int NearestLabel(const PointList& candidates, const std::vector<int>& tiedLabels
 
 }  // namespace
 
-bool SelectDominantGroup(PointList candidates, PointList& selection) {
+bool SelectDominantGroup(const PointList& candidates, PointList& selection) {
   const int largestLabel = LargestField(candidates, &CalibrationPoint::col, -1);
   if (largestLabel < 0) {
     return false;

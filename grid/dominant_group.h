@@ -9,7 +9,7 @@ namespace quorvex {
 // Appends the candidates of the most frequent column label, in their order, to `selection`; of
 // equally frequent labels, that of the candidate nearest to the centroid of all. Negative labels
 // are no group. False when no candidate has a label.
-bool SelectDominantGroup(PointList candidates, PointList& selection);
+bool SelectDominantGroup(const PointList& candidates, PointList& selection);
 
 }  // namespace quorvex
 

@@ -35,15 +35,24 @@ bool IsAmong(const std::vector<QuadraticCoefficients>& curves, const QuadraticCo
   });
 }
 
+// What all steps of one growth share.
+struct Growth {
+  const GrowthAxis& axis;
+  const PointList& input;
+  int span;
+  const QuadraticCoefficients& seed;
+  int largestLabel;
+};
+
 // Of each label, the nearest point beyond the curve in the direction of `sign`, the first of
 // equals.
-PointList CollectCandidates(const GrowthAxis& axis, const PointList& input,
-                            const QuadraticCoefficients& curve, int largestLabel, float sign) {
+PointList CollectCandidates(const Growth& growth, const QuadraticCoefficients& curve, float sign) {
+  const GrowthAxis& axis = growth.axis;
   PointList candidates;
-  for (int label = 0; label <= largestLabel; ++label) {
+  for (int label = 0; label <= growth.largestLabel; ++label) {
     const CalibrationPoint* nearest = nullptr;
     float nearestDistance = kFarthestCandidate;
-    for (const CalibrationPoint& point : input) {
+    for (const CalibrationPoint& point : growth.input) {
       if (point.*axis.label != label) {
         continue;
       }
@@ -62,16 +71,14 @@ PointList CollectCandidates(const GrowthAxis& axis, const PointList& input,
 
 // Steps outward from the seed curve, one grid line a step, with the given direction of residuals
 // and of indices, and appends the points of every line to `output`.
-void StepOutward(const GrowthAxis& axis, const PointList& input, int span,
-                 const QuadraticCoefficients& seed, int largestLabel, int direction,
-                 PointList& output) {
-  std::vector<QuadraticCoefficients> curves = {seed};
+void StepOutward(const Growth& growth, int direction, PointList& output) {
+  const GrowthAxis& axis = growth.axis;
+  std::vector<QuadraticCoefficients> curves = {growth.seed};
   int k = 0;
   // The span bounds k, not its magnitude: it does not end a walk towards smaller values. That one
   // ends when its marks run out, or when a curve comes back after which it would repeat itself.
   do {
-    PointList candidates =
-        CollectCandidates(axis, input, curves.back(), largestLabel, static_cast<float>(direction));
+    PointList candidates = CollectCandidates(growth, curves.back(), static_cast<float>(direction));
     if (candidates.size() < kFewestCandidates) {
       return;
     }
@@ -86,13 +93,14 @@ void StepOutward(const GrowthAxis& axis, const PointList& input, int span,
       candidate.*axis.index = k;
       output.push_back(candidate);
     }
-  } while (k <= 2LL * span);
+  } while (k <= 2LL * growth.span);
 }
 
-void AppendSeedLine(const GrowthAxis& axis, const PointList& input,
-                    const QuadraticCoefficients& seed, PointList& output) {
-  for (CalibrationPoint point : input) {
-    if (static_cast<double>(std::fabs(SignedResidual(axis.curve, point, seed))) < kCurveReach) {
+void AppendSeedLine(const Growth& growth, PointList& output) {
+  const GrowthAxis& axis = growth.axis;
+  for (CalibrationPoint point : growth.input) {
+    const float residual = std::fabs(SignedResidual(axis.curve, point, growth.seed));
+    if (static_cast<double>(residual) < kCurveReach) {
       point.*axis.index = 0;
       output.push_back(point);
     }
@@ -104,11 +112,11 @@ bool GrowLines(const GrowthAxis& axis, const PointList& input, int span,
   if (input.size() < 2) {
     return false;
   }
-  const int largestLabel = LargestField(input, axis.label, 0);
+  const Growth growth{axis, input, span, seed, LargestField(input, axis.label, 0)};
   output.clear();
-  AppendSeedLine(axis, input, seed, output);
-  StepOutward(axis, input, span, seed, largestLabel, 1, output);
-  StepOutward(axis, input, span, seed, largestLabel, -1, output);
+  AppendSeedLine(growth, output);
+  StepOutward(growth, 1, output);
+  StepOutward(growth, -1, output);
   return true;
 }
 

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstddef>
 
+#include "base/gray_image.h"
 #include "base/rounding.h"
 #include "crossmark/cross_location.h"
 #include "grid/cross_probe.h"
@@ -14,14 +15,6 @@ constexpr int kSearchSize = 100;       // pixels around an estimate
 constexpr int kColumnSteps = 500;      // pixels from one mark of a column to the next
 constexpr double kSamePosition = 3.0;  // pixels in x and in y
 constexpr std::size_t kPointLimit = 101;
-
-struct StrokeImage {
-  const unsigned char* pixels;
-  int width;
-  int height;
-  const PixelSpanList& rowSpans;
-  const PixelSpanList& columnSpans;
-};
 
 struct Cross {
   PointF centre;
@@ -37,7 +30,7 @@ struct Direction {
 // One walk from the start cross: its probe mode, which stroke of a cross it follows and where along
 // it.
 struct Walk {
-  int mode;
+  ProbeMode mode;
   const LineSegment& (*chooseStroke)(const Cross&);
   Direction (*orient)(Direction);
 };
@@ -46,6 +39,17 @@ struct TraceAxis {
   Walk firstWalk;
   Walk secondWalk;
   int CalibrationPoint::*label;
+};
+
+// What all steps of one row or column share.
+struct Trace {
+  const TraceAxis& axis;
+  GrayView image;  // strokes 255
+  const PixelSpanList& rowSpans;
+  const PixelSpanList& columnSpans;
+  int steps;  // pixels from one mark to the next at the most
+  int label;
+  PointList& output;
 };
 
 float Slope(const LineSegment& line) { return std::fabs(line.b); }
@@ -82,21 +86,20 @@ constexpr TraceAxis kColumnTrace = {{kProbeDown, ColumnStrokeOrFirst, TowardsLar
                                     {kProbeUp, ColumnStrokeOrSecond, TowardsSmallerY},
                                     &CalibrationPoint::col};
 
-bool LocateCross(const StrokeImage& image, int x, int y, Cross& cross) {
+bool LocateCross(const GrayView& image, int x, int y, Cross& cross) {
   return LocateCrossMark(image.pixels, image.width, image.height, x, y, kSearchSize,
                          cross.firstLine, cross.secondLine, cross.centre) != 0;
 }
 
 // One step of a walk: the cross that follows `current`.
-bool FindNextCross(const StrokeImage& image, const Walk& walk, const Cross& current, int steps,
-                   Cross& found) {
+bool FindNextCross(const Trace& trace, const Walk& walk, const Cross& current, Cross& found) {
   const LineSegment& stroke = walk.chooseStroke(current);
   const Direction direction = walk.orient({stroke.b, -stroke.a});
   PointF next;
-  return ProbeNextCross(image.pixels, image.width, image.height, current.centre, walk.mode,
-                        direction.dx, direction.dy, steps, image.rowSpans, image.columnSpans,
-                        next) &&
-         LocateCross(image, TruncateToInt(next.x), TruncateToInt(next.y), found);
+  return ProbeNextCross(trace.image.pixels, trace.image.width, trace.image.height, current.centre,
+                        walk.mode, direction.dx, direction.dy, trace.steps, trace.rowSpans,
+                        trace.columnSpans, next) &&
+         LocateCross(trace.image, TruncateToInt(next.x), TruncateToInt(next.y), found);
 }
 
 bool IsSamePosition(const CalibrationPoint& point, PointF position) {
@@ -111,38 +114,36 @@ bool IsTaken(const PointList& points, PointF position) {
          (size >= 2 && IsSamePosition(points[size - 2], position));
 }
 
-void AppendCross(const TraceAxis& axis, const Cross& cross, int label, PointList& output) {
+void AppendCross(const Trace& trace, const Cross& cross) {
   CalibrationPoint point = {};
-  point.*axis.label = label;
+  point.*trace.axis.label = trace.label;
   point.x = cross.centre.x;
   point.y = cross.centre.y;
-  output.push_back(point);
+  trace.output.push_back(point);
 }
 
 // Follows one walk until a step fails, a mark is met again or the limit is reached. `counted` is
 // the size of the list at which the limit's count starts.
-void FollowWalk(const StrokeImage& image, const TraceAxis& axis, const Walk& walk, Cross current,
-                int steps, int label, std::size_t counted, PointList& output) {
+void FollowWalk(const Trace& trace, const Walk& walk, Cross current, std::size_t counted) {
   do {
     Cross found;
-    if (!FindNextCross(image, walk, current, steps, found) || IsTaken(output, found.centre)) {
+    if (!FindNextCross(trace, walk, current, found) || IsTaken(trace.output, found.centre)) {
       return;
     }
-    AppendCross(axis, found, label, output);
+    AppendCross(trace, found);
     current = found;
-  } while (output.size() - counted < kPointLimit);
+  } while (trace.output.size() - counted < kPointLimit);
 }
 
-void TraceLine(const StrokeImage& image, const TraceAxis& axis, int x, int y, int steps, int label,
-               PointList& output) {
+void TraceLine(const Trace& trace, int x, int y) {
   Cross start;
-  if (!LocateCross(image, x, y, start)) {
+  if (!LocateCross(trace.image, x, y, start)) {
     return;
   }
-  AppendCross(axis, start, label, output);
+  AppendCross(trace, start);
   // The first walk's limit counts all that the list holds, the second's only its own points.
-  FollowWalk(image, axis, axis.firstWalk, start, steps, label, 0, output);
-  FollowWalk(image, axis, axis.secondWalk, start, steps, label, output.size(), output);
+  FollowWalk(trace, trace.axis.firstWalk, start, 0);
+  FollowWalk(trace, trace.axis.secondWalk, start, trace.output.size());
 }
 
 }  // namespace
@@ -150,16 +151,17 @@ void TraceLine(const StrokeImage& image, const TraceAxis& axis, int x, int y, in
 bool TraceRow(const unsigned char* image, int width, int height, int x, int y, int rowSteps,
               const PixelSpanList& rowSpans, const PixelSpanList& columnSpans, int label,
               PointList& output) {
-  TraceLine({image, width, height, rowSpans, columnSpans}, kRowTrace, x, y, rowSteps, label,
-            output);
+  TraceLine({kRowTrace, {image, width, height}, rowSpans, columnSpans, rowSteps, label, output}, x,
+            y);
   return true;
 }
 
 bool TraceColumn(const unsigned char* image, int width, int height, int x, int y, int,
                  const PixelSpanList& rowSpans, const PixelSpanList& columnSpans, int label,
                  PointList& output) {
-  TraceLine({image, width, height, rowSpans, columnSpans}, kColumnTrace, x, y, kColumnSteps, label,
-            output);
+  TraceLine(
+      {kColumnTrace, {image, width, height}, rowSpans, columnSpans, kColumnSteps, label, output}, x,
+      y);
   return true;
 }
 

@@ -23,10 +23,16 @@ std::vector<bool> Occupancy(const PointList& points, int rows, int cols) {
   return isOccupied;
 }
 
-void PredictCell(const PointList& points, int row, int col, int cols, int width, int height,
-                 PointList& predicted) {
-  const PointList rowPoints = PointsWith(points, &CalibrationPoint::row, row);
-  const PointList columnPoints = PointsWith(points, &CalibrationPoint::col, col);
+struct Grid {
+  const PointList& points;
+  int cols;
+  int width;  // pixels, of the image
+  int height;
+};
+
+void PredictCell(const Grid& grid, int row, int col, PointList& predicted) {
+  const PointList rowPoints = PointsWith(grid.points, &CalibrationPoint::row, row);
+  const PointList columnPoints = PointsWith(grid.points, &CalibrationPoint::col, col);
   if (rowPoints.size() < 2 || columnPoints.size() < 2) {
     return;
   }
@@ -37,8 +43,9 @@ void PredictCell(const PointList& points, int row, int col, int cols, int width,
     return;
   }
   CalibrationPoint point = columnPoints.back();
-  if (IntersectRowAndColumnCurves(rowCurve, columnCurve, width, height, point.x, point.y)) {
-    point.id = cols * row + 1 + col;
+  if (IntersectRowAndColumnCurves(rowCurve, columnCurve, grid.width, grid.height, point.x,
+                                  point.y)) {
+    point.id = grid.cols * row + 1 + col;
     point.row = row;
     point.col = col;
     predicted.push_back(point);
@@ -47,7 +54,7 @@ void PredictCell(const PointList& points, int row, int col, int cols, int width,
 
 }  // namespace
 
-void PredictMissingGridPoints(PointList points, int rows, int cols, int width, int height,
+void PredictMissingGridPoints(const PointList& points, int rows, int cols, int width, int height,
                               PointList& predicted) {
   if (rows < 1 || cols < 1) {
     return;
@@ -58,7 +65,7 @@ void PredictMissingGridPoints(PointList points, int rows, int cols, int width, i
       const std::size_t cell = static_cast<std::size_t>(row) * static_cast<std::size_t>(cols) +
                                static_cast<std::size_t>(col);
       if (!isOccupied[cell]) {
-        PredictCell(points, row, col, cols, width, height, predicted);
+        PredictCell({points, cols, width, height}, row, col, predicted);
       }
     }
   }

@@ -11,7 +11,7 @@ namespace quorvex {
 // + 1. A cell whose row or column holds fewer than two points, or whose curves do not cross inside
 // the width * height image, stays empty. The other fields are copied from the last point of the
 // column.
-void PredictMissingGridPoints(PointList points, int rows, int cols, int width, int height,
+void PredictMissingGridPoints(const PointList& points, int rows, int cols, int width, int height,
                               PointList& predicted);
 
 }  // namespace quorvex

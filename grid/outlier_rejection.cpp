@@ -103,9 +103,11 @@ bool ColumnFitMaxResidual(const PointList& points, QuadraticCoefficients& curve,
   return FitMaxResidual(CurveAxis::kColumn, points, curve, largest, index);
 }
 
-float RowFitMeanResidual(PointList points) { return FitMeanResidual(CurveAxis::kRow, points); }
+float RowFitMeanResidual(const PointList& points) {
+  return FitMeanResidual(CurveAxis::kRow, points);
+}
 
-float ColumnFitMeanResidual(PointList points) {
+float ColumnFitMeanResidual(const PointList& points) {
   return FitMeanResidual(CurveAxis::kColumn, points);
 }
 

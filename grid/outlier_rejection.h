@@ -15,8 +15,8 @@ bool ColumnFitMaxResidual(const PointList& points, QuadraticCoefficients& curve,
 
 // The mean absolute residual (pixels) of the points against the row curve fitted to them; 0 for
 // fewer than 2 points.
-float RowFitMeanResidual(PointList points);
-float ColumnFitMeanResidual(PointList points);
+float RowFitMeanResidual(const PointList& points);
+float ColumnFitMeanResidual(const PointList& points);
 
 // Fits a row curve and, unless every residual is below the tolerance (pixels), removes points until
 // the mean residual of what would remain is below 2 pixels. The tolerance is asked only once: after

@@ -47,7 +47,7 @@ struct MergeAxis {
   int CalibrationPoint::*line;   // the number of the line
   int CalibrationPoint::*place;  // the number along the line
   void (*sort)(PointList&);
-  bool (*accepts)(PointList, const CalibrationPoint&);
+  bool (*accepts)(const PointList&, const CalibrationPoint&);
   int (*provisionalCode)(const PointList&, const CalibrationPoint&);
 };
 
@@ -111,18 +111,18 @@ void OpenNewLine(const MergeAxis& axis, PointList& extra, PointList& grid) {
 
 }  // namespace
 
-void MergePointSets(PointList first, PointList second, PointList& merged) {
+void MergePointSets(const PointList& first, const PointList& second, PointList& merged) {
   if (first.empty() && second.empty()) {
     return;
   }
   if (first.size() > second.size()) {
-    MergeIntoGrid(std::move(first), std::move(second), merged);
+    MergeIntoGrid(first, second, merged);
   } else {
-    MergeIntoGrid(std::move(second), std::move(first), merged);
+    MergeIntoGrid(second, first, merged);
   }
 }
 
-void MergeIntoGrid(PointList grid, PointList extra, PointList& merged) {
+void MergeIntoGrid(PointList grid, const PointList& extra, PointList& merged) {
   PointList points = NewPoints(grid, extra);
   AssignLines(kRows, grid, points);
   AssignLines(kColumns, grid, points);

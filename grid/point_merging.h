@@ -8,13 +8,13 @@ namespace quorvex {
 
 // Replaces `merged` by the longer list (the second of two equally long ones) and those points of
 // the other that it lacks and whose place in the grid can be told. Two empty lists leave it alone.
-void MergePointSets(PointList first, PointList second, PointList& merged);
+void MergePointSets(const PointList& first, const PointList& second, PointList& merged);
 
 // The same with the roles given. A point of `extra` joins the grid when it fits a row and a column
 // of it; the points that fit neither pair may open one new column and one new row. A new line takes
 // the number after its neighbour's even when an existing line has it: existing points are never
 // renumbered.
-void MergeIntoGrid(PointList grid, PointList extra, PointList& merged);
+void MergeIntoGrid(PointList grid, const PointList& extra, PointList& merged);
 
 }  // namespace quorvex
 

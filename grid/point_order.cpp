@@ -10,7 +10,7 @@ void SortPointsByX(PointList& points) {
   });
 }
 
-void SortPointsByY(PointList& points, int direction) {
+void SortPointsByY(PointList& points, SortDirection direction) {
   if (direction == kAscending) {
     BubbleSort(points, [](const CalibrationPoint& earlier, const CalibrationPoint& later) {
       return earlier.y > later.y;

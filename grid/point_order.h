@@ -6,14 +6,16 @@
 
 namespace quorvex {
 
-constexpr int kAscending = 1;
-constexpr int kDescending = 2;
+enum SortDirection : int {
+  kAscending = 1,
+  kDescending = 2,
+};
 
 // Sorts by x, ascending.
 void SortPointsByX(PointList& points);
 
-// Sorts by y; a direction other than kAscending and kDescending leaves the order as it is.
-void SortPointsByY(PointList& points, int direction);
+// Sorts by y; any other value of the direction leaves the order as it is.
+void SortPointsByY(PointList& points, SortDirection direction);
 
 }  // namespace quorvex
 

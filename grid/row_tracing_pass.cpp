@@ -9,8 +9,8 @@
 namespace quorvex {
 
 bool TraceRowsFromSeeds(const unsigned char* image, int width, int height, int, int columnSpan,
-                        int rowSteps, PointList seeds, PixelSpanList rowSpans,
-                        PixelSpanList columnSpans, PointList& output) {
+                        int rowSteps, PointList seeds, const PixelSpanList& rowSpans,
+                        const PixelSpanList& columnSpans, PointList& output) {
   constexpr float kRejectionTolerance = 10.0f;  // pixels
   PointList points;
   for (const CalibrationPoint& seed : seeds) {

@@ -12,8 +12,9 @@ namespace quorvex {
 // bounds the columns beyond the seeds', `rowSteps` is the largest distance of two marks of a row in
 // pixels; `unused` is ignored. False, the output as it was, when no point received a column.
 bool TraceRowsFromSeeds(const unsigned char* image, int width, int height, int unused,
-                        int columnSpan, int rowSteps, PointList seeds, PixelSpanList rowSpans,
-                        PixelSpanList columnSpans, PointList& output);
+                        int columnSpan, int rowSteps, PointList seeds,
+                        const PixelSpanList& rowSpans, const PixelSpanList& columnSpans,
+                        PointList& output);
 
 }  // namespace quorvex
 

@@ -159,7 +159,7 @@ bool ParseDib(const unsigned char* dib, std::uint64_t size, DibContents& content
   return contents.pixelOffset <= size;
 }
 
-// Reads everything behind the file header into a block of the whole file's size.
+// Reads everything after the file header into a block of the whole file's size.
 bool LoadDib(const char* path, GlobalBlock& block, std::uint64_t& size) {
   CFile file;
   if (!file.Open(CA2T(path), CFile::modeReadWrite)) {

@@ -60,7 +60,7 @@ NextPoint FindPointAhead(const PointList& points, const CalibrationPoint& previo
 
 }  // namespace
 
-void TraceGridLine(PointList points, CalibrationPoint& previous, CalibrationPoint& current,
+void TraceGridLine(const PointList& points, CalibrationPoint& previous, CalibrationPoint& current,
                    PointList& output) {
   for (int step = 0; step < kMostSteps; ++step) {
     const float lastStep = PointDistance(previous, current);

@@ -10,7 +10,7 @@ namespace quorvex {
 // points found to `output`. Each next point lies within 30 degrees of straight ahead and strictly
 // nearer than the step before was long: the spacing in a fisheye image shrinks away from its
 // centre. `previous` and `current` are moved along.
-void TraceGridLine(PointList points, CalibrationPoint& previous, CalibrationPoint& current,
+void TraceGridLine(const PointList& points, CalibrationPoint& previous, CalibrationPoint& current,
                    PointList& output);
 
 }  // namespace quorvex

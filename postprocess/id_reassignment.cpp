@@ -35,7 +35,7 @@ struct Branch {
   PointList traced;
 };
 
-Branch FollowBranch(const PointList& points, const CalibrationPoint& middle, int sector) {
+Branch FollowBranch(const PointList& points, const CalibrationPoint& middle, Sector sector) {
   Branch branch;
   CalibrationPoint neighbour = {};
   if (FindNeighbourInSector(points, middle, neighbour, sector)) {

@@ -19,7 +19,7 @@ double DirectionInDegrees(const CalibrationPoint& from, const CalibrationPoint& 
   return degrees < 0.0 ? degrees + 360.0 : degrees;
 }
 
-bool IsInSector(double degrees, int sector) {
+bool IsInSector(double degrees, Sector sector) {
   switch (sector) {
     case kTowardsLargerX:
       return degrees < 30.0 || degrees > 330.0;
@@ -29,15 +29,14 @@ bool IsInSector(double degrees, int sector) {
       return degrees > 60.0 && degrees < 120.0;
     case kTowardsSmallerY:
       return degrees > 240.0 && degrees < 300.0;
-    default:
-      return false;
   }
+  return false;
 }
 
 }  // namespace
 
-bool FindNeighbourInSector(PointList points, const CalibrationPoint& from, CalibrationPoint& found,
-                           int sector) {
+bool FindNeighbourInSector(const PointList& points, const CalibrationPoint& from,
+                           CalibrationPoint& found, Sector sector) {
   const CalibrationPoint* nearest = nullptr;
   float nearestDistance = kFarthest;
   for (const CalibrationPoint& point : points) {

@@ -7,16 +7,18 @@
 namespace quorvex {
 
 // Sectors of 60 degrees around the four directions.
-constexpr int kTowardsLargerX = 1;
-constexpr int kTowardsSmallerX = 2;
-constexpr int kTowardsLargerY = 3;
-constexpr int kTowardsSmallerY = 4;
+enum Sector : int {
+  kTowardsLargerX = 1,
+  kTowardsSmallerX = 2,
+  kTowardsLargerY = 3,
+  kTowardsSmallerY = 4,
+};
 
 // Sets `found` to the nearest point more than 5 and less than 1000 pixels from `from` in the open
 // sector, the first of equally near ones. False, `found` untouched, when there is none, also for
 // any other sector.
-bool FindNeighbourInSector(PointList points, const CalibrationPoint& from, CalibrationPoint& found,
-                           int sector);
+bool FindNeighbourInSector(const PointList& points, const CalibrationPoint& from,
+                           CalibrationPoint& found, Sector sector);
 
 }  // namespace quorvex
 

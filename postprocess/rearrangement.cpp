@@ -12,7 +12,7 @@ namespace {
 
 // What differs between the two cameras.
 struct Camera {
-  int direction;                  // in which the points of a row are sorted by y
+  SortDirection direction;        // in which the points of a row are sorted by y
   int (*columnOf)(int j, int n);  // the column of the j-th of them
 };
 

@@ -26,30 +26,29 @@ struct Ray {
   std::vector<RaySample> samples;
 };
 
-void SampleRay(const unsigned char* image, int width, int height, PixelPosition centre,
-               int rayLength, Ray& ray) {
+void SampleRay(const GrayView& image, PixelPosition centre, int rayLength, Ray& ray) {
   ray.samples.clear();
   for (int radius = 1; radius <= rayLength - 1; ++radius) {
     const PixelPosition offset = RayOffset(radius, ray.cosine, ray.sine);
     const int x = centre.x + offset.x;
     const int y = centre.y + offset.y;
-    if (!IsInside(x, y, width, height)) {
+    if (!image.Holds(x, y)) {
       break;
     }
-    ray.samples.push_back({radius, image[PixelOffset(x, y, width)]});
+    ray.samples.push_back({radius, image.At(x, y)});
   }
 }
 
 // Whether white lies within reach across the ray at `offset`, `distance` pixels from the centre:
 // the black there then belongs to a thin dark line that the ray meets or runs along.
-bool HasWhiteAcross(const unsigned char* image, int width, int height, PixelPosition centre,
-                    PixelPosition offset, float distance) {
+bool HasWhiteAcross(const GrayView& image, PixelPosition centre, PixelPosition offset,
+                    float distance) {
   const float stepX = static_cast<float>(-offset.y) / distance;
   const float stepY = static_cast<float>(offset.x) / distance;
   for (int t = -kAcrossReach; t <= kAcrossReach; ++t) {
     const int x = centre.x + offset.x + RoundHalfUp(static_cast<float>(t) * stepX);
     const int y = centre.y + offset.y + RoundHalfUp(static_cast<float>(t) * stepY);
-    if (IsInside(x, y, width, height) && image[PixelOffset(x, y, width)] > kWhiteAbove) {
+    if (image.Holds(x, y) && image.At(x, y) > kWhiteAbove) {
       return true;
     }
   }
@@ -64,8 +63,7 @@ float DistanceFromCentre(PixelPosition offset) {
 
 // The radius at which the target ends along the ray. The dark run is counted from the last radius
 // at which black followed white (0 at first), also across the skipped white of thin lines.
-int FindOutlineRadius(const unsigned char* image, int width, int height, PixelPosition centre,
-                      const Ray& ray) {
+int FindOutlineRadius(const GrayView& image, PixelPosition centre, const Ray& ray) {
   bool isWhite = false;
   int darkStart = 0;
   for (const RaySample& sample : ray.samples) {
@@ -84,7 +82,7 @@ int FindOutlineRadius(const unsigned char* image, int width, int height, PixelPo
     if (distance == 0.0f) {
       break;
     }
-    if (!HasWhiteAcross(image, width, height, centre, offset, distance)) {
+    if (!HasWhiteAcross(image, centre, offset, distance)) {
       darkStart = sample.radius;
       isWhite = false;
     }
@@ -104,6 +102,7 @@ PixelPosition RayOffset(int radius, double cosine, double sine) {
 }
 
 bool TraceTargetOutline(const unsigned char* image, int width, int height, OutlineList& outline) {
+  const GrayView view{image, width, height};
   const PixelPosition centre = ImageCentre(width, height);
   const double cx = centre.x;
   const double cy = centre.y;
@@ -113,8 +112,8 @@ bool TraceTargetOutline(const unsigned char* image, int width, int height, Outli
     const float angle = static_cast<float>(k) * kRayStep;
     ray.cosine = std::cos(static_cast<double>(angle));
     ray.sine = std::sin(static_cast<double>(angle));
-    SampleRay(image, width, height, centre, rayLength, ray);
-    const int radius = FindOutlineRadius(image, width, height, centre, ray);
+    SampleRay(view, centre, rayLength, ray);
+    const int radius = FindOutlineRadius(view, centre, ray);
     const PixelPosition offset = RayOffset(radius, ray.cosine, ray.sine);
     outline.push_back({centre.x + offset.x, centre.y + offset.y});
   }

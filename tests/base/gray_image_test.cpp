@@ -55,6 +55,18 @@ TEST(GrayImage, CopiesDoNotShareTheirPixels) {
   EXPECT_EQ(copy.Data()[0], 0);
 }
 
+TEST(GrayView, ReadsThePixelsOfAnotherImage) {
+  GrayImage image(3, 2);
+  image.Data()[PixelOffset(2, 1, 3)] = 7;
+  const GrayView view{image.Data(), image.Width(), image.Height()};
+  EXPECT_EQ(view.At(2, 1), 7);
+  EXPECT_EQ(view.At(1, 1), 0);
+  EXPECT_TRUE(view.Holds(2, 1));
+  EXPECT_FALSE(view.Holds(3, 1));
+  EXPECT_FALSE(view.Holds(2, 2));
+  EXPECT_FALSE(view.Holds(-1, 0));
+}
+
 TEST(GrayImage, MayBeWithoutPixels) {
   EXPECT_EQ(GrayImage().Size(), 0u);
   EXPECT_EQ(GrayImage(0, 5).Size(), 0u);

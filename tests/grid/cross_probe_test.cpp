@@ -22,8 +22,8 @@ class ProbeNextCrossTest : public ::testing::Test {
   // `count` stroke pixels across step t of the walk to the right.
   void DrawAcross(int t, int count) { DrawBox(image, 50 + t, 251, 50 + t, 250 + count); }
 
-  bool Probe(int steps, PointF start = {50.0f, 250.0f}, int mode = kProbeRight, float dx = 1.0f,
-             float dy = 0.0f) {
+  bool Probe(int steps, PointF start = {50.0f, 250.0f}, ProbeMode mode = kProbeRight,
+             float dx = 1.0f, float dy = 0.0f) {
     next = {-7.0f, -7.0f};
     return ProbeNextCross(image.Data(), kWidth, kHeight, start, mode, dx, dy, steps, rowSpans,
                           columnSpans, next);

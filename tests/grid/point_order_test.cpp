@@ -56,26 +56,26 @@ TEST(SortPointsByX, TheWholeRecordTravels) {
 
 TEST(SortPointsByY, DirectionOneAscends) {
   PointList points = Sample();
-  SortPointsByY(points, 1);
+  SortPointsByY(points, static_cast<SortDirection>(1));
   EXPECT_EQ(Ids(points), (std::vector<int>{3, 1, 2}));
 }
 
 TEST(SortPointsByY, DirectionTwoDescends) {
   PointList points = Sample();
-  SortPointsByY(points, 2);
+  SortPointsByY(points, static_cast<SortDirection>(2));
   EXPECT_EQ(Ids(points), (std::vector<int>{2, 1, 3}));
 }
 
 TEST(SortPointsByY, OtherDirectionsLeaveTheOrder) {
   for (const int direction : {0, 3, -1}) {
     PointList points = Sample();
-    SortPointsByY(points, direction);
+    SortPointsByY(points, static_cast<SortDirection>(direction));
     EXPECT_EQ(Ids(points), (std::vector<int>{1, 2, 3})) << direction;
   }
 }
 
 TEST(SortPointsByY, EqualValuesKeepTheirOrderInBothDirections) {
-  for (const int direction : {kAscending, kDescending}) {
+  for (const SortDirection direction : {kAscending, kDescending}) {
     PointList points = {MakePoint(1, 0, 0, 3.0f, 7.0f), MakePoint(2, 0, 0, 2.0f, 7.0f),
                         MakePoint(3, 0, 0, 1.0f, 7.0f)};
     SortPointsByY(points, direction);

@@ -13,12 +13,13 @@
 namespace quorvex::tests {
 namespace {
 
-constexpr int kSectors[] = {kTowardsLargerX, kTowardsSmallerX, kTowardsLargerY, kTowardsSmallerY};
+constexpr Sector kSectors[] = {kTowardsLargerX, kTowardsSmallerX, kTowardsLargerY,
+                               kTowardsSmallerY};
 constexpr int kNone = 0;
 const float kNan = std::numeric_limits<float>::quiet_NaN();
 
 // The id of the neighbour of (0, 0), or kNone.
-int NeighbourId(const PointList& points, int sector) {
+int NeighbourId(const PointList& points, Sector sector) {
   CalibrationPoint found = MakePoint(-99, 0, 0, 0.0f, 0.0f);
   if (!FindNeighbourInSector(points, At(0.0f, 0.0f), found, sector)) {
     EXPECT_EQ(found.id, -99);
@@ -30,7 +31,7 @@ int NeighbourId(const PointList& points, int sector) {
 // The sectors in which a lone point at (x, y) is the neighbour of (0, 0).
 std::vector<int> SectorsOf(float x, float y) {
   std::vector<int> sectors;
-  for (const int sector : kSectors) {
+  for (const Sector sector : kSectors) {
     if (NeighbourId({MakePoint(1, 0, 0, x, y)}, sector) != kNone) {
       sectors.push_back(sector);
     }
@@ -105,7 +106,7 @@ TEST(FindNeighbourInSector, OtherSectorsHoldNothing) {
   const PointList points = {MakePoint(1, 0, 0, 100.0f, 0.0f), MakePoint(2, 0, 0, -100.0f, 0.0f),
                             MakePoint(3, 0, 0, 0.0f, 100.0f), MakePoint(4, 0, 0, 0.0f, -100.0f)};
   for (const int sector : {0, 5, -1, 100}) {
-    EXPECT_EQ(NeighbourId(points, sector), kNone) << sector;
+    EXPECT_EQ(NeighbourId(points, static_cast<Sector>(sector)), kNone) << sector;
   }
 }
 
@@ -120,7 +121,7 @@ TEST(FindNeighbourInSector, ANeighbourIsMoreThanFivePixelsAway) {
 TEST(FindNeighbourInSector, TwoPointsWithinFivePixelsAreNotNeighbours) {
   const PointList points = {At(100.0f, 100.0f), At(104.0f, 101.0f)};
   CalibrationPoint found;
-  for (const int sector : kSectors) {
+  for (const Sector sector : kSectors) {
     EXPECT_FALSE(FindNeighbourInSector(points, points[0], found, sector)) << sector;
     EXPECT_FALSE(FindNeighbourInSector(points, points[1], found, sector)) << sector;
   }
@@ -162,7 +163,7 @@ TEST(FindNeighbourInSector, TheWholeRecordIsCopied) {
 }
 
 TEST(FindNeighbourInSector, NoPointsAndPointsThatAreNotNumbersHoldNothing) {
-  for (const int sector : kSectors) {
+  for (const Sector sector : kSectors) {
     EXPECT_EQ(NeighbourId({}, sector), kNone);
     EXPECT_EQ(NeighbourId({At(kNan, 0.0f), At(0.0f, kNan)}, sector), kNone);
   }
