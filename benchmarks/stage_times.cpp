@@ -1,13 +1,8 @@
-// How long each stage of a detection takes on one picture, in the order in which the data flows.
-//   stage_times IMAGE [REPETITIONS]
-// Each figure is the median of the repetitions; diagnostic pictures go to a temporary directory.
-#include <fmt/format.h>
+// How long a detection takes on the rendered presets, and its stages on one of them, each with the
+// pictures that it leaves behind. Stages that work in place include the copy of what they work on.
+#include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <chrono>
-#include <cstdlib>
-#include <filesystem>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -18,142 +13,162 @@
 #include "grid/point_merging.h"
 #include "grid/row_tracing_pass.h"
 #include "imageio/diagnostic_picture.h"
+#include "interface/detection_driver.h"
 #include "interface/grid_numbering.h"
-#include "interface/quorvex.h"
 #include "interface/stray_points.h"
-#include "preprocess/binarize.h"
-#include "preprocess/component_removal.h"
-#include "preprocess/dilation.h"
-#include "preprocess/mask_spans.h"
-#include "preprocess/outline_drawing.h"
-#include "preprocess/outline_erasure.h"
-#include "preprocess/outline_filter.h"
+#include "interface/stroke_image.h"
 #include "preprocess/outline_tracing.h"
-#include "preprocess/outside_region.h"
 #include "preprocess/rank_filter.h"
 #include "preprocess/sobel_edges.h"
-#include "preprocess/target_mask.h"
+#include "tests/road/detection_road.h"
 #include "tests/support/temporary_directory.h"
-#include "tools/pictures/picture_file.h"
+#include "tools/render/presets.h"
+#include "tools/render/render_target.h"
 
 namespace {
 
 using namespace quorvex;
-using Clock = std::chrono::steady_clock;
+using tests::kColumnSpan;
+using tests::kRowSpan;
+using tests::kRowSteps;
 
-constexpr int kSpan = 20;
-constexpr int kRowSteps = 300;  // pixels
-
-class Stopwatch {
- public:
-  // Runs the stage and keeps its time under the name.
-  template <typename Stage>
-  void Time(const std::string& name, Stage stage) {
-    const Clock::time_point start = Clock::now();
-    stage();
-    const double seconds = std::chrono::duration<double>(Clock::now() - start).count();
-    if (times_[name].empty()) {
-      order_.push_back(name);
-    }
-    times_[name].push_back(seconds);
+// The rendered picture as the library takes it, the bottom row first.
+GrayImage Render(const std::string& preset) {
+  const tools::Picture picture = tools::RenderTarget(tools::PresetByName(preset)).picture;
+  GrayImage image(picture.width, picture.height);
+  for (int y = 0; y < picture.height; ++y) {
+    std::copy_n(picture.pixels.data() + PixelOffset(0, y, picture.width), picture.width,
+                image.Data() + PixelOffset(0, picture.height - 1 - y, picture.width));
   }
+  return image;
+}
 
-  void Print() {
-    for (const std::string& name : order_) {
-      std::vector<double>& times = times_[name];
-      std::nth_element(times.begin(), times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2),
-                       times.end());
-      fmt::print("{:<28} {:9.2f} ms\n", name, times[times.size() / 2] * 1000.0);
-    }
-  }
-
- private:
-  std::vector<std::string> order_;
-  std::map<std::string, std::vector<double>> times_;
-};
-
-void TimeStages(const GrayImage& input, Stopwatch& watch) {
-  const int width = input.Width();
-  const int height = input.Height();
-  constexpr int kElement[9] = {1, 1, 1, 1, 1, 1, 1, 1, 1};
-  GrayImage working = input;
-  watch.Time("BinarizeImage (80)", [&] { BinarizeImage(working.Data(), width, height, 80); });
-  watch.Time("RankFilter3x3", [&] { RankFilter3x3(working.Data(), width, height, 0); });
-  BinarizeImage(working.Data(), width, height, 50);
-  watch.Time("DilateImage", [&] { DilateImage(working.Data(), width, height, 0, kElement); });
-
-  OutlineList outline;
-  watch.Time("TraceTargetOutline",
-             [&] { TraceTargetOutline(working.Data(), width, height, outline); });
-  const PixelPosition centre = ImageCentre(width, height);
-  watch.Time("FilterOutlinePoints", [&] { FilterOutlinePoints(outline, centre.x, centre.y); });
-  working.Fill(0);
-  watch.Time("DrawOutline", [&] { DrawOutline(working.Data(), width, height, outline); });
-  watch.Time("MarkOutsideRegion", [&] { MarkOutsideRegion(working.Data(), width, height); });
-
-  GrayImage mask;
-  GrayImage edges;
-  PixelSpanList rowSpans;
-  PixelSpanList columnSpans;
-  watch.Time("mask, region and spans", [&] {
-    mask = MakeTargetMask(working);
-    edges = MakeTargetRegion(input.Data(), working);
-    rowSpans = ComputeRowSpans(mask.Data(), width, height);
-    columnSpans = ComputeColumnSpans(mask.Data(), width, height);
-  });
-  watch.Time("SobelEdges", [&] { SobelEdges(edges.Data(), width, height); });
-  BinarizeImage(edges.Data(), width, height, 20);
-  watch.Time("EraseOutlineEdges", [&] { EraseOutlineEdges(edges.Data(), width, height, outline); });
-  watch.Time("RemoveLargeComponents", [&] { RemoveLargeComponents(edges.Data(), width, height); });
-  BinarizeImage(edges.Data(), width, height, 40);
-
+// What every stage gets from those before it.
+struct Detection {
+  GrayImage input = Render(tools::kDefaultPreset);
+  int width = input.Width();
+  int height = input.Height();
+  StrokeImage image = MakeStrokeImage(input.Data(), width, height);
   PointList firstGrid;
   PointList seeds;
   PointList secondGrid;
   PointList grid;
-  watch.Time("BuildGridFromCentreCross", [&] {
-    BuildGridFromCentreCross(edges.Data(), width, height, kSpan, 0, kRowSteps, rowSpans,
-                             columnSpans, firstGrid);
-  });
-  watch.Time("SelectDominantGroup", [&] { SelectDominantGroup(firstGrid, seeds); });
-  watch.Time("TraceRowsFromSeeds", [&] {
-    TraceRowsFromSeeds(edges.Data(), width, height, 0, kSpan, kRowSteps, seeds, rowSpans,
-                       columnSpans, secondGrid);
-  });
-  watch.Time("MergePointSets", [&] { MergePointSets(firstGrid, secondGrid, grid); });
-  NumberGrid(grid);
-  watch.Time("PredictMissingGridPoints", [&] { CompleteGrid(width, height, grid); });
-  watch.Time("RefineCrossMarks",
-             [&] { RefineCrossMarks(input.Data(), width, height, mask.Data(), grid); });
-  watch.Time("RemoveStrayPoints", [&] { RemoveStrayPoints(width, height, grid); });
-  watch.Time("one whole-image picture",
-             [&] { SaveDiagnosticPicture(mask.Data(), width, height, "./Mask.bmp"); });
 
+  Detection() {
+    BuildFirstGrid(firstGrid);
+    SelectDominantGroup(firstGrid, seeds);
+    TraceSecondGrid(secondGrid);
+    MergePointSets(firstGrid, secondGrid, grid);
+    NumberGrid(grid);
+  }
+
+  void BuildFirstGrid(PointList& output) const {
+    BuildGridFromCentreCross(image.strokes.Data(), width, height, kRowSpan, 0, kRowSteps,
+                             image.rowSpans, image.columnSpans, output);
+  }
+
+  void TraceSecondGrid(PointList& output) const {
+    TraceRowsFromSeeds(image.strokes.Data(), width, height, 0, kColumnSpan, kRowSteps, seeds,
+                       image.rowSpans, image.columnSpans, output);
+  }
+};
+
+const Detection& SharedDetection() {
+  static const Detection detection;
+  return detection;
+}
+
+void TimeDetection(benchmark::State& state, const std::string& preset) {
+  const GrayImage input = Render(preset);
+  const tests::TemporaryDirectory directory;
   PointList points;
-  watch.Time("whole detection", [&] {
-    SingleCamDetectCalibrationPoint(const_cast<unsigned char*>(input.Data()), width, height, 8,
-                                    kSpan, kSpan, 0.0f, 0.0f, kRowSteps, points);
+  for (auto _ : state) {
+    points.clear();
+    if (!SingleCamDetectCalibrationPoint(input.Data(), input.Width(), input.Height(), 8, kRowSpan,
+                                         kColumnSpan, 0.0f, 0.0f, kRowSteps, points)) {
+      state.SkipWithError("no target was found");
+      break;
+    }
+  }
+  state.counters["points"] = static_cast<double>(points.size());
+}
+
+template <typename Stage>
+void RegisterStage(const std::string& name, Stage stage) {
+  const auto run = [stage](benchmark::State& state) {
+    const tests::TemporaryDirectory directory;
+    const Detection& detection = SharedDetection();
+    for (auto _ : state) {
+      stage(detection);
+    }
+  };
+  benchmark::RegisterBenchmark(name.c_str(), run)->Unit(benchmark::kMillisecond);
+}
+
+void RegisterImageStages() {
+  RegisterStage("MakeStrokeImage",
+                [](const Detection& d) { MakeStrokeImage(d.input.Data(), d.width, d.height); });
+  // Black and white, as in a detection: the time depends on it.
+  RegisterStage("RankFilter3x3", [](const Detection& d) {
+    GrayImage mask = d.image.mask;
+    RankFilter3x3(mask.Data(), d.width, d.height, 0);
+  });
+  RegisterStage("SobelEdges", [](const Detection& d) {
+    GrayImage edges = d.input;
+    SobelEdges(edges.Data(), d.width, d.height);
+  });
+  RegisterStage("TraceTargetOutline", [](const Detection& d) {
+    OutlineList outline;
+    TraceTargetOutline(d.image.mask.Data(), d.width, d.height, outline);
+  });
+  RegisterStage("SaveDiagnosticPicture", [](const Detection& d) {
+    SaveDiagnosticPicture(d.input.Data(), d.width, d.height, "./ProImage.bmp");
+  });
+}
+
+void RegisterGridStages() {
+  RegisterStage("BuildGridFromCentreCross", [](const Detection& d) {
+    PointList grid;
+    d.BuildFirstGrid(grid);
+  });
+  RegisterStage("SelectDominantGroup", [](const Detection& d) {
+    PointList seeds;
+    SelectDominantGroup(d.firstGrid, seeds);
+  });
+  RegisterStage("TraceRowsFromSeeds", [](const Detection& d) {
+    PointList grid;
+    d.TraceSecondGrid(grid);
+  });
+  RegisterStage("MergePointSets", [](const Detection& d) {
+    PointList grid;
+    MergePointSets(d.firstGrid, d.secondGrid, grid);
+  });
+  RegisterStage("CompleteGrid", [](const Detection& d) {
+    PointList grid = d.grid;
+    CompleteGrid(d.width, d.height, grid);
+  });
+  RegisterStage("RefineCrossMarks", [](const Detection& d) {
+    PointList grid = d.grid;
+    RefineCrossMarks(d.input.Data(), d.width, d.height, d.image.mask.Data(), grid);
+  });
+  RegisterStage("RemoveStrayPoints", [](const Detection& d) {
+    PointList grid = d.grid;
+    RemoveStrayPoints(d.width, d.height, grid);
   });
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc < 2) {
-    fmt::print(stderr, "usage: stage_times IMAGE [REPETITIONS]\n");
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
     return 2;
   }
-  const int repetitions = argc > 2 ? std::atoi(argv[2]) : 5;
-  const tools::Picture picture = tools::ReadPictureFile(argv[1]);
-  GrayImage input(picture.width, picture.height);
-  for (int y = 0; y < picture.height; ++y) {
-    std::copy_n(picture.pixels.data() + PixelOffset(0, y, picture.width), picture.width,
-                input.Data() + PixelOffset(0, picture.height - 1 - y, picture.width));
+  for (const tools::Preset& preset : tools::AllPresets()) {
+    benchmark::RegisterBenchmark(("Detection/" + preset.name).c_str(), TimeDetection, preset.name)
+        ->Unit(benchmark::kMillisecond);
   }
-  const tests::TemporaryDirectory directory;
-  Stopwatch watch;
-  for (int i = 0; i < repetitions; ++i) {
-    TimeStages(input, watch);
-  }
-  watch.Print();
+  RegisterImageStages();
+  RegisterGridStages();
+  benchmark::RunSpecifiedBenchmarks();
 }

@@ -12,7 +12,9 @@ libpng_source=build/sources/libpng1.6
 windows=false
 for option in "$@"; do
   case "$option" in
-    --tests) packages+=(imagemagick) ;;                  # another reader and writer of BMP files
+    --tests)
+      packages+=(imagemagick)                            # another reader and writer of BMP files
+      packages+=(libbenchmark-dev) ;;
     --clang) packages+=(clang libclang-rt-14-dev llvm) ;; # the second compiler, its sanitizers and their symbolizer
     --windows)                                           # the Windows build, and Wine to run it
       windows=true
