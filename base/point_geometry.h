@@ -1,4 +1,4 @@
-// Distance and centroid of points in single precision.
+// Distance, centroid and nearness of points in single precision.
 #ifndef QUORVEX_BASE_POINT_GEOMETRY_H_
 #define QUORVEX_BASE_POINT_GEOMETRY_H_
 
@@ -13,6 +13,12 @@ float PointDistance(const CalibrationPoint& from, const CalibrationPoint& to);
 // The centroid of the points, summed in list order; a record of which only x and y are set. Both
 // are NaN for an empty list.
 CalibrationPoint CentreOfGravity(const PointList& points);
+
+// Whether a point lies inside the square that reaches `reach` pixels from (x, y) to each side; its
+// border does not count.
+inline bool IsInSquare(const CalibrationPoint& point, float x, float y, float reach) {
+  return point.x > x - reach && point.x < x + reach && point.y > y - reach && point.y < y + reach;
+}
 
 }  // namespace quorvex
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/largest_field.h"
+#include "base/point_geometry.h"
 #include "grid/candidate_acceptance.h"
 #include "grid/outlier_rejection.h"
 #include "grid/point_order.h"
@@ -19,19 +20,15 @@ constexpr float kRejectionTolerance = 10.0f;  // pixels
 constexpr int kNoPlace = -1;
 constexpr std::size_t kNewLineAbove = 2;  // points that a new line must exceed
 
-bool IsNear(const CalibrationPoint& point, const CalibrationPoint& other) {
-  return other.x > point.x - kDuplicateReach && other.x < point.x + kDuplicateReach &&
-         other.y > point.y - kDuplicateReach && other.y < point.y + kDuplicateReach;
-}
-
 // The points that are near no grid point, without a place. A point that came with the id -1 counts
 // as near one.
 PointList NewPoints(const PointList& grid, const PointList& extra) {
   PointList points;
   for (CalibrationPoint point : extra) {
-    const bool isDuplicate = std::any_of(
-        grid.begin(), grid.end(),
-        [&point](const CalibrationPoint& gridPoint) { return IsNear(gridPoint, point); });
+    const bool isDuplicate =
+        std::any_of(grid.begin(), grid.end(), [&point](const CalibrationPoint& gridPoint) {
+          return IsInSquare(point, gridPoint.x, gridPoint.y, kDuplicateReach);
+        });
     if (point.id != -1 && !isDuplicate) {
       point.row = kNoPlace;
       point.col = kNoPlace;

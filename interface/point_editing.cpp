@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/point_geometry.h"
+
 namespace quorvex {
 namespace {
 
@@ -43,8 +45,7 @@ bool DeleteCalibrationPt_ID(int id, PointList& points) {
 bool DeleteCalibrationPt_Coordinate(float x, float y, PointList& points) {
   // An open square: a point exactly 9 pixels off stays.
   return RemoveWhere(points, [x, y](const CalibrationPoint& point) {
-    return x + kDeletionReach > point.x && point.x > x - kDeletionReach &&
-           y + kDeletionReach > point.y && point.y > y - kDeletionReach;
+    return IsInSquare(point, x, y, kDeletionReach);
   });
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "base/point_geometry.h"
+
 namespace quorvex {
 namespace {
 
@@ -11,11 +13,6 @@ constexpr float kDuplicateReach = 3.0f;  // pixels in x and in y
 bool IsOutside(const CalibrationPoint& point, int width, int height) {
   return point.x > static_cast<float>(width - 1) || point.x < 0.0f ||
          point.y > static_cast<float>(height - 1) || point.y < 0.0f;
-}
-
-bool IsDuplicate(const CalibrationPoint& point, const CalibrationPoint& earlier) {
-  return point.x > earlier.x - kDuplicateReach && earlier.x + kDuplicateReach > point.x &&
-         point.y > earlier.y - kDuplicateReach && earlier.y + kDuplicateReach > point.y;
 }
 
 }  // namespace
@@ -28,7 +25,7 @@ void RemoveStrayPoints(int width, int height, PointList& points) {
     const CalibrationPoint point = *here;
     const bool isStray = IsOutside(point, width, height) ||
                          std::any_of(points.begin(), here, [&point](const CalibrationPoint& other) {
-                           return IsDuplicate(point, other);
+                           return IsInSquare(point, other.x, other.y, kDuplicateReach);
                          });
     if (isStray) {
       points.erase(here);

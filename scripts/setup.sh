@@ -14,7 +14,7 @@ for option in "$@"; do
   case "$option" in
     --tests)
       packages+=(imagemagick)                            # another reader and writer of BMP files
-      packages+=(libbenchmark-dev) ;;
+      packages+=(libbenchmark-dev) ;;                    # the benchmarks
     --clang) packages+=(clang libclang-rt-14-dev llvm) ;; # the second compiler, its sanitizers and their symbolizer
     --windows)                                           # the Windows build, and Wine to run it
       windows=true

@@ -37,5 +37,20 @@ TEST(CentreOfGravity, OfNothingIsNotANumber) {
   EXPECT_TRUE(std::isnan(centre.y));
 }
 
+TEST(IsInSquare, TheBorderDoesNotCount) {
+  EXPECT_TRUE(IsInSquare(At(100.0f, 100.0f), 100.0f, 100.0f, 9.0f));
+  EXPECT_TRUE(IsInSquare(At(108.5f, 91.5f), 100.0f, 100.0f, 9.0f));
+  EXPECT_FALSE(IsInSquare(At(109.0f, 100.0f), 100.0f, 100.0f, 9.0f));
+  EXPECT_FALSE(IsInSquare(At(91.0f, 100.0f), 100.0f, 100.0f, 9.0f));
+  EXPECT_FALSE(IsInSquare(At(100.0f, 109.0f), 100.0f, 100.0f, 9.0f));
+  EXPECT_FALSE(IsInSquare(At(100.0f, 91.0f), 100.0f, 100.0f, 9.0f));
+}
+
+TEST(IsInSquare, NotANumberIsNowhere) {
+  const float nan = std::nanf("");
+  EXPECT_FALSE(IsInSquare(At(nan, 0.0f), 0.0f, 0.0f, 9.0f));
+  EXPECT_FALSE(IsInSquare(At(0.0f, 0.0f), 0.0f, nan, 9.0f));
+}
+
 }  // namespace
 }  // namespace quorvex::tests
