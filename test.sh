@@ -34,6 +34,10 @@ for preset in "${presets[@]}"; do
   cmake --preset "$preset" -DQUORVEX_BUILD_TESTS=ON -DQUORVEX_WARNINGS_AS_ERRORS=ON >/dev/null
   if [[ ${#only[@]} -gt 0 ]]; then target=(--target road_tests); else target=(); fi
   cmake --build --preset "$preset" "${target[@]}"
+  if [[ ${#only[@]} -eq 0 ]]; then
+    if [[ $preset == windows ]]; then platform=windows; else platform=posix; fi
+    ctest --test-dir "build/$preset" --show-only | scripts/check_tests_present.sh "$platform"
+  fi
   echo "test: running the tests of $preset"
   ctest --test-dir "build/$preset" --output-on-failure --parallel "$(nproc)" --no-tests=error "${only[@]}"
 done

@@ -19,7 +19,9 @@ install(FILES ${quorvex_record_headers}
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quorvex/base COMPONENT library)
 if(MINGW)
   install(FILES ${quorvex_host_import_library} DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library)
-  install(FILES docs/windows.md DESTINATION . COMPONENT library)
+  install(FILES docs/windows.md LICENSE DESTINATION . COMPONENT library)
+else()
+  install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT library)
 endif()
 install(EXPORT quorvex_targets NAMESPACE quorvex:: FILE quorvex-targets.cmake
   DESTINATION ${quorvex_package_dir} COMPONENT library)

@@ -99,6 +99,9 @@ if(MSVC)
 elseif(WIN32)
   include(cmake/windows_dll.cmake)
 else()
+  # libquorvex.so is a link. Before 1.0 a new minor version may break hosts, as the CMake package says, too.
+  set_target_properties(quorvex PROPERTIES
+    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
   # Hidden visibility leaves the standard library's templates visible; the list leaves the exports alone.
   target_link_options(quorvex PRIVATE
     LINKER:--version-script=${PROJECT_SOURCE_DIR}/interface/exports.map)

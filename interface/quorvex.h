@@ -7,6 +7,11 @@
 // MFC can catch it as (...) only; between compilers of different makers none of them can be caught
 // by its type (docs/windows.md).
 //
+// Several threads may call at the same time, with lists of their own: each gets what it would get
+// alone. Only the files that detections leave behind have fixed names and are shared (the current
+// directory is the process's): of pictures and lists that several calls write at once, any may
+// remain, or a mixture. No result depends on them.
+//
 // Images are 8-bit pixel buffers, one row after another without gaps. Row 0 of a buffer is the
 // bottom row of the picture, as in a BMP file.
 #ifndef QUORVEX_INTERFACE_QUORVEX_H_
@@ -29,7 +34,11 @@
 //                 the image centre, its surroundings and its marks are darker than 80.
 //   width, height pixels; at least 4, multiples of 4 (otherwise a message is shown).
 //   bitsPerPixel  must be 8.
-//   rowSpan       how far rows are looked for beyond the centre row; 20 serves most targets.
+//   rowSpan       how far rows are looked for beyond the centre row; 20 serves most targets. The
+//                 search ends where no more marks are. In a degenerate grid, whose rows cross, the
+//                 same rows can be found again and again, and only the span ends that: after 2 *
+//                 rowSpan + 1 steps, whose points are all kept until then. With a span far beyond
+//                 the board such a grid grows until time or memory ends.
 //   columnSpan    the same for columns.
 //   unused1, 2    ignored.
 //   rowSteps      how many pixels a row may run from one mark to the next; at least the largest
@@ -43,6 +52,12 @@
 // was refused or no grid was found, and the list is then unchanged. Leaves diagnostic pictures
 // ("./ProImage.bmp" and others) in the current directory and "D:/Row.txt", "D:/Col.txt" and
 // "D:/sdf.txt" where that folder exists; failures to write them are ignored.
+//
+// When memory ends in mid-call, the exception leaves the list usable but not finished: what it held
+// before is there, and none, some or all of the grid's points behind it. They may not be refined
+// yet, their y may still count from the bottom row, points outside the image may be among them, and
+// the order may not yet be that of the ids. A host discards the list, or keeps a copy of what it
+// held.
 QUORVEX_API bool SingleCamDetectCalibrationPoint(unsigned char* image, long width, long height,
                                                  int bitsPerPixel, int rowSpan, int columnSpan,
                                                  float unused1, float unused2, int rowSteps,

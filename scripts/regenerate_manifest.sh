@@ -3,7 +3,7 @@
 # presets. Run it after a change that is meant to change an output, and read the difference.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-cmake --preset release >/dev/null
+cmake --preset release -DQUORVEX_BUILD_TESTS=ON >/dev/null
 cmake --build --preset release --target write_manifest
 rm -rf build/manifest
 build/release/tests/write_manifest build/manifest

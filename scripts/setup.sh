@@ -1,22 +1,25 @@
 #!/usr/bin/env bash
-# Installs what building and testing Quorvex needs on Debian and is not there yet. Cheap to run again.
+# Installs what Quorvex needs on Debian and is not there yet. Cheap to run again.
+#   scripts/setup.sh             what building needs
+#   scripts/setup.sh --tests     and what the tests need
+#   scripts/setup.sh --clang     and the second compiler, its sanitizers and their symbolizer
+#   scripts/setup.sh --windows   and the Windows build, and Wine to run it
+#   scripts/setup.sh --style     and the tools of scripts/check_style.sh
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 packages=(
   cmake ninja-build g++                                  # build
   libcli11-dev libfmt-dev nlohmann-json3-dev libpng-dev  # libraries of the command
-  libgtest-dev libgmock-dev                              # the tests are part of every build
 )
 libpng_source=build/sources/libpng1.6
 windows=false
 for option in "$@"; do
   case "$option" in
-    --tests)
-      packages+=(imagemagick)                            # another reader and writer of BMP files
-      packages+=(libbenchmark-dev) ;;                    # the benchmarks
-    --clang) packages+=(clang libclang-rt-14-dev llvm) ;; # the second compiler, its sanitizers and their symbolizer
-    --windows)                                           # the Windows build, and Wine to run it
+    --tests) packages+=(libgtest-dev libgmock-dev imagemagick) ;;  # imagemagick: another reader of BMP files
+    --clang) packages+=(clang libclang-rt-14-dev llvm) ;;
+    --style) packages+=(clang-format clang-tidy) ;;
+    --windows)
       windows=true
       packages+=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64 clang lld llvm dpkg-dev) ;;
     *) echo "setup: unknown option $option" >&2; exit 2 ;;

@@ -15,6 +15,10 @@ run(${CMAKE_COMMAND} --install ${BUILD_DIR} --component library --config "${CONF
   --prefix ${WORK_DIR}/installed)
 # An installed copy must not remember where it was built or installed.
 file(RENAME ${WORK_DIR}/installed ${WORK_DIR}/moved)
+file(GLOB_RECURSE license ${WORK_DIR}/moved/LICENSE)
+if(license STREQUAL "")
+  message(FATAL_ERROR "the installed copy has no LICENSE")
+endif()
 
 set(flags "")
 if(SANITIZE)

@@ -12,7 +12,7 @@ foreach(file IN ITEMS
     bin/quorvex.dll bin/quorvex.exe lib/quorvex.lib lib/libquorvex.dll.a
     lib/cmake/quorvex/quorvex-config.cmake include/quorvex/interface/quorvex.h
     include/quorvex/interface/calibration_point.h include/quorvex/base/calibration_point.h
-    include/quorvex/base/host_allocator.h windows.md)
+    include/quorvex/base/host_allocator.h windows.md LICENSE)
   if(NOT files MATCHES "(^|\n)${name}/${file}\n")
     message(SEND_ERROR "${file} is missing in:\n${files}")
   endif()
