@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "base/gray_image.h"
 #include "crossmark/patch.h"
 
 namespace quorvex {
@@ -36,7 +37,7 @@ class IntegralTable {
   }
 
  private:
-  static std::size_t Index(int x, int y) { return static_cast<std::size_t>(y * kPatchSize + x); }
+  static std::size_t Index(int x, int y) { return PixelOffset(x, y, kPatchSize); }
 
   std::uint64_t At(int x, int y) const { return x < 0 || y < 0 ? 0 : totals_[Index(x, y)]; }
 

@@ -29,8 +29,8 @@ void Print(const char* heading, const PointList& points) {
 
 int main(int argc, char** argv) {
   if (argc != 4) return Fail("usage: operator_road BOARD.bmp ROWS COLUMNS");
-  const int rows = std::atoi(argv[2]);
-  const int columns = std::atoi(argv[3]);
+  const int rows = static_cast<int>(std::strtol(argv[2], nullptr, 10));
+  const int columns = static_cast<int>(std::strtol(argv[3], nullptr, 10));
 
   unsigned char* pixels = nullptr;
   long width = 0, height = 0;

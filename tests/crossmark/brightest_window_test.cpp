@@ -5,7 +5,7 @@
 #include <limits>
 #include <random>
 
-#include "tests/crossmark/patch_support.h"
+#include "tests/support/patches.h"
 
 namespace quorvex::tests {
 namespace {

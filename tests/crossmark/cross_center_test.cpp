@@ -6,7 +6,7 @@
 #include <filesystem>
 
 #include "crossmark/patch.h"
-#include "tests/crossmark/patch_support.h"
+#include "tests/support/patches.h"
 #include "tests/support/points.h"
 #include "tests/support/temporary_directory.h"
 

@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "tests/crossmark/line_support.h"
+#include "tests/support/lines.h"
 
 namespace quorvex::tests {
 namespace {

@@ -7,8 +7,8 @@
 
 #include "crossmark/brightest_window.h"
 #include "crossmark/image_patch.h"
-#include "tests/crossmark/patch_support.h"
 #include "tests/support/faults.h"
+#include "tests/support/patches.h"
 #include "tests/support/points.h"
 #include "tests/support/temporary_directory.h"
 

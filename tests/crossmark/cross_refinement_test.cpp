@@ -10,8 +10,8 @@
 #include "crossmark/patch.h"
 #include "crossmark/patch_binarization.h"
 #include "crossmark/thinning.h"
-#include "tests/crossmark/patch_support.h"
 #include "tests/support/faults.h"
+#include "tests/support/patches.h"
 #include "tests/support/points.h"
 #include "tests/support/temporary_directory.h"
 

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "crossmark/hough_lines.h"
-#include "tests/crossmark/patch_support.h"
+#include "tests/support/patches.h"
 
 namespace quorvex::tests {
 namespace {

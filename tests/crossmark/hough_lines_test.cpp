@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "tests/crossmark/patch_support.h"
+#include "tests/support/patches.h"
 
 namespace quorvex::tests {
 namespace {

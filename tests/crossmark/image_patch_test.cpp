@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "tests/crossmark/patch_support.h"
+#include "tests/support/patches.h"
 #include "tests/support/text_image.h"
 
 namespace quorvex::tests {

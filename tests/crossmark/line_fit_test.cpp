@@ -5,7 +5,7 @@
 #include <cmath>
 #include <random>
 
-#include "tests/crossmark/line_support.h"
+#include "tests/support/lines.h"
 
 namespace quorvex::tests {
 namespace {

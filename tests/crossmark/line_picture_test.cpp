@@ -4,8 +4,9 @@
 
 #include <filesystem>
 
-#include "tests/crossmark/patch_support.h"
 #include "tests/support/faults.h"
+#include "tests/support/lines.h"
+#include "tests/support/patches.h"
 #include "tests/support/temporary_directory.h"
 
 namespace quorvex::tests {
@@ -14,15 +15,6 @@ namespace {
 constexpr int kWidth = 8;
 constexpr int kHeight = 6;
 const char* const kName = "./Points.bmp";
-
-LineSegmentList LinesThrough(const std::vector<PointFList>& pointLists) {
-  LineSegmentList lines;
-  for (const PointFList& points : pointLists) {
-    lines.emplace_back();
-    lines.back().points = points;
-  }
-  return lines;
-}
 
 // Offsets of the white pixels in the saved picture; everything else must be black.
 std::vector<int> WhiteOffsets(const std::vector<PointFList>& pointLists) {

@@ -7,19 +7,14 @@
 #include <random>
 
 #include "crossmark/line_fit.h"
-#include "tests/crossmark/line_support.h"
+#include "tests/support/lines.h"
 
 namespace quorvex::tests {
 namespace {
 
 LineSegmentList SegmentsOf(const std::vector<PointFList>& pointLists) {
-  LineSegmentList lines;
-  for (const PointFList& points : pointLists) {
-    lines.emplace_back();
-    lines.back().points = points;
-  }
   LineSegmentList segments;
-  SplitLineSegments(lines, segments);
+  SplitLineSegments(LinesThrough(pointLists), segments);
   return segments;
 }
 

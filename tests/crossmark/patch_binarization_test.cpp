@@ -8,7 +8,7 @@
 #include <random>
 
 #include "crossmark/patch.h"
-#include "tests/crossmark/patch_support.h"
+#include "tests/support/patches.h"
 
 namespace quorvex::tests {
 namespace {

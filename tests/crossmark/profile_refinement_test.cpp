@@ -9,8 +9,8 @@
 
 #include "crossmark/line_fit.h"
 #include "crossmark/patch.h"
-#include "tests/crossmark/line_support.h"
-#include "tests/crossmark/patch_support.h"
+#include "tests/support/lines.h"
+#include "tests/support/patches.h"
 
 namespace quorvex::tests {
 namespace {

@@ -5,8 +5,8 @@
 #include <random>
 
 #include "crossmark/patch.h"
-#include "tests/crossmark/patch_support.h"
 #include "tests/support/faults.h"
+#include "tests/support/patches.h"
 #include "tests/support/text_image.h"
 
 namespace quorvex::tests {

@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
+#include "tests/support/point_lists.h"
 #include "tests/support/points.h"
 #include "tests/support/stroke_image.h"
 #include "tests/support/temporary_directory.h"
@@ -24,17 +23,11 @@ class CentreCrossPassTest : public ::testing::Test {
   GrayImage image{kSize, kSize};
 };
 
-int Cell(float position) { return static_cast<int>(std::lround((position - 100.0f) / 150.0f)); }
-
 TEST_F(CentreCrossPassTest, LabelsTheWholeGrid) {
   DrawCrosses(image, {100, 250, 400, 550, 700}, {100, 250, 400, 550, 700});
   PointList grid;
   EXPECT_TRUE(Build(grid));
-  EXPECT_EQ(grid.size(), 25u);
-  for (const CalibrationPoint& point : grid) {
-    EXPECT_EQ(point.col, Cell(point.x));
-    EXPECT_EQ(point.row, 4 - Cell(point.y));  // row 0 has the largest y
-  }
+  ExpectPlacesOfFiveByFive(grid);
 }
 
 TEST_F(CentreCrossPassTest, RowSpanBoundsTheRowsTowardsLargerY) {
@@ -108,7 +101,7 @@ TEST_F(CentreCrossPassTest, ACrossWithoutAColumnStillUsesUpItsLabel) {
   ASSERT_EQ(grid.size(), 1u);
   EXPECT_EQ(grid[0].col, 1);
   EXPECT_EQ(grid[0].row, 0);
-  EXPECT_EQ(Cell(grid[0].x), 2);
+  EXPECT_EQ(CellAt(grid[0].x), 2);
 }
 
 }  // namespace

@@ -3,10 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <fstream>
-#include <iterator>
 #include <string>
 
+#include "tests/support/bytes.h"
 #include "tests/support/list_drive.h"
 #include "tests/support/points.h"
 #include "tests/support/temporary_directory.h"
@@ -97,18 +96,13 @@ TEST_F(IntersectRowAndColumnCurvesTest, CurvesThatAreNotNumbersDoNotCross) {
   EXPECT_FALSE(Intersect(Constant(std::nanf("")), Constant(40.0f), 100, 100));
 }
 
-std::string TextOf(const char* path) {
-  std::ifstream file(path);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
 TEST_F(IntersectRowAndColumnCurvesTest, WritesTheQuarticOfTheLatestCallAlsoWhenItFails) {
   const ListDrive drive;
   Intersect(Constant(1.0f), Constant(1.0f), 10, 10);
   // column(row(t)) - t for row 2 t^2 + 3 t + 5 and column 7 u^2 + 11 u + 13
   EXPECT_FALSE(Intersect({2.0f, 3.0f, 5.0f}, {7.0f, 11.0f, 13.0f}, 100, 100));
   // 7*4, 2*7*2*3, 7*9 + 2*7*2*5 + 11*2, 2*7*3*5 + 11*3 - 1, 7*25 + 11*5 + 13
-  EXPECT_EQ(TextOf("D:/sdf.txt"), "28.000000\t84.000000\t225.000000\t242.000000\t243.000000\n");
+  EXPECT_EQ(ReadText("D:/sdf.txt"), "28.000000\t84.000000\t225.000000\t242.000000\t243.000000\n");
 }
 
 TEST_F(IntersectRowAndColumnCurvesTest, AFileThatCannotBeOpenedIsSkipped) {

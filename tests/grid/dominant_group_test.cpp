@@ -16,11 +16,7 @@ CalibrationPoint Labelled(int id, int col, float x, float y = 0.0f) {
 std::vector<int> SelectedIds(const PointList& candidates) {
   PointList selection;
   SelectDominantGroup(candidates, selection);
-  std::vector<int> ids;
-  for (const CalibrationPoint& point : selection) {
-    ids.push_back(point.id);
-  }
-  return ids;
+  return Ids(selection);
 }
 
 TEST(SelectDominantGroup, NothingToSelectFromIsFalse) {

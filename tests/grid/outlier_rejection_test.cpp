@@ -13,14 +13,6 @@ namespace {
 
 const QuadraticCoefficients kStale = {7.0f, 8.0f, 9.0f};
 
-std::vector<int> Ids(const PointList& points) {
-  std::vector<int> ids;
-  for (const CalibrationPoint& point : points) {
-    ids.push_back(point.id);
-  }
-  return ids;
-}
-
 // A row at y = 50 with marks 100 pixels apart, ids from 0; `stray` lies `offset` pixels off.
 PointList Row(int count, int stray, float offset) {
   PointList points;

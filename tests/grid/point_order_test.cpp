@@ -10,14 +10,6 @@
 namespace quorvex::tests {
 namespace {
 
-std::vector<int> Ids(const PointList& points) {
-  std::vector<int> ids;
-  for (const CalibrationPoint& point : points) {
-    ids.push_back(point.id);
-  }
-  return ids;
-}
-
 PointList Sample() {
   return {MakePoint(1, 0, 0, 3.0f, 20.0f), MakePoint(2, 0, 0, -1.0f, 30.0f),
           MakePoint(3, 0, 0, 2.0f, 10.0f)};

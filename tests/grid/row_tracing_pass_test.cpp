@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
+#include "tests/support/point_lists.h"
 #include "tests/support/points.h"
 #include "tests/support/stroke_image.h"
 #include "tests/support/temporary_directory.h"
@@ -26,8 +25,6 @@ class RowTracingPassTest : public ::testing::Test {
   GrayImage image{kSize, kSize};
 };
 
-int Cell(float position) { return static_cast<int>(std::lround((position - 100.0f) / 150.0f)); }
-
 // Seeds down the third column, rows numbered from the largest y.
 PointList Seeds(int count) {
   PointList seeds;
@@ -40,11 +37,7 @@ PointList Seeds(int count) {
 TEST_F(RowTracingPassTest, LabelsTheRowsFromTheSeedsAndTheColumnsFromTheSeedColumn) {
   PointList points;
   EXPECT_TRUE(Trace(Seeds(5), points));
-  EXPECT_EQ(points.size(), 25u);
-  for (const CalibrationPoint& point : points) {
-    EXPECT_EQ(point.row, 4 - Cell(point.y));
-    EXPECT_EQ(point.col, Cell(point.x));
-  }
+  ExpectPlacesOfFiveByFive(points);
 }
 
 TEST_F(RowTracingPassTest, ColumnSpanBoundsTheColumnsTowardsLargerX) {
@@ -84,7 +77,7 @@ TEST_F(RowTracingPassTest, ANegativeRowNumberIsPassedOn) {
   EXPECT_TRUE(Trace(seeds, points));
   int negative = 0;
   for (const CalibrationPoint& point : points) {
-    EXPECT_EQ(point.row, 4 - Cell(point.y) == 1 ? -1 : 4 - Cell(point.y));
+    EXPECT_EQ(point.row, 4 - CellAt(point.y) == 1 ? -1 : 4 - CellAt(point.y));
     negative += point.row == -1 ? 1 : 0;
   }
   EXPECT_EQ(negative, 1);  // in the seed column; steps ask rows from 0 on

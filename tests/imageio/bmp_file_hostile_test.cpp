@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <string>
 
-#include "tests/imageio/read_result.h"
 #include "tests/support/bytes.h"
+#include "tests/support/read_result.h"
 #include "tests/support/temporary_directory.h"
 
 namespace quorvex::tests {
@@ -107,7 +107,7 @@ class ReadImageHeaderTest : public ::testing::TestWithParam<HeaderCase> {
 TEST_P(ReadImageHeaderTest, IsReadAsItStandsOrRefused) {
   const HeaderCase& expected = GetParam();
   const Bytes file = FileOf(expected.header, expected.size);
-  WriteFile(kName, file);
+  WriteBytes(kName, file);
   const ReadResult result = Read(kName);
   if (expected.pixelOffset == kRefused) {
     EXPECT_FALSE(result.isRead);
@@ -144,7 +144,7 @@ class ReadImageTruncationTest : public ::testing::TestWithParam<TruncationCase> 
 TEST_P(ReadImageTruncationTest, IsRefusedUntilThePixelsCanBeLocated) {
   const TruncationCase& truncation = GetParam();
   ASSERT_LT(truncation.shortestRead, truncation.file.size());
-  WriteFile(kName, truncation.file);
+  WriteBytes(kName, truncation.file);
   for (std::size_t cut = 0; cut <= truncation.file.size(); ++cut) {
     const std::size_t length = truncation.file.size() - cut;
     std::filesystem::resize_file(kName, length);

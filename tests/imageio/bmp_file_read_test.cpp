@@ -4,9 +4,9 @@
 #include <numeric>
 
 #include "platform/mfc.h"
-#include "tests/imageio/read_result.h"
 #include "tests/support/bytes.h"
 #include "tests/support/faults.h"
+#include "tests/support/read_result.h"
 #include "tests/support/temporary_directory.h"
 
 namespace quorvex::tests {
@@ -20,8 +20,8 @@ class ReadImageTest : public ::testing::Test {
   TemporaryDirectory directory_;
 };
 
-ReadResult ReadBytes(const Bytes& bytes) {
-  WriteFile(kName, bytes);
+ReadResult ReadStored(const Bytes& bytes) {
+  WriteBytes(kName, bytes);
   return Read(kName);
 }
 
@@ -34,7 +34,7 @@ Bytes SavedFile() {
   Bytes pixels(32);
   std::iota(pixels.begin(), pixels.end(), static_cast<unsigned char>(1));
   Save_Image(pixels.data(), 8, 4, 8, kName);
-  return ReadFile(kName);
+  return ReadBytes(kName);
 }
 
 void ExpectRefused(const char* path) {
@@ -78,7 +78,7 @@ TEST_F(ReadImageTest, FileIsReleasedAfterwards) {
 TEST_F(ReadImageTest, FileIsLeftAsItWas) {
   const Bytes file = SavedFile();
   ASSERT_TRUE(Read(kName).isRead);
-  EXPECT_EQ(ReadFile(kName), file);
+  EXPECT_EQ(ReadBytes(kName), file);
 }
 
 TEST_F(ReadImageTest, EveryCallHandsOutABlockOfItsOwn) {
@@ -112,7 +112,7 @@ TEST_F(ReadImageTest, MissingFileFolderAndNullPathAreRefused) {
 }
 
 TEST_F(ReadImageTest, FileOfTwoBytesIsRefusedWithoutAllocating) {
-  WriteFile(kName, {'B', 'M'});
+  WriteBytes(kName, {'B', 'M'});
   const FailNth fault(Fault::kGlobalAlloc, 1);
   ExpectRefused(kName);
   EXPECT_FALSE(fault.HasHappened());
@@ -123,7 +123,7 @@ TEST_F(ReadImageTest, OtherFirstBytesAreRefusedWithoutAllocating) {
     Bytes file = SavedFile();
     file[0] = type[0];
     file[1] = type[1];
-    WriteFile(kName, file);
+    WriteBytes(kName, file);
     const FailNth fault(Fault::kGlobalAlloc, 1);
     ExpectRefused(kName);
     EXPECT_FALSE(fault.HasHappened());
@@ -138,7 +138,7 @@ TEST_F(ReadImageTest, MissingMemoryIsRefused) {
 }
 
 TEST_F(ReadImageTest, RefusedFileIsReleased) {
-  WriteFile(kName, {'B', 'M'});
+  WriteBytes(kName, {'B', 'M'});
   ExpectRefused(kName);
   CFile file;
   EXPECT_TRUE(file.Open(CA2T(kName), CFile::modeReadWrite));
@@ -147,17 +147,17 @@ TEST_F(ReadImageTest, RefusedFileIsReleased) {
 TEST_F(ReadImageTest, PixelOffsetOfTheFileHeaderIsNotUsed) {
   Bytes file = SavedFile();
   file[10] = file[11] = file[12] = file[13] = 0xFF;
-  EXPECT_EQ(PixelsOf(ReadBytes(file), 3), (Bytes{1, 2, 3}));
+  EXPECT_EQ(PixelsOf(ReadStored(file), 3), (Bytes{1, 2, 3}));
 }
 
 TEST_F(ReadImageTest, FileSizeOfTheFileHeaderIsNotUsed) {
   Bytes file = SavedFile();
   file[2] = file[3] = file[4] = file[5] = 0;
-  EXPECT_EQ(PixelsOf(ReadBytes(file), 3), (Bytes{1, 2, 3}));
+  EXPECT_EQ(PixelsOf(ReadStored(file), 3), (Bytes{1, 2, 3}));
 }
 
 TEST_F(ReadImageTest, PixelAreaIsNotCheckedAgainstTheSizes) {
-  const ReadResult result = ReadBytes(Slice(SavedFile(), 0, 1078));
+  const ReadResult result = ReadStored(Slice(SavedFile(), 0, 1078));
   EXPECT_TRUE(result.isRead);
   EXPECT_EQ(result.width, 8);
   EXPECT_EQ(result.height, 4);

@@ -60,7 +60,7 @@ Bytes GreyRamp(int entries) {
 
 Bytes Saved(const Bytes& pixels, long width, long height, int bits) {
   EXPECT_TRUE(Save_Image(pixels.data(), width, height, bits, kName));
-  return ReadFile(kName);
+  return ReadBytes(kName);
 }
 
 bool IsRefused(long width, long height, int bits) {
@@ -122,13 +122,13 @@ TEST_F(SaveImageTest, RowShorterThanAByteStillTakesFourBytes) {
 
 TEST_F(SaveImageTest, ImageWithoutPixelsIsHeadersAndTable) {
   EXPECT_TRUE(Save_Image(nullptr, 0, 5, 8, kName));
-  EXPECT_EQ(ReadFile(kName), Concatenated({Headers(0, 5, 8, 1024, 0), GreyRamp(256)}));
+  EXPECT_EQ(ReadBytes(kName), Concatenated({Headers(0, 5, 8, 1024, 0), GreyRamp(256)}));
   EXPECT_TRUE(Save_Image(nullptr, 7, 0, 24, kName));
-  EXPECT_EQ(ReadFile(kName), Headers(7, 0, 24, 0, 0));
+  EXPECT_EQ(ReadBytes(kName), Headers(7, 0, 24, 0, 0));
 }
 
 TEST_F(SaveImageTest, LongerExistingFileIsReplaced) {
-  WriteFile(kName, Bytes(5000, 'x'));
+  WriteBytes(kName, Bytes(5000, 'x'));
   EXPECT_EQ(Saved(Counting(12), 1, 3, 32).size(), 14u + 40u + 12u);
 }
 
@@ -176,19 +176,19 @@ TEST_F(SaveImageTest, FileThatCannotBeCreatedGivesFalse) {
 
 TEST_F(SaveImageTest, ReadOnlyFileIsNotReplaced) {
   const unsigned char pixel = 0;
-  WriteFile(kName, {'x'});
+  WriteBytes(kName, {'x'});
   fs::permissions(kName, fs::perms::owner_read);
   EXPECT_FALSE(Save_Image(&pixel, 1, 1, 8, kName));
-  EXPECT_EQ(ReadFile(kName), Bytes{'x'});
+  EXPECT_EQ(ReadBytes(kName), Bytes{'x'});
 }
 
 TEST_F(SaveImageTest, MissingMemoryGivesFalseAndLeavesTheFileAlone) {
   const unsigned char pixel = 0;
-  WriteFile(kName, {'x'});
+  WriteBytes(kName, {'x'});
   const FailNth fault(Fault::kGlobalAlloc, 1);
   EXPECT_FALSE(Save_Image(&pixel, 1, 1, 8, kName));
   EXPECT_TRUE(fault.HasHappened());
-  EXPECT_EQ(ReadFile(kName), Bytes{'x'});
+  EXPECT_EQ(ReadBytes(kName), Bytes{'x'});
 }
 
 TEST_F(SaveImageTest, FailingWriteRaisesTheFileExceptionAndReleasesTheFile) {

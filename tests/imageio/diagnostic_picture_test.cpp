@@ -24,16 +24,16 @@ class DiagnosticPictureTest : public ::testing::Test {
 
 TEST_F(DiagnosticPictureTest, IsAnEightBitBitmapInTheCurrentDirectory) {
   SaveDiagnosticPicture(kPixels, 4, 2, kName);
-  const Bytes picture = ReadFile(kName);
+  const Bytes picture = ReadBytes(kName);
   ASSERT_TRUE(Save_Image(kPixels, 4, 2, 8, "same.bmp"));
   EXPECT_EQ(picture.size(), 1078u + 8u);
-  EXPECT_EQ(picture, ReadFile("same.bmp"));
+  EXPECT_EQ(picture, ReadBytes("same.bmp"));
 }
 
 TEST_F(DiagnosticPictureTest, ReplacesThePictureOfTheDetectionBefore) {
   SaveDiagnosticPicture(kPixels, 4, 2, kName);
   SaveDiagnosticPicture(kPixels, 4, 1, kName);
-  EXPECT_EQ(ReadFile(kName).size(), 1078u + 4u);
+  EXPECT_EQ(ReadBytes(kName).size(), 1078u + 4u);
 }
 
 TEST_F(DiagnosticPictureTest, FailingWriteIsIgnored) {

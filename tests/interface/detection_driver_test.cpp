@@ -5,12 +5,14 @@
 #include <limits>
 #include <set>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "base/gray_image.h"
 #include "interface/quorvex.h"
 #include "tests/support/faults.h"
 #include "tests/support/message_box.h"
+#include "tests/support/point_lists.h"
 #include "tests/support/points.h"
 #include "tests/support/stroke_image.h"
 #include "tests/support/temporary_directory.h"
@@ -138,13 +140,7 @@ class TargetDetectionTest : public DetectionDriverTest {
 
 TEST_F(TargetDetectionTest, FindsTheGridAndLeavesTheInputAlone) {
   EXPECT_TRUE(Detect(image.Data(), 800, 800));
-  ASSERT_EQ(points.size(), 16u);
-  for (int i = 0; i < 16; ++i) {
-    const CalibrationPoint& point = points[static_cast<std::size_t>(i)];
-    EXPECT_EQ(point.id, i + 1);
-    EXPECT_EQ(point.row, i / 4);
-    EXPECT_EQ(point.col, i % 4);
-  }
+  ExpectNumberedGrid(points, 4, 4);
   const GrayImage untouched = Target();
   EXPECT_EQ(std::memcmp(image.Data(), untouched.Data(), image.Size()), 0);
 }
@@ -155,9 +151,8 @@ TEST_F(TargetDetectionTest, TheTwoFloatsHaveNoEffect) {
   PointList others;
   EXPECT_TRUE(
       SingleCamDetectCalibrationPoint(image.Data(), 800, 800, 8, 20, 20, nan, -1e30f, 300, others));
-  ASSERT_EQ(others.size(), points.size());
   ASSERT_FALSE(points.empty());
-  EXPECT_EQ(std::memcmp(others.data(), points.data(), points.size() * sizeof points[0]), 0);
+  ExpectSameBytes(others, points);
 }
 
 TEST_F(TargetDetectionTest, ASecondRunGivesTheSameAgain) {
@@ -165,8 +160,26 @@ TEST_F(TargetDetectionTest, ASecondRunGivesTheSameAgain) {
   const PointList first = points;
   points.clear();
   EXPECT_TRUE(Detect(image.Data(), 800, 800));
-  ASSERT_EQ(first.size(), points.size());
-  EXPECT_EQ(std::memcmp(first.data(), points.data(), first.size() * sizeof first[0]), 0);
+  ExpectSameBytes(points, first);
+}
+
+// They share the names of the pictures that they leave behind, and nothing else.
+TEST_F(TargetDetectionTest, ThreadsGetWhatEachWouldGetAlone) {
+  EXPECT_TRUE(Detect(image.Data(), 800, 800));
+  ASSERT_FALSE(points.empty());
+  PointList lists[3];
+  std::vector<std::thread> threads;
+  for (PointList& list : lists) {
+    threads.emplace_back([this, &list] {
+      SingleCamDetectCalibrationPoint(image.Data(), 800, 800, 8, 20, 20, 0.0f, 0.0f, 300, list);
+    });
+  }
+  for (std::thread& thread : threads) {
+    thread.join();
+  }
+  for (const PointList& list : lists) {
+    ExpectSameBytes(list, points);
+  }
 }
 
 // Without memory of its own a stage leaves its image as it was; the run goes on to its end.

@@ -16,14 +16,6 @@ CalibrationPoint GridMark(int id, int row, int col) {
                    50.0f + 50.0f * static_cast<float>(row));
 }
 
-std::vector<int> Ids(const PointList& points) {
-  std::vector<int> ids;
-  for (const CalibrationPoint& point : points) {
-    ids.push_back(point.id);
-  }
-  return ids;
-}
-
 TEST(NumberGrid, CountsRowByRowFromOne) {
   PointList grid = {GridMark(0, 0, 0), GridMark(0, 0, 2), GridMark(0, 1, 0), GridMark(0, 2, 1)};
   NumberGrid(grid);

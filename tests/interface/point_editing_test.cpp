@@ -15,14 +15,6 @@ namespace {
 
 const float kNan = std::numeric_limits<float>::quiet_NaN();
 
-std::vector<int> Ids(const PointList& points) {
-  std::vector<int> ids;
-  for (const CalibrationPoint& point : points) {
-    ids.push_back(point.id);
-  }
-  return ids;
-}
-
 // Whether the deletion at (100, 100) removes a lone point there.
 bool IsDeleted(float x, float y) {
   PointList points = {At(x, y)};

@@ -3,31 +3,25 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
+#include "tests/support/bytes.h"
 #include "tests/support/points.h"
 #include "tests/support/temporary_directory.h"
 
 namespace quorvex::tests {
 namespace {
 
-std::string TextOf(const char* path) {
-  std::ifstream file(path);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
 TEST(WritePointTextFile, WritesOneLineAPointInListOrder) {
   const TemporaryDirectory directory;
   WritePointTextFile("points.txt", {At(2.5f, -1.0f), At(0.0f, 1234.0625f)});
-  EXPECT_EQ(TextOf("points.txt"), "2.500000\t-1.000000\n0.000000\t1234.062500\n");
+  EXPECT_EQ(ReadText("points.txt"), "2.500000\t-1.000000\n0.000000\t1234.062500\n");
 }
 
 TEST(WritePointTextFile, WritesTheExactValueOfTheFloat) {
   const TemporaryDirectory directory;
   WritePointTextFile("points.txt", {At(0.1f, 16777216.0f)});  // 0.1f is 0.100000001490...
-  EXPECT_EQ(TextOf("points.txt"), "0.100000\t16777216.000000\n");
+  EXPECT_EQ(ReadText("points.txt"), "0.100000\t16777216.000000\n");
 }
 
 TEST(WritePointTextFile, ReplacesAnEarlierFile) {
@@ -35,7 +29,7 @@ TEST(WritePointTextFile, ReplacesAnEarlierFile) {
   WritePointTextFile("points.txt", {At(1.0f, 2.0f), At(3.0f, 4.0f)});
   WritePointTextFile("points.txt", {});
   EXPECT_TRUE(std::filesystem::exists("points.txt"));
-  EXPECT_EQ(TextOf("points.txt"), "");
+  EXPECT_EQ(ReadText("points.txt"), "");
 }
 
 TEST(WritePointTextFile, AMissingFolderIsSkipped) {

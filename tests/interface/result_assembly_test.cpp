@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "tests/support/list_drive.h"
+#include "tests/support/point_lists.h"
 #include "tests/support/points.h"
 #include "tests/support/stroke_image.h"
 #include "tests/support/temporary_directory.h"
@@ -50,12 +51,10 @@ int LinesOf(const char* path) {
 }
 
 void ExpectFullGrid(const PointList& points) {
-  ASSERT_EQ(points.size(), 25u);
-  for (int i = 0; i < 25; ++i) {
-    const CalibrationPoint& point = points[static_cast<std::size_t>(i)];
-    EXPECT_EQ(point.id, i + 1);
-    EXPECT_EQ(point.row, i / 5);
-    EXPECT_EQ(point.col, i % 5);
+  ExpectNumberedGrid(points, 5, 5);
+  for (std::size_t k = 0; k < points.size(); ++k) {
+    const CalibrationPoint& point = points[k];
+    const int i = static_cast<int>(k);
     EXPECT_LT(std::fabs(point.x - static_cast<float>(100 + 150 * (i % 5))), 1.0f) << i;
     // The rows of the buffer are counted from its end.
     EXPECT_LT(std::fabs(point.y - static_cast<float>(99 + 150 * (i / 5))), 1.0f) << i;

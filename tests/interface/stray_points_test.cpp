@@ -16,11 +16,7 @@ constexpr int kHeight = 80;
 
 std::vector<int> Remaining(PointList points) {
   RemoveStrayPoints(kWidth, kHeight, points);
-  std::vector<int> ids;
-  for (const CalibrationPoint& point : points) {
-    ids.push_back(point.id);
-  }
-  return ids;
+  return Ids(points);
 }
 
 bool Stays(float x, float y) { return Remaining({MakePoint(1, 0, 0, x, y)}).size() == 1; }

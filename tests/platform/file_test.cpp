@@ -1,4 +1,4 @@
-#include "tests/platform/file_support.h"
+#include "tests/support/file_test.h"
 
 #include <filesystem>
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "tests/support/message_box.h"
+#include "tests/support/point_lists.h"
 #include "tests/support/points.h"
 #include "tests/support/reserved_bytes.h"
 
@@ -74,14 +75,6 @@ PointList Shuffled(const PointList& grid) {
     points.back().col = -100;
   }
   return points;
-}
-
-void ExpectSameBytes(const PointList& points, const PointList& expected) {
-  ASSERT_EQ(points.size(), expected.size());
-  for (std::size_t i = 0; i < points.size(); ++i) {
-    EXPECT_EQ(std::memcmp(&points[i], &expected[i], sizeof points[i]), 0)
-        << i << ": id " << points[i].id << " row " << points[i].row << " col " << points[i].col;
-  }
 }
 
 void ExpectRefused(int rows, int columns, PointList points) {

@@ -5,9 +5,8 @@
 #include <algorithm>
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
+#include "tests/support/bytes.h"
 #include "tests/support/list_drive.h"
 #include "tests/support/temporary_directory.h"
 #include "tools/render/presets.h"
@@ -24,11 +23,6 @@ std::uint64_t Hash(const std::string& bytes) {
     hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001b3u;
   }
   return hash;
-}
-
-std::string ReadFile(const fs::path& path, std::ios::openmode mode) {
-  std::ifstream file(path, mode);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
 // The picture as the library takes it, the bottom row first.
@@ -69,13 +63,13 @@ DetectionRoad RunDetectionRoad(const std::string& preset) {
   road.outputs.push_back({"points", PointText(road.points), true});
   for (const fs::directory_entry& entry : fs::directory_iterator(directory.Path())) {
     if (entry.is_regular_file()) {
-      road.outputs.push_back({entry.path().filename().string(),
-                              ReadFile(entry.path(), std::ios::in | std::ios::binary), false});
+      road.outputs.push_back(
+          {entry.path().filename().string(), ReadWhole(entry.path().u8string()), false});
     }
   }
   for (const char* name : kListNames) {
     if (drive.HasList(name)) {
-      road.outputs.push_back({name, ReadFile(drive.ListPath(name), std::ios::in), true});
+      road.outputs.push_back({name, ReadText(drive.ListPath(name).u8string()), true});
     }
   }
   std::sort(road.outputs.begin(), road.outputs.end(),

@@ -117,8 +117,7 @@ TEST_P(DetectionRoadTest, FindsTheNumbersBesideTheManifest) {
       continue;
     }
     SCOPED_TRACE(output.name);
-    std::ifstream file(QUORVEX_ROAD_FOLDER "/" + NumbersFileName(GetParam(), output));
-    ExpectNumbers({std::istreambuf_iterator<char>(file), {}}, output);
+    ExpectNumbers(ReadText(QUORVEX_ROAD_FOLDER "/" + NumbersFileName(GetParam(), output)), output);
     ++compared;
   }
   EXPECT_GE(compared, 3);  // the points and the two grids at least

@@ -1,9 +1,10 @@
-// Files as byte strings, and their little-endian fields.
+// Whole files as bytes and as text, and little-endian fields. File names are UTF-8.
 #ifndef QUORVEX_TESTS_SUPPORT_BYTES_H_
 #define QUORVEX_TESTS_SUPPORT_BYTES_H_
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -42,15 +43,27 @@ inline Bytes Slice(const Bytes& bytes, std::size_t begin, std::size_t end) {
   return slice;
 }
 
-inline Bytes ReadFile(const std::string& name) {
-  std::ifstream stream(name, std::ios::binary);
-  return Bytes(std::istreambuf_iterator<char>(stream), {});
+inline Bytes ReadBytes(const std::string& name) {
+  std::ifstream file(std::filesystem::u8path(name), std::ios::binary);
+  return Bytes(std::istreambuf_iterator<char>(file), {});
 }
 
-inline void WriteFile(const std::string& name, const Bytes& bytes) {
-  std::ofstream(name, std::ios::binary)
+inline void WriteBytes(const std::string& name, const Bytes& bytes) {
+  std::ofstream(std::filesystem::u8path(name), std::ios::binary)
       .write(reinterpret_cast<const char*>(bytes.data()),
              static_cast<std::streamsize>(bytes.size()));
+}
+
+// The bytes of a file as a string.
+inline std::string ReadWhole(const std::string& name) {
+  std::ifstream file(std::filesystem::u8path(name), std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+// The same with lines that end as in C, whatever they end with in the file.
+inline std::string ReadText(const std::string& name) {
+  std::ifstream file(std::filesystem::u8path(name));
+  return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
 }  // namespace quorvex::tests

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <vector>
 
 #include "base/calibration_point.h"
 
@@ -17,6 +18,14 @@ inline CalibrationPoint MakePoint(int id, int row, int col, float x, float y) {
   point.x = x;
   point.y = y;
   return point;
+}
+
+inline std::vector<int> Ids(const PointList& points) {
+  std::vector<int> ids;
+  for (const CalibrationPoint& point : points) {
+    ids.push_back(point.id);
+  }
+  return ids;
 }
 
 inline CalibrationPoint At(float x, float y) { return MakePoint(0, 0, 0, x, y); }

@@ -4,20 +4,22 @@
 
 #include <filesystem>
 
+#include "tests/support/temporary_folder.h"
+
 namespace quorvex::tests {
 
 class TemporaryDirectory {
  public:
-  TemporaryDirectory();   // makes the directory and changes into it
+  TemporaryDirectory();   // makes the folder and changes into it
   ~TemporaryDirectory();  // changes back
   TemporaryDirectory(const TemporaryDirectory&) = delete;
   TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
 
-  const std::filesystem::path& Path() const { return path_; }
+  const std::filesystem::path& Path() const { return folder_.Root(); }
 
  private:
+  TemporaryFolder folder_;
   std::filesystem::path previous_;
-  std::filesystem::path path_;
 };
 
 }  // namespace quorvex::tests

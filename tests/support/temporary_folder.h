@@ -3,14 +3,14 @@
 #define QUORVEX_TESTS_SUPPORT_TEMPORARY_FOLDER_H_
 
 #include <cstddef>
-#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <random>
 #include <string>
 #include <system_error>
-#include <vector>
+
+#include "tests/support/bytes.h"
 
 namespace quorvex::tests {
 
@@ -18,15 +18,27 @@ class TemporaryFolder {
  public:
   TemporaryFolder() {
     std::random_device random;
-    folder = std::filesystem::temp_directory_path() / ("quorvex-" + std::to_string(random()));
-    std::filesystem::create_directory(folder);
+    do {
+      folder =
+          std::filesystem::temp_directory_path() / ("quorvex-test-" + std::to_string(random()));
+    } while (!std::filesystem::create_directory(folder));
   }
   ~TemporaryFolder() {
     std::error_code ignored;
+    // Windows removes no read-only file.
+    for (std::filesystem::directory_iterator entry(folder, ignored), end; entry != end;
+         entry.increment(ignored)) {
+      if (entry->is_regular_file(ignored) && !entry->is_symlink(ignored)) {
+        std::filesystem::permissions(entry->path(), std::filesystem::perms::owner_write,
+                                     std::filesystem::perm_options::add, ignored);
+      }
+    }
     std::filesystem::remove_all(folder, ignored);
   }
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+  const std::filesystem::path& Root() const { return folder; }
 
   std::string Path(const std::string& name = "") const {
     return (folder / std::filesystem::u8path(name)).string();
@@ -50,19 +62,6 @@ class TemporaryFolder {
  private:
   std::filesystem::path folder;
 };
-
-using Bytes = std::vector<std::uint8_t>;
-
-inline void WriteBytes(const std::string& path, const Bytes& bytes) {
-  std::ofstream file(std::filesystem::u8path(path), std::ios::binary);
-  file.write(reinterpret_cast<const char*>(bytes.data()),
-             static_cast<std::streamsize>(bytes.size()));
-}
-
-inline Bytes ReadBytes(const std::string& path) {
-  std::ifstream file(std::filesystem::u8path(path), std::ios::binary);
-  return Bytes(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-}
 
 }  // namespace quorvex::tests
 

@@ -4,21 +4,11 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-#include <string>
 
 #include "tests/support/temporary_folder.h"
 #include "tools/pictures/picture.h"
 
 namespace quorvex::tests {
-
-inline std::string ReadWhole(const std::string& path) {
-  std::ostringstream text;
-  text << std::ifstream(std::filesystem::u8path(path), std::ios::binary).rdbuf();
-  return text.str();
-}
 
 inline tools::Picture FlatPicture(int width, int height, std::uint8_t level) {
   tools::Picture picture;

@@ -78,14 +78,6 @@ INSTANTIATE_TEST_SUITE_P(, ExportsByNameTest, ::testing::Values('U', 'V'),
                            return std::string(spelling.param == 'U' ? "struct" : "class");
                          });
 
-std::vector<int> Ids(const PointList& points) {
-  std::vector<int> ids;
-  for (const CalibrationPoint& point : points) {
-    ids.push_back(point.id);
-  }
-  return ids;
-}
-
 // Nothing is listed that the tests below would not call.
 TEST(ExportNames, AreThoseOfTheTwoSpellings) {
   const std::set<std::string> listed = HostNames();

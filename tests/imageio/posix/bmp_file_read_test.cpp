@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "tests/imageio/read_result.h"
+#include "tests/support/read_result.h"
 #include "tests/support/temporary_directory.h"
 
 namespace quorvex::tests {

@@ -5,8 +5,8 @@
 #include <cstdio>
 #include <string>
 
-#include "tests/imageio/read_result.h"
 #include "tests/support/bytes.h"
+#include "tests/support/read_result.h"
 #include "tests/support/temporary_directory.h"
 
 namespace quorvex::tests {
@@ -86,12 +86,12 @@ class OtherProgramsTest : public ::testing::Test {
     EXPECT_EQ(OutputOf(converter_ + " " + kName + " -format '%w %h' info:-"),
               std::to_string(kWidth) + " " + std::to_string(kHeight));
     OutputOf(converter_ + " " + kName + " -alpha off -colorspace sRGB -depth 8 rgb:seen.rgb");
-    return ReadFile("seen.rgb");
+    return ReadBytes("seen.rgb");
   }
 
   // Lets ImageMagick write the picture.
   void WritePicture(const std::string& options, const std::string& format) const {
-    WriteFile("picture.rgb", PictureFromTheTop());
+    WriteBytes("picture.rgb", PictureFromTheTop());
     OutputOf(converter_ + " -size " + std::to_string(kWidth) + "x" + std::to_string(kHeight) +
              " -depth 8 rgb:picture.rgb " + options + " " + format + ":" + kName);
   }
@@ -126,12 +126,12 @@ TEST_F(OtherProgramsTest, SavedColourIsSeenUpsideUp) {
 // ImageMagick reads files with the top row first but writes none, so one of its own is turned over.
 TEST_F(OtherProgramsTest, TopDownRowsAreReadAsStoredUnderANegativeHeight) {
   WritePicture("-type TrueColor", "bmp3");
-  Bytes file = ReadFile(kName);
+  Bytes file = ReadBytes(kName);
   ASSERT_EQ(file.size(), 14u + 40u + 3 * kWidth * kHeight);
   const Bytes rows = StoredRows(24, true);
   file = Concatenated({Slice(file, 0, 22), U32(static_cast<std::uint32_t>(-kHeight)),
                        Slice(file, 26, 14 + 40), rows});
-  WriteFile(kName, file);
+  WriteBytes(kName, file);
   ASSERT_EQ(PictureSeen(), PictureFromTheTop());
 
   const ReadResult result = Read(kName);
@@ -183,7 +183,7 @@ class OtherWriterTest : public OtherProgramsTest,
 TEST_P(OtherWriterTest, IsReadAsItStands) {
   const WriterCase& writerCase = GetParam();
   WritePicture(writerCase.options, writerCase.format);
-  const Bytes file = ReadFile(kName);
+  const Bytes file = ReadBytes(kName);
   // The cases are about these files; another version of the writer may choose others.
   ASSERT_EQ(Slice(file, 14, 18), U32(writerCase.headerSize));
   ASSERT_EQ(Slice(file, 10, 14), U32(writerCase.storedOffset));

@@ -2,10 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
-#include <string>
-
+#include "tests/support/bytes.h"
 #include "tests/support/points.h"
 #include "tests/support/temporary_directory.h"
 
@@ -15,8 +12,7 @@ namespace {
 TEST(WritePointTextFile, EndsLinesAsTheSystemDoes) {
   const TemporaryDirectory directory;
   WritePointTextFile("points.txt", {At(2.5f, -1.0f)});
-  std::ifstream file("points.txt", std::ios::binary);
-  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "2.500000\t-1.000000\r\n");
+  EXPECT_EQ(ReadWhole("points.txt"), "2.500000\t-1.000000\r\n");
 }
 
 }  // namespace

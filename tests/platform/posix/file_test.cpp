@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "tests/platform/file_support.h"
+#include "tests/support/file_test.h"
 
 namespace quorvex::tests {
 namespace {

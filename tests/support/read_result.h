@@ -1,6 +1,6 @@
 // What Read_Image makes of a file, for tests.
-#ifndef QUORVEX_TESTS_IMAGEIO_READ_RESULT_H_
-#define QUORVEX_TESTS_IMAGEIO_READ_RESULT_H_
+#ifndef QUORVEX_TESTS_SUPPORT_READ_RESULT_H_
+#define QUORVEX_TESTS_SUPPORT_READ_RESULT_H_
 
 #include "imageio/bmp_file.h"
 #include "tests/support/kept_memory.h"
@@ -32,4 +32,4 @@ inline ReadResult Read(const char* path) {
 
 }  // namespace quorvex::tests
 
-#endif  // QUORVEX_TESTS_IMAGEIO_READ_RESULT_H_
+#endif  // QUORVEX_TESTS_SUPPORT_READ_RESULT_H_

@@ -1,19 +1,15 @@
 // Patches with strokes drawn into them, and the diagnostic pictures read back.
-#ifndef QUORVEX_TESTS_CROSSMARK_PATCH_SUPPORT_H_
-#define QUORVEX_TESTS_CROSSMARK_PATCH_SUPPORT_H_
+#ifndef QUORVEX_TESTS_SUPPORT_PATCHES_H_
+#define QUORVEX_TESTS_SUPPORT_PATCHES_H_
 
 #include <cstddef>
-#include <fstream>
-#include <iterator>
 #include <random>
 #include <string>
-#include <vector>
 
 #include "base/gray_image.h"
+#include "tests/support/bytes.h"
 
 namespace quorvex::tests {
-
-using Bytes = std::vector<unsigned char>;
 
 inline GrayImage UniformImage(int width, int height, unsigned char level) {
   GrayImage image(width, height);
@@ -59,8 +55,7 @@ struct Picture {
 
 // The 8-bit BMP file of that name; an empty picture when there is none.
 inline Picture ReadPicture(const std::string& name) {
-  std::ifstream file(name, std::ios::binary);
-  const Bytes bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+  const Bytes bytes = ReadBytes(name);
   constexpr std::size_t kPixelOffset = 14 + 40 + 256 * 4;
   if (bytes.size() < kPixelOffset) {
     return {};
@@ -75,4 +70,4 @@ inline Picture ReadPicture(const std::string& name) {
 
 }  // namespace quorvex::tests
 
-#endif  // QUORVEX_TESTS_CROSSMARK_PATCH_SUPPORT_H_
+#endif  // QUORVEX_TESTS_SUPPORT_PATCHES_H_

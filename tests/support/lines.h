@@ -1,6 +1,6 @@
 // Lines and point lists written short, and their comparison to the bit.
-#ifndef QUORVEX_TESTS_CROSSMARK_LINE_SUPPORT_H_
-#define QUORVEX_TESTS_CROSSMARK_LINE_SUPPORT_H_
+#ifndef QUORVEX_TESTS_SUPPORT_LINES_H_
+#define QUORVEX_TESTS_SUPPORT_LINES_H_
 
 #include <cstdint>
 #include <random>
@@ -38,6 +38,16 @@ inline LineSegment MakeLine(float a, float b, float c) {
   return line;
 }
 
+// A line for each list, with nothing set but its points.
+inline LineSegmentList LinesThrough(const std::vector<PointFList>& pointLists) {
+  LineSegmentList lines;
+  for (const PointFList& points : pointLists) {
+    lines.emplace_back();
+    lines.back().points = points;
+  }
+  return lines;
+}
+
 // Whole pixels of a row, from firstX to lastX.
 inline PointFList RowPoints(float y, int firstX, int lastX) {
   PointFList points;
@@ -66,4 +76,4 @@ inline float RandomFloat(std::mt19937& random, float low, float high) {
 
 }  // namespace quorvex::tests
 
-#endif  // QUORVEX_TESTS_CROSSMARK_LINE_SUPPORT_H_
+#endif  // QUORVEX_TESTS_SUPPORT_LINES_H_

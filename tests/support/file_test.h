@@ -1,15 +1,15 @@
 // Files through the platform's CFile, in a directory of their own.
-#ifndef QUORVEX_TESTS_PLATFORM_FILE_SUPPORT_H_
-#define QUORVEX_TESTS_PLATFORM_FILE_SUPPORT_H_
+#ifndef QUORVEX_TESTS_SUPPORT_FILE_TEST_H_
+#define QUORVEX_TESTS_SUPPORT_FILE_TEST_H_
 
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <iterator>
 #include <memory>
 #include <string>
 
 #include "platform/mfc.h"
+#include "tests/support/bytes.h"
 #include "tests/support/temporary_directory.h"
 
 namespace quorvex::tests {
@@ -26,10 +26,7 @@ class FileTest : public ::testing::Test {
  protected:
   static void Put(const std::string& text) { std::ofstream(kName, std::ios::binary) << text; }
 
-  static std::string Contents() {
-    std::ifstream stream(kName, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(stream), {});
-  }
+  static std::string Contents() { return ReadWhole(kName); }
 
   // The cause of the refusal, CFileException::none when the file opens.
   static int CauseOfOpen(const char* path, UINT flags) {
@@ -56,4 +53,4 @@ class FileTest : public ::testing::Test {
 
 }  // namespace quorvex::tests
 
-#endif  // QUORVEX_TESTS_PLATFORM_FILE_SUPPORT_H_
+#endif  // QUORVEX_TESTS_SUPPORT_FILE_TEST_H_
