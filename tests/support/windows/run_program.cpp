@@ -40,10 +40,10 @@ class Variable {
 
 // Quotes stand only where they must, as somebody would type it.
 std::wstring TypedLine(const ProgramRun& run) {
-  std::wstring line = CommandLine(run.program, {});
+  std::wstring line = tools::CommandLine(run.program, {});
   for (const std::string& argument : run.arguments) {
     const bool isPlain = !argument.empty() && argument.find_first_of(" \t\"") == std::string::npos;
-    line += L' ' + (isPlain ? Wide(argument) : QuotedArgument(argument));
+    line += L' ' + (isPlain ? Wide(argument) : tools::QuotedArgument(argument));
   }
   return line;
 }
