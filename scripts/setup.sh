@@ -4,6 +4,7 @@
 #   scripts/setup.sh --tests     and what the tests need
 #   scripts/setup.sh --clang     and the second compiler, its sanitizers and their symbolizer
 #   scripts/setup.sh --windows   and the Windows build, and Wine to run it
+#   scripts/setup.sh --benchmarks  and what the benchmarks need
 #   scripts/setup.sh --style     and the tools of scripts/check_style.sh
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -17,6 +18,7 @@ windows=false
 for option in "$@"; do
   case "$option" in
     --tests) packages+=(libgtest-dev libgmock-dev imagemagick) ;;  # imagemagick: another reader of BMP files
+    --benchmarks) packages+=(libbenchmark-dev) ;;
     --clang) packages+=(clang libclang-rt-14-dev llvm) ;;
     --style) packages+=(clang-format clang-tidy) ;;
     --windows)
