@@ -1,5 +1,6 @@
 #include <fmt/format.h>
 
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <string>
@@ -11,6 +12,7 @@
 #include "tools/lists/truth_file.h"
 #include "tools/subcommands.h"
 #include "tools/system/output_file.h"
+#include "tools/system/path_option.h"
 
 namespace quorvex::tools {
 namespace {
@@ -18,15 +20,15 @@ namespace {
 enum class ReportFormat { kText, kJson };
 
 struct CompareOptions {
-  std::string pointsPath;
-  std::string truthPath;
+  std::filesystem::path pointsPath;
+  std::filesystem::path truthPath;
   double tolerance = 20;  // pixels
   double maxRms = 0;      // pixels; 0 for no limit
   ReportFormat format = ReportFormat::kText;
 };
 
 int RunCompare(const CompareOptions& options) {
-  const Comparison comparison = ComparePoints(ReadOneImageFile(options.pointsPath).points.points,
+  const Comparison comparison = ComparePoints(ReadOneImageFile(options.pointsPath).list.points,
                                               ReadTruthFile(options.truthPath), options.tolerance);
   WriteToStandardOutput(options.format == ReportFormat::kJson ? ReportAsJson(comparison)
                                                               : ReportAsText(comparison));
@@ -44,14 +46,12 @@ void AddCompareCommand(CLI::App& app, Action& action) {
   const auto options = std::make_shared<CompareOptions>();
   CLI::App* command =
       app.add_subcommand("compare", "Compare detected points with the known marks of the target");
-  command
-      ->add_option("points", options->pointsPath,
-                   "CSV or JSON file that detect wrote for one image")
+  AddPathOption(*command, "points", options->pointsPath,
+                "CSV or JSON file that detect wrote for one image")
       ->required()
       ->option_text("POINTS");
-  command
-      ->add_option("truth", options->truthPath,
-                   "CSV file with the columns row, col, x, y [px], missing [0 or 1]")
+  AddPathOption(*command, "truth", options->truthPath,
+                "CSV file with the columns row, col, x, y [px], missing [0 or 1]")
       ->required()
       ->option_text("TRUTH");
   command

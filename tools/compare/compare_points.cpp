@@ -16,7 +16,7 @@ struct Pair {
 };
 
 // All pairs within the tolerance. Marks are looked up by x, so that long lists stay affordable.
-std::vector<Pair> PairsWithin(const std::vector<PointRow>& points,
+std::vector<Pair> PairsWithin(const std::vector<ListedPoint>& points,
                               const std::vector<TruthMark>& truth, double tolerance) {
   std::vector<std::size_t> marksByX(truth.size());
   std::iota(marksByX.begin(), marksByX.end(), std::size_t{0});
@@ -25,7 +25,7 @@ std::vector<Pair> PairsWithin(const std::vector<PointRow>& points,
 
   std::vector<Pair> pairs;
   for (std::size_t i = 0; i < points.size(); ++i) {
-    const PointRow& point = points[i];
+    const ListedPoint& point = points[i];
     auto mark = std::lower_bound(marksByX.begin(), marksByX.end(), point.x - tolerance,
                                  [&](std::size_t m, double x) { return truth[m].x < x; });
     for (; mark != marksByX.end() && truth[*mark].x <= point.x + tolerance; ++mark) {
@@ -67,7 +67,7 @@ ErrorStatistics Summarize(const std::vector<double>& distances) {
   return statistics;
 }
 
-void CompareLabels(const std::vector<PointRow>& points, const std::vector<TruthMark>& truth,
+void CompareLabels(const std::vector<ListedPoint>& points, const std::vector<TruthMark>& truth,
                    const std::vector<Pair>& matches, Comparison& result) {
   if (matches.empty()) return;
   // In 64 bits: labels come from a file and may be anywhere in the range of an int.
@@ -100,8 +100,8 @@ void CompareLabels(const std::vector<PointRow>& points, const std::vector<TruthM
 
 }  // namespace
 
-Comparison ComparePoints(const std::vector<PointRow>& points, const std::vector<TruthMark>& truth,
-                         double tolerance) {
+Comparison ComparePoints(const std::vector<ListedPoint>& points,
+                         const std::vector<TruthMark>& truth, double tolerance) {
   const std::vector<Pair> matches =
       MatchNearestFirst(PairsWithin(points, truth, tolerance), points.size(), truth.size());
   std::vector<double> found;

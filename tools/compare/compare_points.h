@@ -45,8 +45,8 @@ struct Comparison {
 // Matches points and marks one to one, the nearest pair first, no pair further apart than
 // `tolerance` (pixels, inclusive). Of equally near pairs the earlier point, then the earlier mark,
 // goes first.
-Comparison ComparePoints(const std::vector<PointRow>& points, const std::vector<TruthMark>& truth,
-                         double tolerance);
+Comparison ComparePoints(const std::vector<ListedPoint>& points,
+                         const std::vector<TruthMark>& truth, double tolerance);
 
 }  // namespace quorvex::tools
 

@@ -19,7 +19,9 @@
 #include "tools/lists/points_file.h"
 #include "tools/pictures/picture_file.h"
 #include "tools/subcommands.h"
+#include "tools/system/file_name.h"
 #include "tools/system/output_file.h"
+#include "tools/system/path_option.h"
 #include "tools/system/worker_process.h"
 
 namespace quorvex::tools {
@@ -30,40 +32,41 @@ constexpr int kLargestRowSteps = 32768;  // pixels; the widest picture that is r
 constexpr int kMostWorkers = 64;
 
 struct DetectOptions {
-  std::vector<std::string> images;
+  std::vector<std::filesystem::path> images;
   DetectParameters parameters;
   PointsFormat format = PointsFormat::kCsv;
-  std::string output;       // empty for standard output
-  std::string overlay;      // empty for none
-  std::string diagnostics;  // empty for none
+  std::filesystem::path output;       // empty for standard output
+  std::filesystem::path overlay;      // empty for none
+  std::filesystem::path diagnostics;  // empty for none
   bool quiet = false;
   int parallel = 1;
 };
 
 struct WorkerOptions {
-  std::string image;
-  std::string directory;
+  std::filesystem::path image;
+  std::filesystem::path directory;
   DetectParameters parameters;
 };
 
-void RequirePngEnding(const std::string& path) {
-  if (std::filesystem::u8path(path).extension() != ".png") {
-    throw InputError(fmt::format("{} must end in .png", path));
+void RequirePngEnding(const std::filesystem::path& path) {
+  if (path.extension() != ".png") {
+    throw InputError(fmt::format("{} must end in .png", Utf8Name(path)));
   }
 }
 
-void RequireNotAnImage(const std::string& path, const std::vector<std::string>& images) {
-  for (const std::string& image : images) {
+void RequireNotAnImage(const std::filesystem::path& path,
+                       const std::vector<std::filesystem::path>& images) {
+  for (const std::filesystem::path& image : images) {
     std::error_code ignored;
-    if (std::filesystem::equivalent(std::filesystem::u8path(path), std::filesystem::u8path(image),
-                                    ignored)) {
-      throw InputError(fmt::format("{} is one of the images and would be overwritten", path));
+    if (std::filesystem::equivalent(path, image, ignored)) {
+      throw InputError(
+          fmt::format("{} is one of the images and would be overwritten", Utf8Name(path)));
     }
   }
 }
 
 // Everything that can be refused before the first detection.
-void CheckOutputs(const DetectOptions& options, const std::vector<std::string>& folders) {
+void CheckOutputs(const DetectOptions& options, const std::vector<std::filesystem::path>& folders) {
   if (!options.overlay.empty()) {
     if (options.images.size() > 1) {
       throw InputError("--overlay draws one image only; run the images one by one");
@@ -79,7 +82,7 @@ void CheckOutputs(const DetectOptions& options, const std::vector<std::string>& 
     RequireNotAnImage(options.output, options.images);
     RequireWritable(options.output);
   }
-  for (const std::string& folder : folders) PrepareDiagnosticsFolder(folder);
+  for (const std::filesystem::path& folder : folders) PrepareDiagnosticsFolder(folder);
 }
 
 // What people see on standard error while images are worked on.
@@ -123,11 +126,12 @@ void WriteOverlay(const DetectOptions& options, const DetectionResult& result) {
 }
 
 int RunDetect(const DetectOptions& options) {
-  std::vector<std::string> folders(options.images.size());
+  std::vector<std::filesystem::path> folders(options.images.size());
   if (!options.diagnostics.empty()) {
     folders = DiagnosticsFolders(options.diagnostics, options.images);
   }
-  CheckOutputs(options, options.diagnostics.empty() ? std::vector<std::string>{} : folders);
+  CheckOutputs(options,
+               options.diagnostics.empty() ? std::vector<std::filesystem::path>{} : folders);
 
   std::vector<DetectionJob> jobs;
   for (std::size_t i = 0; i < options.images.size(); ++i) {
@@ -142,7 +146,7 @@ int RunDetect(const DetectOptions& options) {
                     [&](const DetectionResult& result) { reporter.Report(result); }});
 
   int exitCode = kExitSuccess;
-  std::vector<ImagePoints> found;
+  std::vector<PointsOfImage> found;
   for (const DetectionResult& result : results) {
     exitCode = std::max(exitCode, result.exitCode);
     if (result.exitCode == kExitSuccess) found.push_back(result.found);
@@ -161,7 +165,7 @@ int RunDetect(const DetectOptions& options) {
 int RunWorker(const WorkerOptions& options) {
   const DetectionResult result =
       DetectInDirectory(options.image, options.directory, options.parameters);
-  WriteDetectionResult(result, (std::filesystem::u8path(options.directory) / kResultFile).string());
+  WriteDetectionResult(result, options.directory / kResultFile);
   return kExitSuccess;
 }
 
@@ -207,12 +211,11 @@ void AddOutputOptions(CLI::App& command, DetectOptions& options) {
   command.add_option("--format", options.format, "csv, json or text")
       ->transform(CLI::CheckedTransformer(formats, CLI::ignore_case))
       ->option_text("NAME=csv");
-  command
-      .add_option("-o,--output", options.output, "file for the points, instead of standard output")
+  AddPathOption(command, "-o,--output", options.output,
+                "file for the points, instead of standard output")
       ->option_text("FILE");
-  command
-      .add_option("--overlay", options.overlay,
-                  "picture of the image with its points drawn over it (one image only)")
+  AddPathOption(command, "--overlay", options.overlay,
+                "picture of the image with its points drawn over it (one image only)")
       ->option_text("FILE.png");
   std::string diagnosticsHelp =
       "keep the pictures of the detection's stages in DIR; with several images in a folder per "
@@ -220,7 +223,7 @@ void AddOutputOptions(CLI::App& command, DetectOptions& options) {
   if (IsListFolderShared()) {
     diagnosticsHelp += ", and one after the other, since all write their lists to drive D:";
   }
-  command.add_option("--diagnostics", options.diagnostics, diagnosticsHelp)->option_text("DIR");
+  AddPathOption(command, "--diagnostics", options.diagnostics, diagnosticsHelp)->option_text("DIR");
   command.add_flag("-q,--quiet", options.quiet, "say nothing on standard error but failures");
   command
       .add_option("-j,--jobs", options.parallel, "how many images are worked on at once, 1 to 64")
@@ -232,8 +235,8 @@ void AddWorkerCommand(CLI::App& app, Action& action) {
   const auto options = std::make_shared<WorkerOptions>();
   CLI::App* command = app.add_subcommand(kWorkerCommand, "");
   command->group("");  // not for people: hidden from the help
-  command->add_option("image", options->image)->required();
-  command->add_option("directory", options->directory)->required();
+  AddPathOption(*command, "image", options->image, "")->required();
+  AddPathOption(*command, "directory", options->directory, "")->required();
   AddParameters(*command, options->parameters);
   command->callback([options, &action] { action = [options] { return RunWorker(*options); }; });
 }
@@ -243,7 +246,7 @@ void AddWorkerCommand(CLI::App& app, Action& action) {
 void AddDetectCommand(CLI::App& app, Action& action) {
   const auto options = std::make_shared<DetectOptions>();
   CLI::App* command = app.add_subcommand("detect", "Find the calibration points in images");
-  command->add_option("images", options->images, "BMP or PNG files")
+  AddPathsOption(*command, "images", options->images, "BMP or PNG files")
       ->required()
       ->option_text("IMAGE...");
   AddParameters(*command, options->parameters);

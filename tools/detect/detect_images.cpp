@@ -11,23 +11,24 @@
 
 #include "tools/detect/diagnostics_folder.h"
 #include "tools/detect/list_folder.h"
+#include "tools/system/file_name.h"
 #include "tools/system/private_directory.h"
 #include "tools/system/worker_process.h"
 
 namespace quorvex::tools {
 namespace {
 
-DetectionResult ResultOfWorker(const DetectionJob& job, const std::string& directory,
+DetectionResult ResultOfWorker(const DetectionJob& job, const std::filesystem::path& directory,
                                const std::string& failure) {
   DetectionResult result;
   try {
     if (!failure.empty()) throw std::runtime_error(failure);
-    result = ReadDetectionResult((std::filesystem::u8path(directory) / kResultFile).string());
+    result = ReadDetectionResult(directory / kResultFile);
   } catch (const std::runtime_error& error) {
     result.exitCode = kExitNothingFound;
-    result.message = fmt::format("{}: {}", job.image, error.what());
+    result.message = fmt::format("{}: {}", Utf8Name(job.image), error.what());
   }
-  result.found.image = job.image;
+  result.found.image = Utf8Name(job.image);
   // An input error comes before the detection, so there is nothing to keep.
   if (job.diagnosticsFolder.empty() || result.exitCode == kExitBadInput) return result;
   try {
@@ -51,7 +52,7 @@ bool KeepsSharedLists(const std::vector<DetectionJob>& jobs) {
 std::vector<DetectionResult> DetectImages(const std::vector<DetectionJob>& jobs,
                                           const DetectParameters& parameters, int parallel,
                                           const DetectionObserver& observer) {
-  const std::string program = OwnProgramPath();
+  const std::filesystem::path program = OwnProgramPath();
   const int mostWorkers = KeepsSharedLists(jobs) ? 1 : parallel;
   std::vector<std::optional<DetectionResult>> finished(jobs.size());
   std::size_t next = 0;      // the first job not started
@@ -65,7 +66,7 @@ std::vector<DetectionResult> DetectImages(const std::vector<DetectionJob>& jobs,
   while (finishedCount < static_cast<int>(jobs.size())) {
     while (next < jobs.size() && pool.Count() < mostWorkers) {
       const int worker = static_cast<int>(next++);
-      const std::string directory = directories[worker].Path();
+      const std::filesystem::path directory = directories[worker].Path();
       if (!jobs[worker].diagnosticsFolder.empty()) PrepareListFolder(directory);
       pool.Start(worker, program, WorkerArguments(jobs[worker].image, directory, parameters));
     }

@@ -2,8 +2,8 @@
 #ifndef QUORVEX_TOOLS_DETECT_DETECT_IMAGES_H_
 #define QUORVEX_TOOLS_DETECT_DETECT_IMAGES_H_
 
+#include <filesystem>
 #include <functional>
-#include <string>
 #include <vector>
 
 #include "tools/detect/detect_worker.h"
@@ -12,8 +12,8 @@
 namespace quorvex::tools {
 
 struct DetectionJob {
-  std::string image;              // path
-  std::string diagnosticsFolder;  // exists; empty to keep nothing
+  std::filesystem::path image;
+  std::filesystem::path diagnosticsFolder;  // exists; empty to keep nothing
 };
 
 // Called as images finish.

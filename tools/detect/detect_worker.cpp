@@ -13,16 +13,17 @@
 #include "tools/lists/option_text.h"
 #include "tools/lists/point_list.h"
 #include "tools/pictures/picture_file.h"
+#include "tools/system/file_name.h"
 
 namespace quorvex::tools {
 namespace {
 
-Picture DetectablePicture(const Picture& original, const std::string& path, bool pad) {
+Picture DetectablePicture(const Picture& original, const std::filesystem::path& path, bool pad) {
   if (HasDetectableSize(original)) return original;
   if (pad) return PadToDetectableSize(original);
   throw InputError(fmt::format(
       "{} is {} x {} pixels, but width and height must be multiples of 4; --pad grows the picture",
-      path, original.width, original.height));
+      Utf8Name(path), original.width, original.height));
 }
 
 // The detection takes the rows of a picture from the bottom up.
@@ -52,12 +53,12 @@ void NumberAsWanted(const DetectParameters& parameters, PointList& points) {
   if (parameters.rearrange) Rearrange(*parameters.rearrange, CountColumns(points), points);
 }
 
-DetectionResult Detect(const std::string& imagePath, const std::string& directory,
-                       const DetectParameters& parameters) {
+DetectionResult Detect(const std::filesystem::path& imagePath,
+                       const std::filesystem::path& directory, const DetectParameters& parameters) {
   const Picture original = ReadPictureFile(imagePath);
   const Picture picture = DetectablePicture(original, imagePath, parameters.pad);
   // Only now: the image's path is relative to where the command was started.
-  std::filesystem::current_path(std::filesystem::u8path(directory));
+  std::filesystem::current_path(directory);
   std::vector<unsigned char> pixels = BottomUpPixels(picture);
   PointList list;
   const bool gridFound = SingleCamDetectCalibrationPoint(
@@ -70,25 +71,26 @@ DetectionResult Detect(const std::string& imagePath, const std::string& director
   KeepPointsInside(original.width, original.height, list);
   if (!gridFound || list.empty()) {
     result.exitCode = kExitNothingFound;
-    result.message = fmt::format("{}: {}", imagePath, DescribeFailure(".", gridFound));
+    result.message = fmt::format("{}: {}", Utf8Name(imagePath), DescribeFailure(".", gridFound));
     return result;
   }
   try {
     NumberAsWanted(parameters, list);
-    result.found.points = ToRows(list);
+    result.found.points = ToListedPoints(list);
   } catch (const NothingChanged& reason) {
     result.exitCode = kExitNothingFound;
     result.message = fmt::format(
         "{}: {}; detect it without --renumber and --rearrange, and correct the list "
         "with 'quorvex points'",
-        imagePath, reason.what());
+        Utf8Name(imagePath), reason.what());
   }
   return result;
 }
 
 }  // namespace
 
-std::vector<std::string> WorkerArguments(const std::string& imagePath, const std::string& directory,
+std::vector<std::string> WorkerArguments(const std::filesystem::path& imagePath,
+                                         const std::filesystem::path& directory,
                                          const DetectParameters& parameters) {
   std::vector<std::string> arguments{kWorkerCommand,
                                      "--row-span",
@@ -105,12 +107,13 @@ std::vector<std::string> WorkerArguments(const std::string& imagePath, const std
     const bool left = *parameters.rearrange == CameraSide::kLeft;
     arguments.insert(arguments.end(), {"--rearrange", left ? "left" : "right"});
   }
-  // Behind the dashes a path may begin with one.
-  arguments.insert(arguments.end(), {"--", imagePath, directory});
+  // After the dashes a path may begin with one.
+  arguments.insert(arguments.end(), {"--", Utf8Name(imagePath), Utf8Name(directory)});
   return arguments;
 }
 
-DetectionResult DetectInDirectory(const std::string& imagePath, const std::string& directory,
+DetectionResult DetectInDirectory(const std::filesystem::path& imagePath,
+                                  const std::filesystem::path& directory,
                                   const DetectParameters& parameters) {
   DetectionResult result;
   try {
@@ -120,7 +123,7 @@ DetectionResult DetectInDirectory(const std::string& imagePath, const std::strin
     result.message = error.what();
   } catch (const std::exception& error) {
     result.exitCode = kExitNothingFound;
-    result.message = fmt::format("{}: the detection failed: {}", imagePath, error.what());
+    result.message = fmt::format("{}: the detection failed: {}", Utf8Name(imagePath), error.what());
   }
   return result;
 }

@@ -3,6 +3,7 @@
 #ifndef QUORVEX_TOOLS_DETECT_DETECT_WORKER_H_
 #define QUORVEX_TOOLS_DETECT_DETECT_WORKER_H_
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -28,12 +29,14 @@ constexpr const char* kResultFile = "result.json";
 constexpr const char* kWorkerCommand = "detect-worker";
 
 // The arguments that start a worker for one image, the subcommand first.
-std::vector<std::string> WorkerArguments(const std::string& imagePath, const std::string& directory,
+std::vector<std::string> WorkerArguments(const std::filesystem::path& imagePath,
+                                         const std::filesystem::path& directory,
                                          const DetectParameters& parameters);
 
 // Reads the picture, makes `directory` (which must exist) the current one, and detects there. Every
 // failure is told by the result.
-DetectionResult DetectInDirectory(const std::string& imagePath, const std::string& directory,
+DetectionResult DetectInDirectory(const std::filesystem::path& imagePath,
+                                  const std::filesystem::path& directory,
                                   const DetectParameters& parameters);
 
 }  // namespace quorvex::tools

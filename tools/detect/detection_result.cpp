@@ -13,9 +13,9 @@ using Json = nlohmann::json;
 }  // namespace
 
 // The image's name stays behind: it need not be UTF-8, and the command knows it anyway.
-void WriteDetectionResult(const DetectionResult& result, const std::string& path) {
+void WriteDetectionResult(const DetectionResult& result, const std::filesystem::path& path) {
   Json points = Json::array();
-  for (const PointRow& p : result.found.points) {
+  for (const ListedPoint& p : result.found.points) {
     points.push_back({p.id, p.row, p.col, p.x, p.y});
   }
   const Json json{{"exitCode", result.exitCode},
@@ -23,14 +23,14 @@ void WriteDetectionResult(const DetectionResult& result, const std::string& path
                   {"width", result.found.width},
                   {"height", result.found.height},
                   {"points", std::move(points)}};
-  std::ofstream file(std::filesystem::u8path(path));
+  std::ofstream file(path);
   file << json.dump(-1, ' ', false, Json::error_handler_t::replace) << std::flush;
   if (!file) throw std::runtime_error("the result of a worker cannot be written");
 }
 
-DetectionResult ReadDetectionResult(const std::string& path) {
+DetectionResult ReadDetectionResult(const std::filesystem::path& path) {
   try {
-    std::ifstream file(std::filesystem::u8path(path));
+    std::ifstream file(path);
     const Json json = Json::parse(file);
     DetectionResult result;
     result.exitCode = json.at("exitCode");

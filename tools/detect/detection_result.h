@@ -2,6 +2,7 @@
 #ifndef QUORVEX_TOOLS_DETECT_DETECTION_RESULT_H_
 #define QUORVEX_TOOLS_DETECT_DETECTION_RESULT_H_
 
+#include <filesystem>
 #include <string>
 
 #include "tools/errors.h"
@@ -12,13 +13,13 @@ namespace quorvex::tools {
 struct DetectionResult {
   int exitCode = kExitSuccess;  // of this image alone (tools/errors.h)
   std::string message;          // one sentence; empty on success
-  ImagePoints found;            // without points unless successful
+  PointsOfImage found;          // without points unless successful
 };
 
 // Both are for a file of the command's own: throws std::runtime_error when it cannot be written, or
 // is missing or damaged because the worker ended early.
-void WriteDetectionResult(const DetectionResult& result, const std::string& path);
-DetectionResult ReadDetectionResult(const std::string& path);
+void WriteDetectionResult(const DetectionResult& result, const std::filesystem::path& path);
+DetectionResult ReadDetectionResult(const std::filesystem::path& path);
 
 }  // namespace quorvex::tools
 

@@ -8,6 +8,7 @@
 
 #include "tools/detect/list_folder.h"
 #include "tools/errors.h"
+#include "tools/system/file_name.h"
 #include "tools/system/output_file.h"
 #include "tools/system/system_files.h"
 
@@ -21,8 +22,8 @@ constexpr const char* kPictures[] = {
     "Mask.bmp",     "Region.bmp",       "Sobel.bmp",       "Eliminate.bmp",      "Sauvola.bmp",
     "Thining.bmp",  "Lines.bmp",        "LineSegment.bmp", "CrossMarkRegion.bmp"};
 
-[[noreturn]] void FailToKeep(const std::string& folder, const std::string& reason) {
-  throw InputError(fmt::format("cannot keep diagnostics in {}: {}", folder, reason));
+[[noreturn]] void FailToKeep(const std::filesystem::path& folder, const std::string& reason) {
+  throw InputError(fmt::format("cannot keep diagnostics in {}: {}", Utf8Name(folder), reason));
 }
 
 // What cannot be looked for, as a list on a drive that does not exist, counts as not written.
@@ -33,39 +34,41 @@ void KeepFile(const fs::path& from, const fs::path& to) {
   } else {
     fs::remove(to, error);
   }
-  if (error) FailToKeep(to.parent_path().string(), error.message());
+  if (error) FailToKeep(to.parent_path(), error.message());
 }
 
 }  // namespace
 
-std::vector<std::string> DiagnosticsFolders(const std::string& folder,
-                                            const std::vector<std::string>& images) {
+std::vector<fs::path> DiagnosticsFolders(const std::filesystem::path& folder,
+                                         const std::vector<std::filesystem::path>& images) {
   if (images.size() == 1) return {folder};
-  std::vector<std::string> folders;
-  std::set<std::string> taken;
-  for (const std::string& image : images) {
-    const std::string stem = fs::u8path(image).stem().string();
-    std::string name = stem;
-    for (int n = 2; !taken.insert(FileNameKey(name)).second; ++n)
-      name = fmt::format("{}-{}", stem, n);
-    folders.push_back((fs::u8path(folder) / fs::u8path(name)).string());
+  std::vector<fs::path> folders;
+  std::set<fs::path> taken;
+  for (const fs::path& image : images) {
+    const fs::path stem = image.stem();
+    fs::path name = stem;
+    for (int n = 2; !taken.insert(FileNameKey(name)).second; ++n) {
+      name = stem;
+      name += fmt::format("-{}", n);
+    }
+    folders.push_back(folder / name);
   }
   return folders;
 }
 
-void PrepareDiagnosticsFolder(const std::string& folder) {
+void PrepareDiagnosticsFolder(const std::filesystem::path& folder) {
   std::error_code error;
-  fs::create_directories(fs::u8path(folder), error);
+  fs::create_directories(folder, error);
   if (error) FailToKeep(folder, error.message());
-  RequireWritable((fs::u8path(folder) / kPictures[0]).string());
+  RequireWritable(folder / kPictures[0]);
 }
 
-void KeepDiagnostics(const std::string& directory, const std::string& folder) {
+void KeepDiagnostics(const std::filesystem::path& directory, const std::filesystem::path& folder) {
   for (const char* name : kPictures) {
-    KeepFile(fs::u8path(directory) / name, fs::u8path(folder) / name);
+    KeepFile(directory / name, folder / name);
   }
   for (const char* name : kListFiles) {
-    KeepFile(ListFolder(directory) / name, fs::u8path(folder) / name);
+    KeepFile(ListFolder(directory) / name, folder / name);
   }
 }
 

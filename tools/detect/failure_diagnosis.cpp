@@ -24,9 +24,9 @@ constexpr int kCentreReach = 250;                  // pixels to each side of the
 // 1; a lone stroke 60 long with its two edges 14 apart gives 300 / 49.
 constexpr double kLoneStrokeRatio = 5;
 
-std::optional<Picture> ReadKeptPicture(const std::string& directory, const char* name) {
+std::optional<Picture> ReadKeptPicture(const std::filesystem::path& directory, const char* name) {
   try {
-    return ReadPictureFile((fs::u8path(directory) / name).string());
+    return ReadPictureFile(directory / name);
   } catch (const InputError&) {
     return std::nullopt;
   }
@@ -79,7 +79,8 @@ bool ReachesAllBorders(const WhitePixels& mask, const Picture& picture) {
 }
 
 // The centre mark: what the search for it left. Empty when two strokes were found.
-std::string DescribeMissingCentreMark(const std::string& directory, const Picture& strokes) {
+std::string DescribeMissingCentreMark(const std::filesystem::path& directory,
+                                      const Picture& strokes) {
   const int x = strokes.width / 2;
   const int y = strokes.height / 2;
   const WhitePixels near =
@@ -103,7 +104,7 @@ std::string DescribeMissingCentreMark(const std::string& directory, const Pictur
 
 }  // namespace
 
-std::string DescribeFailure(const std::string& directory, bool gridFound) {
+std::string DescribeFailure(const std::filesystem::path& directory, bool gridFound) {
   if (gridFound) {
     return "a grid was found, but none of its points lies inside the picture; look for marks that "
            "are not part of one regular grid (Eliminate.bmp)";

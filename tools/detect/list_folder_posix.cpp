@@ -4,13 +4,13 @@
 
 namespace quorvex::tools {
 
-std::filesystem::path ListFolder(const std::string& directory) {
-  return std::filesystem::u8path(directory) / "D:";
+std::filesystem::path ListFolder(const std::filesystem::path& directory) {
+  return directory / "D:";
 }
 
 bool IsListFolderShared() { return false; }
 
-void PrepareListFolder(const std::string& directory) {
+void PrepareListFolder(const std::filesystem::path& directory) {
   std::error_code noLists;
   std::filesystem::create_directory(ListFolder(directory), noLists);
 }

@@ -4,11 +4,11 @@
 
 namespace quorvex::tools {
 
-std::filesystem::path ListFolder(const std::string&) { return "D:/"; }
+std::filesystem::path ListFolder(const std::filesystem::path&) { return "D:/"; }
 
 bool IsListFolderShared() { return true; }
 
-void PrepareListFolder(const std::string& directory) {
+void PrepareListFolder(const std::filesystem::path& directory) {
   for (const char* name : kListFiles) {
     std::error_code ignored;
     std::filesystem::remove(ListFolder(directory) / name, ignored);

@@ -91,27 +91,27 @@ class Canvas {
 using GridPosition = std::pair<int, int>;  // row, column
 
 // Lines end at the rings, so that nothing hides the marks themselves.
-void DrawGridLines(Canvas& canvas, const std::vector<PointRow>& points, int scale) {
-  std::map<GridPosition, const PointRow*> grid;
-  for (const PointRow& p : points) grid[{p.row, p.col}] = &p;
+void DrawGridLines(Canvas& canvas, const std::vector<ListedPoint>& points, int scale) {
+  std::map<GridPosition, const ListedPoint*> grid;
+  for (const ListedPoint& p : points) grid[{p.row, p.col}] = &p;
   const double ring = kRingRadius * scale;
-  const auto join = [&](const PointRow& from, GridPosition position, Color color) {
+  const auto join = [&](const ListedPoint& from, GridPosition position, Color color) {
     const auto neighbour = grid.find(position);
     if (neighbour == grid.end()) return;
-    const PointRow& to = *neighbour->second;
+    const ListedPoint& to = *neighbour->second;
     const double distance = std::hypot(to.x - from.x, to.y - from.y);
     if (distance <= 2 * ring) return;
     const double dx = (to.x - from.x) * ring / distance;
     const double dy = (to.y - from.y) * ring / distance;
     canvas.Line(from.x + dx, from.y + dy, to.x - dx, to.y - dy, (scale + 1) / 2, color);
   };
-  for (const PointRow& p : points) {
+  for (const ListedPoint& p : points) {
     join(p, {p.row, p.col + 1}, kRowLine);
     join(p, {p.row + 1, p.col}, kColumnLine);
   }
 }
 
-void DrawMark(Canvas& canvas, const PointRow& p, int scale) {
+void DrawMark(Canvas& canvas, const ListedPoint& p, int scale) {
   const int radius = kRingRadius * scale;
   const double arm = radius / 2.0;
   canvas.Ring(p.x, p.y, radius, (scale + 1) / 2, kMark);
@@ -121,7 +121,7 @@ void DrawMark(Canvas& canvas, const PointRow& p, int scale) {
 }
 
 // Right below the mark, where neither grid line runs; the edge keeps it legible on white.
-void DrawLabel(Canvas& canvas, const PointRow& p, int scale, int width, int height) {
+void DrawLabel(Canvas& canvas, const ListedPoint& p, int scale, int width, int height) {
   const std::string text = std::to_string(p.id);
   const int gap = kRingRadius * scale;
   const int textWidth = static_cast<int>(text.size()) * (kGlyphWidth + 1) * scale;
@@ -135,16 +135,16 @@ void DrawLabel(Canvas& canvas, const PointRow& p, int scale, int width, int heig
 
 }  // namespace
 
-ColorPicture DrawOverlay(const Picture& picture, const std::vector<PointRow>& points) {
-  std::vector<PointRow> inside;
-  std::copy_if(points.begin(), points.end(), std::back_inserter(inside), [&](const PointRow& p) {
+ColorPicture DrawOverlay(const Picture& picture, const std::vector<ListedPoint>& points) {
+  std::vector<ListedPoint> inside;
+  std::copy_if(points.begin(), points.end(), std::back_inserter(inside), [&](const ListedPoint& p) {
     return p.x >= 0 && p.x <= picture.width - 1 && p.y >= 0 && p.y <= picture.height - 1;
   });
   const int scale = 1 + std::min(picture.width, picture.height) / kPixelsPerScale;
   Canvas canvas(picture);
   DrawGridLines(canvas, inside, scale);
-  for (const PointRow& p : inside) DrawMark(canvas, p, scale);
-  for (const PointRow& p : inside) DrawLabel(canvas, p, scale, picture.width, picture.height);
+  for (const ListedPoint& p : inside) DrawMark(canvas, p, scale);
+  for (const ListedPoint& p : inside) DrawLabel(canvas, p, scale, picture.width, picture.height);
   return canvas.Take();
 }
 

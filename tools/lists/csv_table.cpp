@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "tools/errors.h"
+#include "tools/system/file_name.h"
 
 namespace quorvex::tools {
 namespace {
@@ -20,12 +21,12 @@ namespace {
 constexpr std::uintmax_t kLargestTextFile = 64u << 20;  // bytes; a million points take about 40 MB
 constexpr std::size_t kShownFieldLength = 40;           // characters of a bad field in a message
 
-[[noreturn]] void FailAtLine(const std::string& path, std::size_t line, const std::string& reason) {
-  throw InputError(fmt::format("{}:{}: {}", path, line, reason));
+[[noreturn]] void FailAtLine(const std::string& name, std::size_t line, const std::string& reason) {
+  throw InputError(fmt::format("{}:{}: {}", name, line, reason));
 }
 
 // Splits one line; `line` is its number for the messages.
-std::vector<std::string> SplitFields(std::string_view text, const std::string& path,
+std::vector<std::string> SplitFields(std::string_view text, const std::string& name,
                                      std::size_t line) {
   std::vector<std::string> fields(1);
   bool quoted = false;
@@ -42,7 +43,7 @@ std::vector<std::string> SplitFields(std::string_view text, const std::string& p
       fields.back() += c;
     }
   }
-  if (quoted) FailAtLine(path, line, "a quoted field does not end on its line");
+  if (quoted) FailAtLine(name, line, "a quoted field does not end on its line");
   return fields;
 }
 
@@ -62,22 +63,23 @@ bool ParseWhole(std::string_view text, T& value) {
 
 }  // namespace
 
-std::string ReadTextFile(const std::string& path) {
+std::string ReadTextFile(const std::filesystem::path& path) {
   std::error_code error;
-  if (std::filesystem::is_directory(std::filesystem::u8path(path), error)) {
-    throw InputError(fmt::format("{} is a directory, not a file", path));
+  if (std::filesystem::is_directory(path, error)) {
+    throw InputError(fmt::format("{} is a directory, not a file", Utf8Name(path)));
   }
-  std::ifstream file(std::filesystem::u8path(path), std::ios::binary);
-  if (!file) throw InputError(fmt::format("{} cannot be opened", path));
+  std::ifstream file(path, std::ios::binary);
+  if (!file) throw InputError(fmt::format("{} cannot be opened", Utf8Name(path)));
   std::string text;
   char block[1 << 16];
   while (file.read(block, sizeof block), file.gcount() > 0) {
     text.append(block, static_cast<std::size_t>(file.gcount()));
     if (text.size() > kLargestTextFile) {
-      throw InputError(fmt::format("{} is larger than {} MiB", path, kLargestTextFile >> 20));
+      throw InputError(
+          fmt::format("{} is larger than {} MiB", Utf8Name(path), kLargestTextFile >> 20));
     }
   }
-  if (file.bad()) throw InputError(fmt::format("{} cannot be read", path));
+  if (file.bad()) throw InputError(fmt::format("{} cannot be read", Utf8Name(path)));
   return text;
 }
 
@@ -91,7 +93,7 @@ std::string CsvField(const std::string& text) {
   return quoted + '"';
 }
 
-CsvTable::CsvTable(const std::string& text, std::string path) : path_(std::move(path)) {
+CsvTable::CsvTable(const std::string& text, std::string name) : name_(std::move(name)) {
   std::string_view rest = text;
   if (rest.substr(0, 3) == "\xEF\xBB\xBF") rest.remove_prefix(3);
   for (std::size_t line = 1; !rest.empty(); ++line) {
@@ -101,24 +103,24 @@ CsvTable::CsvTable(const std::string& text, std::string path) : path_(std::move(
     if (!content.empty() && content.back() == '\r') content.remove_suffix(1);
     if (Trimmed(content).empty()) continue;
 
-    std::vector<std::string> fields = SplitFields(content, path_, line);
+    std::vector<std::string> fields = SplitFields(content, name_, line);
     if (header_.empty()) {
       ReadHeader(std::move(fields), line);
     } else if (fields.size() != header_.size()) {
-      FailAtLine(path_, line,
+      FailAtLine(name_, line,
                  fmt::format("{} fields where the header has {}", fields.size(), header_.size()));
     } else {
       rows_.push_back({line, std::move(fields)});
     }
   }
-  if (header_.empty()) throw InputError(fmt::format("{} is empty", path_));
+  if (header_.empty()) throw InputError(fmt::format("{} is empty", name_));
 }
 
 void CsvTable::ReadHeader(std::vector<std::string> names, std::size_t line) {
   for (const std::string& field : names) {
     std::string name(Trimmed(field));
     if (HasColumn(name)) {
-      FailAtLine(path_, line, fmt::format("the column \"{}\" appears twice", name));
+      FailAtLine(name_, line, fmt::format("the column \"{}\" appears twice", name));
     }
     header_.push_back(std::move(name));
   }
@@ -131,7 +133,7 @@ bool CsvTable::HasColumn(const std::string& name) const {
 std::size_t CsvTable::ColumnNamed(const std::string& name) const {
   const auto found = std::find(header_.begin(), header_.end(), name);
   if (found == header_.end()) {
-    throw InputError(fmt::format("{} has no column \"{}\" in its first line", path_, name));
+    throw InputError(fmt::format("{} has no column \"{}\" in its first line", name_, name));
   }
   return static_cast<std::size_t>(found - header_.begin());
 }
@@ -156,7 +158,7 @@ double CsvTable::Number(std::size_t row, std::size_t column) const {
 
 void CsvTable::FailAtField(std::size_t row, std::size_t column, const char* wanted) const {
   FailAtLine(
-      path_, rows_.at(row).line,
+      name_, rows_.at(row).line,
       fmt::format("\"{}\" in column \"{}\" is not {}",
                   Text(row, column).substr(0, kShownFieldLength), header_.at(column), wanted));
 }

@@ -1,6 +1,5 @@
 // A comma-separated table read from a file: a header line, then one line per row. Fields may be
-// quoted
-// ("a ""b"", c"); a quoted field stays on its line. Lines may end in CR LF, blank lines are
+// quoted ("a ""b"", c"); a quoted field stays on its line. Lines may end in CR LF, blank lines are
 // skipped, and a byte order mark is ignored. Columns are found by name, so their order is free and
 // others may stand between them. Everything that is wrong with a file is an InputError that names
 // file and line.
@@ -8,22 +7,23 @@
 #define QUORVEX_TOOLS_LISTS_CSV_TABLE_H_
 
 #include <cstddef>
+#include <filesystem>
 #include <string>
 #include <vector>
 
 namespace quorvex::tools {
 
 // Reads a whole text file of at most 64 MiB. Throws InputError.
-std::string ReadTextFile(const std::string& path);
+std::string ReadTextFile(const std::filesystem::path& path);
 
 // One field as it stands in a table: quoted when it holds a comma, a quote or a line break.
 std::string CsvField(const std::string& text);
 
 class CsvTable {
  public:
-  // `path` is for the messages only. Throws InputError for an empty text, a duplicate column, or a
-  // line with another number of fields than the header.
-  CsvTable(const std::string& text, std::string path);
+  // `name` is that of the file, for the messages only. Throws InputError for an empty text, a
+  // duplicate column, or a line with another number of fields than the header.
+  CsvTable(const std::string& text, std::string name);
 
   std::size_t RowCount() const { return rows_.size(); }
   bool HasColumn(const std::string& name) const;
@@ -42,7 +42,7 @@ class CsvTable {
   void ReadHeader(std::vector<std::string> names, std::size_t line);
   [[noreturn]] void FailAtField(std::size_t row, std::size_t column, const char* wanted) const;
 
-  std::string path_;
+  std::string name_;
   std::vector<std::string> header_;
   std::vector<Row> rows_;
 };

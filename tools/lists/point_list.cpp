@@ -6,33 +6,35 @@
 #include <cstddef>
 
 #include "tools/errors.h"
+#include "tools/system/file_name.h"
 
 namespace quorvex::tools {
 
-PointList ToPointList(const std::vector<PointRow>& rows, const std::string& path) {
+PointList ToPointList(const std::vector<ListedPoint>& listedPoints,
+                      const std::filesystem::path& path) {
   PointList points;
-  points.reserve(rows.size());
-  for (const PointRow& row : rows) {
+  points.reserve(listedPoints.size());
+  for (const ListedPoint& listed : listedPoints) {
     CalibrationPoint point = {};
-    point.id = row.id;
-    point.row = row.row;
-    point.col = row.col;
-    point.x = static_cast<float>(row.x);
-    point.y = static_cast<float>(row.y);
+    point.id = listed.id;
+    point.row = listed.row;
+    point.col = listed.col;
+    point.x = static_cast<float>(listed.x);
+    point.y = static_cast<float>(listed.y);
     if (!std::isfinite(point.x) || !std::isfinite(point.y)) {
       throw InputError(fmt::format("{}: the position of point {} is too large for a 32-bit float",
-                                   path, points.size() + 1));
+                                   Utf8Name(path), points.size() + 1));
     }
     points.push_back(point);
   }
   return points;
 }
 
-std::vector<PointRow> ToRows(const PointList& points) {
-  std::vector<PointRow> rows;
-  rows.reserve(points.size());
-  for (const CalibrationPoint& p : points) rows.push_back({p.id, p.row, p.col, p.x, p.y});
-  return rows;
+std::vector<ListedPoint> ToListedPoints(const PointList& points) {
+  std::vector<ListedPoint> listedPoints;
+  listedPoints.reserve(points.size());
+  for (const CalibrationPoint& p : points) listedPoints.push_back({p.id, p.row, p.col, p.x, p.y});
+  return listedPoints;
 }
 
 }  // namespace quorvex::tools

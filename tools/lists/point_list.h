@@ -1,8 +1,8 @@
-// The way between the rows of a points file and the library's list.
+// The way between the points of a file and the library's list.
 #ifndef QUORVEX_TOOLS_LISTS_POINT_LIST_H_
 #define QUORVEX_TOOLS_LISTS_POINT_LIST_H_
 
-#include <string>
+#include <filesystem>
 #include <vector>
 
 #include "interface/calibration_point.h"
@@ -12,9 +12,10 @@ namespace quorvex::tools {
 
 // Positions become 32-bit floats. Throws InputError naming `path` and the point for a position that
 // a float cannot hold.
-PointList ToPointList(const std::vector<PointRow>& rows, const std::string& path);
+PointList ToPointList(const std::vector<ListedPoint>& listedPoints,
+                      const std::filesystem::path& path);
 
-std::vector<PointRow> ToRows(const PointList& points);
+std::vector<ListedPoint> ToListedPoints(const PointList& points);
 
 }  // namespace quorvex::tools
 

@@ -11,6 +11,7 @@
 
 #include "tools/errors.h"
 #include "tools/lists/csv_table.h"
+#include "tools/system/file_name.h"
 
 namespace quorvex::tools {
 namespace {
@@ -22,11 +23,11 @@ std::string JsonString(const std::string& text) {
   return Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
-std::string FormatCsv(const std::vector<ImagePoints>& images, bool withImageColumn) {
+std::string FormatCsv(const std::vector<PointsOfImage>& images, bool withImageColumn) {
   std::string text = withImageColumn ? "image,id,row,col,x,y\n" : "id,row,col,x,y\n";
-  for (const ImagePoints& image : images) {
+  for (const PointsOfImage& image : images) {
     const std::string prefix = withImageColumn ? CsvField(image.image) + ',' : "";
-    for (const PointRow& p : image.points) {
+    for (const ListedPoint& p : image.points) {
       fmt::format_to(std::back_inserter(text), "{}{},{},{},{:.9g},{:.9g}\n", prefix, p.id, p.row,
                      p.col, p.x, p.y);
     }
@@ -35,14 +36,14 @@ std::string FormatCsv(const std::vector<ImagePoints>& images, bool withImageColu
 }
 
 // One line per point: whole enough for a parser, readable and comparable for people.
-std::string FormatJson(const std::vector<ImagePoints>& images) {
+std::string FormatJson(const std::vector<PointsOfImage>& images) {
   std::string text = "[";
-  for (const ImagePoints& image : images) {
+  for (const PointsOfImage& image : images) {
     text += &image == images.data() ? "\n" : ",\n";
     fmt::format_to(std::back_inserter(text),
                    " {{\n  \"image\": {},\n  \"width\": {},\n  \"height\": {},\n  \"points\": [",
                    JsonString(image.image), image.width, image.height);
-    for (const PointRow& p : image.points) {
+    for (const ListedPoint& p : image.points) {
       fmt::format_to(std::back_inserter(text),
                      "{}   {{\"id\": {}, \"row\": {}, \"col\": {}, \"x\": {:.9g}, \"y\": {:.9g}}}",
                      &p == image.points.data() ? "\n" : ",\n", p.id, p.row, p.col, p.x, p.y);
@@ -52,12 +53,12 @@ std::string FormatJson(const std::vector<ImagePoints>& images) {
   return text + "\n]\n";
 }
 
-std::string FormatText(const std::vector<ImagePoints>& images) {
+std::string FormatText(const std::vector<PointsOfImage>& images) {
   std::string text;
-  for (const ImagePoints& image : images) {
+  for (const PointsOfImage& image : images) {
     text +=
         fmt::format("{:>6} {:>5} {:>5} {:>13} {:>13}\n", "id", "row", "col", "x [px]", "y [px]");
-    for (const PointRow& p : image.points) {
+    for (const ListedPoint& p : image.points) {
       fmt::format_to(std::back_inserter(text), "{:>6} {:>5} {:>5} {:>13.9g} {:>13.9g}\n", p.id,
                      p.row, p.col, p.x, p.y);
     }
@@ -66,7 +67,7 @@ std::string FormatText(const std::vector<ImagePoints>& images) {
   return text;
 }
 
-std::vector<ImagePoints> ParseCsv(const std::string& text, const std::string& path) {
+std::vector<PointsOfImage> ParseCsv(const std::string& text, const std::string& path) {
   const CsvTable table(text, path);
   const bool named = table.HasColumn("image");
   const std::size_t image = named ? table.ColumnNamed("image") : 0;
@@ -76,11 +77,11 @@ std::vector<ImagePoints> ParseCsv(const std::string& text, const std::string& pa
   const std::size_t x = table.ColumnNamed("x");
   const std::size_t y = table.ColumnNamed("y");
 
-  std::vector<ImagePoints> images;
+  std::vector<PointsOfImage> images;
   for (std::size_t i = 0; i < table.RowCount(); ++i) {
     const std::string name = named ? table.Text(i, image) : "";
     auto found = std::find_if(images.rbegin(), images.rend(),
-                              [&](const ImagePoints& known) { return known.image == name; });
+                              [&](const PointsOfImage& known) { return known.image == name; });
     if (found == images.rend()) {
       images.emplace_back();
       images.back().image = name;
@@ -146,9 +147,10 @@ class JsonObject {
   std::string where_;
 };
 
-ImagePoints ParseImage(const Json& value, const std::string& path, const std::string& where) {
+PointsOfImage ParseImage(const Json& value, const std::string& path, const std::string& where) {
   const JsonObject object(value, path, where);
-  ImagePoints image{object.Text("image"), object.Integer("width"), object.Integer("height"), {}};
+  PointsOfImage image{
+      object.Text("image"), object.Integer("width"), object.Integer("height"), {}, {}};
   const Json& points = object.List("points");
   for (std::size_t i = 0; i < points.size(); ++i) {
     const JsonObject point(points[i], path, fmt::format("{}, point {}", where, i + 1));
@@ -158,7 +160,7 @@ ImagePoints ParseImage(const Json& value, const std::string& path, const std::st
   return image;
 }
 
-std::vector<ImagePoints> ParseJson(const std::string& text, const std::string& path) {
+std::vector<PointsOfImage> ParseJson(const std::string& text, const std::string& path) {
   Json list;
   try {
     list = Json::parse(text);
@@ -171,7 +173,7 @@ std::vector<ImagePoints> ParseJson(const std::string& text, const std::string& p
     throw InputError(fmt::format("{} holds a number that is too large", path));
   }
   if (!list.is_array()) throw InputError(fmt::format("{} is not a list of images", path));
-  std::vector<ImagePoints> images;
+  std::vector<PointsOfImage> images;
   for (std::size_t i = 0; i < list.size(); ++i) {
     images.push_back(ParseImage(list[i], path, fmt::format("image {}", i + 1)));
   }
@@ -179,38 +181,38 @@ std::vector<ImagePoints> ParseJson(const std::string& text, const std::string& p
 }
 
 struct PointsFile {
-  std::vector<ImagePoints> images;
+  std::vector<PointsOfImage> images;
   PointsFormat format;
 };
 
-PointsFile ReadAnyFormat(const std::string& path) {
+PointsFile ReadAnyFormat(const std::filesystem::path& path) {
   const std::string text = ReadTextFile(path);
+  const std::string name = Utf8Name(path);
   const std::size_t first = text.find_first_not_of(" \t\r\n");
   const bool isJson = first != std::string::npos && (text[first] == '[' || text[first] == '{');
-  if (isJson) return {ParseJson(text, path), PointsFormat::kJson};
-  return {ParseCsv(text, path), PointsFormat::kCsv};
+  if (isJson) return {ParseJson(text, name), PointsFormat::kJson};
+  return {ParseCsv(text, name), PointsFormat::kCsv};
 }
 
 }  // namespace
 
-GridSize CountGrid(const std::vector<PointRow>& points) {
+GridSize CountGrid(const std::vector<ListedPoint>& points) {
   std::set<int> rows;
   std::set<int> columns;
-  for (const PointRow& p : points) {
+  for (const ListedPoint& p : points) {
     if (p.row >= 0) rows.insert(p.row);
     if (p.col >= 0) columns.insert(p.col);
   }
   return {static_cast<int>(rows.size()), static_cast<int>(columns.size())};
 }
 
-std::string DescribePoints(const ImagePoints& points) {
-  const GridSize grid = CountGrid(points.points);
-  return fmt::format("{}{}{} points, {} rows x {} columns", points.image,
-                     points.image.empty() ? "" : ": ", points.points.size(), grid.rows,
-                     grid.columns);
+std::string DescribePoints(const PointsOfImage& list) {
+  const GridSize grid = CountGrid(list.points);
+  return fmt::format("{}{}{} points, {} rows x {} columns", list.image,
+                     list.image.empty() ? "" : ": ", list.points.size(), grid.rows, grid.columns);
 }
 
-std::string FormatPoints(const std::vector<ImagePoints>& images, PointsFormat format,
+std::string FormatPoints(const std::vector<PointsOfImage>& images, PointsFormat format,
                          bool withImageColumn) {
   switch (format) {
     case PointsFormat::kCsv:
@@ -223,15 +225,15 @@ std::string FormatPoints(const std::vector<ImagePoints>& images, PointsFormat fo
   return FormatText(images);
 }
 
-std::vector<ImagePoints> ReadPointsFile(const std::string& path) {
+std::vector<PointsOfImage> ReadPointsFile(const std::filesystem::path& path) {
   return ReadAnyFormat(path).images;
 }
 
-OneImageFile ReadOneImageFile(const std::string& path) {
+OneImageFile ReadOneImageFile(const std::filesystem::path& path) {
   PointsFile file = ReadAnyFormat(path);
   if (file.images.size() != 1) {
-    throw InputError(
-        fmt::format("{} holds the points of {} images; one is needed", path, file.images.size()));
+    throw InputError(fmt::format("{} holds the points of {} images; one is needed", Utf8Name(path),
+                                 file.images.size()));
   }
   return {std::move(file.images.front()), file.format};
 }

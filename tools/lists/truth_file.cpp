@@ -6,6 +6,7 @@
 
 #include "tools/errors.h"
 #include "tools/lists/csv_table.h"
+#include "tools/system/file_name.h"
 
 namespace quorvex::tools {
 
@@ -18,8 +19,9 @@ std::string TruthCsv(const std::vector<TruthMark>& marks) {
   return csv;
 }
 
-std::vector<TruthMark> ReadTruthFile(const std::string& path) {
-  const CsvTable table(ReadTextFile(path), path);
+std::vector<TruthMark> ReadTruthFile(const std::filesystem::path& path) {
+  const std::string name = Utf8Name(path);
+  const CsvTable table(ReadTextFile(path), name);
   const std::size_t row = table.ColumnNamed("row");
   const std::size_t col = table.ColumnNamed("col");
   const std::size_t x = table.ColumnNamed("x");
@@ -31,12 +33,12 @@ std::vector<TruthMark> ReadTruthFile(const std::string& path) {
     const std::string& flag = table.Text(i, missing);
     if (flag != "0" && flag != "1") {
       throw InputError(
-          fmt::format("{}: mark {}: \"missing\" is \"{}\", not 0 or 1", path, i + 1, flag));
+          fmt::format("{}: mark {}: \"missing\" is \"{}\", not 0 or 1", name, i + 1, flag));
     }
     marks.push_back({table.Integer(i, row), table.Integer(i, col), table.Number(i, x),
                      table.Number(i, y), flag == "1"});
   }
-  if (marks.empty()) throw InputError(fmt::format("{} holds no marks", path));
+  if (marks.empty()) throw InputError(fmt::format("{} holds no marks", name));
   return marks;
 }
 

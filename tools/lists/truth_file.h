@@ -3,6 +3,7 @@
 #ifndef QUORVEX_TOOLS_LISTS_TRUTH_FILE_H_
 #define QUORVEX_TOOLS_LISTS_TRUTH_FILE_H_
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -20,7 +21,7 @@ struct TruthMark {
 std::string TruthCsv(const std::vector<TruthMark>& marks);
 
 // Throws InputError naming file, line and reason; a table without marks is an error too.
-std::vector<TruthMark> ReadTruthFile(const std::string& path);
+std::vector<TruthMark> ReadTruthFile(const std::filesystem::path& path);
 
 }  // namespace quorvex::tools
 

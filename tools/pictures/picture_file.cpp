@@ -14,6 +14,7 @@
 #include "tools/pictures/bmp_writer.h"
 #include "tools/pictures/picture_limits.h"
 #include "tools/pictures/png_codec.h"
+#include "tools/system/file_name.h"
 #include "tools/system/staged_file.h"
 
 namespace quorvex::tools {
@@ -21,8 +22,8 @@ namespace {
 
 enum class PictureFormat { kBmp, kPng };
 
-PictureFormat FormatByEnding(const std::string& path) {
-  std::string ending = std::filesystem::u8path(path).extension().string();
+PictureFormat FormatByEnding(const std::filesystem::path& path) {
+  std::string ending = path.extension().u8string();
   for (char& letter : ending) {
     letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
   }
@@ -32,18 +33,18 @@ PictureFormat FormatByEnding(const std::string& path) {
   if (ending == ".png") {
     return PictureFormat::kPng;
   }
-  throw InputError(fmt::format("cannot write {}: a picture's name must end in .bmp or .png", path));
+  throw InputError(
+      fmt::format("cannot write {}: a picture's name must end in .bmp or .png", Utf8Name(path)));
 }
 
-[[noreturn]] void ThrowCannotRead(const std::string& path, const std::string& reason) {
-  throw InputError(fmt::format("cannot read {}: {}", path, reason));
+[[noreturn]] void ThrowCannotRead(const std::filesystem::path& path, const std::string& reason) {
+  throw InputError(fmt::format("cannot read {}: {}", Utf8Name(path), reason));
 }
 
 // Only a regular file has a size to check against; opening a pipe might wait for ever.
-std::vector<std::uint8_t> ReadWholeFile(const std::string& path) {
+std::vector<std::uint8_t> ReadWholeFile(const std::filesystem::path& path) {
   std::error_code error;
-  const std::filesystem::file_status status =
-      std::filesystem::status(std::filesystem::u8path(path), error);
+  const std::filesystem::file_status status = std::filesystem::status(path, error);
   if (error) {
     ThrowCannotRead(path, error.message());
   }
@@ -53,7 +54,7 @@ std::vector<std::uint8_t> ReadWholeFile(const std::string& path) {
   if (!std::filesystem::is_regular_file(status)) {
     ThrowCannotRead(path, "it is not a regular file");
   }
-  const std::uintmax_t size = std::filesystem::file_size(std::filesystem::u8path(path), error);
+  const std::uintmax_t size = std::filesystem::file_size(path, error);
   if (error) {
     ThrowCannotRead(path, error.message());
   }
@@ -65,7 +66,7 @@ std::vector<std::uint8_t> ReadWholeFile(const std::string& path) {
                                       kMaxPictureFileBytes));
   }
   errno = 0;
-  std::ifstream file(std::filesystem::u8path(path), std::ios::binary);
+  std::ifstream file(path, std::ios::binary);
   if (!file) {
     ThrowCannotRead(path, std::strerror(errno));
   }
@@ -79,30 +80,30 @@ std::vector<std::uint8_t> ReadWholeFile(const std::string& path) {
 
 }  // namespace
 
-Picture ReadPictureFile(const std::string& path) {
+Picture ReadPictureFile(const std::filesystem::path& path) {
   const std::vector<std::uint8_t> bytes = ReadWholeFile(path);
   if (IsPng(bytes)) {
-    return DecodePng(bytes, path);
+    return DecodePng(bytes, Utf8Name(path));
   }
   if (IsBmp(bytes)) {
-    return DecodeBmp(bytes, path);
+    return DecodeBmp(bytes, Utf8Name(path));
   }
   ThrowCannotRead(path, "it is neither a BMP nor a PNG file");
 }
 
-void RequirePictureEnding(const std::string& path) { FormatByEnding(path); }
+void RequirePictureEnding(const std::filesystem::path& path) { FormatByEnding(path); }
 
-std::vector<std::uint8_t> EncodePicture(const Picture& picture, const std::string& path) {
-  return FormatByEnding(path) == PictureFormat::kBmp ? EncodeBmp(picture, path)
-                                                     : EncodePng(picture, path);
+std::vector<std::uint8_t> EncodePicture(const Picture& picture, const std::filesystem::path& path) {
+  return FormatByEnding(path) == PictureFormat::kBmp ? EncodeBmp(picture, Utf8Name(path))
+                                                     : EncodePng(picture, Utf8Name(path));
 }
 
-void WritePictureFile(const Picture& picture, const std::string& path) {
+void WritePictureFile(const Picture& picture, const std::filesystem::path& path) {
   WriteFileWhole(path, EncodePicture(picture, path));
 }
 
-void WriteColorPng(const ColorPicture& picture, const std::string& path) {
-  WriteFileWhole(path, EncodePng(picture, path));
+void WriteColorPng(const ColorPicture& picture, const std::filesystem::path& path) {
+  WriteFileWhole(path, EncodePng(picture, Utf8Name(path)));
 }
 
 }  // namespace quorvex::tools

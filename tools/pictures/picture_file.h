@@ -5,7 +5,7 @@
 #define QUORVEX_TOOLS_PICTURES_PICTURE_FILE_H_
 
 #include <cstdint>
-#include <string>
+#include <filesystem>
 #include <vector>
 
 #include "tools/pictures/picture.h"
@@ -15,23 +15,23 @@ namespace quorvex::tools {
 // Reads a picture, colour converted to grey by the library's ConvertRGBToGray. The format is told
 // by the file's first bytes, not by its name. Throws InputError (tools/errors.h) naming file and
 // reason.
-Picture ReadPictureFile(const std::string& path);
+Picture ReadPictureFile(const std::filesystem::path& path);
 
 // Writes an 8-bit picture as BMP (bottom-up, grey ramp) or PNG, by the ending of `path`; the file
 // appears whole or not at all. Throws InputError when the ending is unknown or the file cannot be
 // written.
-void WritePictureFile(const Picture& picture, const std::string& path);
+void WritePictureFile(const Picture& picture, const std::filesystem::path& path);
 
 // The bytes that WritePictureFile would write to `path`, for a caller that has several files to put
 // in place together. Throws InputError when the ending is unknown or the picture cannot be encoded.
-std::vector<std::uint8_t> EncodePicture(const Picture& picture, const std::string& path);
+std::vector<std::uint8_t> EncodePicture(const Picture& picture, const std::filesystem::path& path);
 
 // Throws InputError when `path` ends in neither .bmp nor .png (capitals allowed), so that a long
 // computation can be refused before it starts.
-void RequirePictureEnding(const std::string& path);
+void RequirePictureEnding(const std::filesystem::path& path);
 
 // Writes a colour picture as PNG, whole or not at all. Throws InputError when it cannot be written.
-void WriteColorPng(const ColorPicture& picture, const std::string& path);
+void WriteColorPng(const ColorPicture& picture, const std::filesystem::path& path);
 
 }  // namespace quorvex::tools
 

@@ -8,6 +8,7 @@
 #include "tools/lists/points_file.h"
 #include "tools/points/points_run.h"
 #include "tools/subcommands.h"
+#include "tools/system/path_option.h"
 
 namespace quorvex::tools {
 namespace {
@@ -15,77 +16,77 @@ namespace {
 const std::map<std::string, PointsFormat> kFormats = {
     {"csv", PointsFormat::kCsv}, {"json", PointsFormat::kJson}, {"text", PointsFormat::kText}};
 
-void AddFile(CLI::App& verb, Road& road) {
-  verb.add_option("file", road.file, "CSV or JSON file that detect wrote for one image")
+void AddFile(CLI::App& verb, PointsRun& run) {
+  AddPathOption(verb, "file", run.input, "CSV or JSON file that detect wrote for one image")
       ->required()
       ->option_text("FILE");
 }
 
-CLI::Option* AddFormat(CLI::App& verb, Road& road) {
+CLI::Option* AddFormat(CLI::App& verb, PointsRun& run) {
   return verb
       .add_option_function<PointsFormat>(
-          "--format", [&road](const PointsFormat& format) { road.format = format; },
+          "--format", [&run](const PointsFormat& format) { run.format = format; },
           "csv, json or text; the file's own when not given")
       ->transform(CLI::CheckedTransformer(kFormats, CLI::ignore_case).description(""))
       ->option_text("NAME");
 }
 
-CLI::Option* AddOutput(CLI::App& verb, Road& road) {
-  return verb
-      .add_option("-o,--output", road.output, "file for the list, instead of standard output")
+CLI::Option* AddOutput(CLI::App& verb, PointsRun& run) {
+  return AddPathOption(verb, "-o,--output", run.output,
+                       "file for the list, instead of standard output")
       ->option_text("FILE");
 }
 
-void AddEditOutputs(CLI::App& verb, Road& road) {
-  CLI::Option* format = AddFormat(verb, road);
-  CLI::Option* output = AddOutput(verb, road);
-  verb.add_flag("-i,--in-place", road.isInPlace, "write the list back to FILE")
+void AddEditOutputs(CLI::App& verb, PointsRun& run) {
+  CLI::Option* format = AddFormat(verb, run);
+  CLI::Option* output = AddOutput(verb, run);
+  verb.add_flag("-i,--in-place", run.isInPlace, "write the list back to FILE")
       ->excludes(format)
       ->excludes(output);
 }
 
 void AddList(CLI::App& points, Action& action) {
-  const auto road = std::make_shared<Road>();
+  const auto run = std::make_shared<PointsRun>();
   CLI::App& verb = *points.add_subcommand("list", "Show all points");
-  AddFile(verb, *road);
-  AddFormat(verb, *road);
-  AddOutput(verb, *road);
-  verb.callback([road, &action] { action = [road] { return RunConversion(*road); }; });
+  AddFile(verb, *run);
+  AddFormat(verb, *run);
+  AddOutput(verb, *run);
+  verb.callback([run, &action] { action = [run] { return RunConversion(*run); }; });
 }
 
 void AddConvert(CLI::App& points, Action& action) {
-  const auto road = std::make_shared<Road>();
+  const auto run = std::make_shared<PointsRun>();
   CLI::App& verb = *points.add_subcommand("convert", "Write the list in another format");
-  AddFile(verb, *road);
-  AddFormat(verb, *road)->required()->description("csv, json or text");
-  AddOutput(verb, *road);
-  verb.callback([road, &action] { action = [road] { return RunConversion(*road); }; });
+  AddFile(verb, *run);
+  AddFormat(verb, *run)->required()->description("csv, json or text");
+  AddOutput(verb, *run);
+  verb.callback([run, &action] { action = [run] { return RunConversion(*run); }; });
 }
 
 void AddQuery(CLI::App& points, Action& action) {
   struct Options {
-    Road road;
+    PointsRun run;
     int id = 0;
   };
   const auto options = std::make_shared<Options>();
   CLI::App& verb = *points.add_subcommand("query", "Show the first point with an id");
-  AddFile(verb, options->road);
+  AddFile(verb, options->run);
   verb.add_option("id", options->id, "number of the point")->required()->option_text("ID");
-  AddFormat(verb, options->road);
-  AddOutput(verb, options->road);
+  AddFormat(verb, options->run);
+  AddOutput(verb, options->run);
   verb.callback(
-      [options, &action] { action = [options] { return RunQuery(options->road, options->id); }; });
+      [options, &action] { action = [options] { return RunQuery(options->run, options->id); }; });
 }
 
 void AddDelete(CLI::App& points, Action& action) {
   struct Options {
-    Road road;
+    PointsRun run;
     std::optional<int> id;
     std::string at;
   };
   const auto options = std::make_shared<Options>();
   CLI::App& verb = *points.add_subcommand("delete", "Remove points by id or by position");
-  AddFile(verb, options->road);
+  AddFile(verb, options->run);
   CLI::Option_group& which = *verb.add_option_group("Which points");
   which.add_option("--id", options->id, "every point with this id")->option_text("N");
   which
@@ -93,10 +94,10 @@ void AddDelete(CLI::App& points, Action& action) {
                   "every point less than 9 px from this position both in x and in y")
       ->option_text("X,Y");
   which.require_option(1);
-  AddEditOutputs(verb, options->road);
+  AddEditOutputs(verb, options->run);
   verb.callback([options, &action] {
     action = [options] {
-      return RunEdit(options->road, [options](PointList& list) {
+      return RunEdit(options->run, [options](PointList& list) {
         if (options->id) {
           DeletePoints(*options->id, list);
         } else {
@@ -109,17 +110,17 @@ void AddDelete(CLI::App& points, Action& action) {
 
 void AddAdd(CLI::App& points, Action& action) {
   struct Options {
-    Road road;
+    PointsRun run;
     std::string at;
   };
   const auto options = std::make_shared<Options>();
   CLI::App& verb = *points.add_subcommand("add", "Append a point; its id, row and column are -1");
-  AddFile(verb, options->road);
+  AddFile(verb, options->run);
   verb.add_option("--at", options->at, "position [px]")->required()->option_text("X,Y");
-  AddEditOutputs(verb, options->road);
+  AddEditOutputs(verb, options->run);
   verb.callback([options, &action] {
     action = [options] {
-      return RunEdit(options->road,
+      return RunEdit(options->run,
                      [options](PointList& list) { AddPoint(ParsePosition(options->at), list); });
     };
   });
@@ -127,7 +128,7 @@ void AddAdd(CLI::App& points, Action& action) {
 
 void AddMove(CLI::App& points, Action& action) {
   struct Options {
-    Road road;
+    PointsRun run;
     int id = 0;
     std::string to;
     std::optional<int> row;
@@ -135,16 +136,16 @@ void AddMove(CLI::App& points, Action& action) {
   };
   const auto options = std::make_shared<Options>();
   CLI::App& verb = *points.add_subcommand("move", "Move the first point with an id; the id stays");
-  AddFile(verb, options->road);
+  AddFile(verb, options->run);
   verb.add_option("id", options->id, "number of the point")->required()->option_text("ID");
   verb.add_option("--to", options->to, "new position [px]")->required()->option_text("X,Y");
   verb.add_option("--row", options->row, "new row; unchanged when not given")->option_text("R");
   verb.add_option("--col", options->column, "new column; unchanged when not given")
       ->option_text("C");
-  AddEditOutputs(verb, options->road);
+  AddEditOutputs(verb, options->run);
   verb.callback([options, &action] {
     action = [options] {
-      return RunEdit(options->road, [options](PointList& list) {
+      return RunEdit(options->run, [options](PointList& list) {
         MovePoint(options->id, ParsePosition(options->to), options->row, options->column, list);
       });
     };
@@ -153,7 +154,7 @@ void AddMove(CLI::App& points, Action& action) {
 
 void AddRenumber(CLI::App& points, Action& action) {
   struct Options {
-    Road road;
+    PointsRun run;
     GridSize grid;
   };
   const auto options = std::make_shared<Options>();
@@ -162,7 +163,7 @@ void AddRenumber(CLI::App& points, Action& action) {
       "Row 0 is the top one, column 0 the left one; id = row * columns + column + 1. The list is\n"
       "ordered column by column. The spacing must shrink from the middle outwards, as in a\n"
       "fisheye image.");
-  AddFile(verb, options->road);
+  AddFile(verb, options->run);
   verb.add_option("--rows", options->grid.rows, "rows of the grid")
       ->required()
       ->check(CLI::Range(1, kMostGridLines))
@@ -171,17 +172,17 @@ void AddRenumber(CLI::App& points, Action& action) {
       ->required()
       ->check(CLI::Range(1, kMostGridLines))
       ->option_text("C");
-  AddEditOutputs(verb, options->road);
+  AddEditOutputs(verb, options->run);
   verb.callback([options, &action] {
     action = [options] {
-      return RunEdit(options->road, [options](PointList& list) { Renumber(options->grid, list); });
+      return RunEdit(options->run, [options](PointList& list) { Renumber(options->grid, list); });
     };
   });
 }
 
 void AddRearrange(CLI::App& points, Action& action) {
   struct Options {
-    Road road;
+    PointsRun run;
     CameraSide side = CameraSide::kLeft;
     std::optional<int> count;
   };
@@ -193,7 +194,7 @@ void AddRearrange(CLI::App& points, Action& action) {
       "id = row * N + column + 1. Points without a column from 0 to N - 1 are removed. Where a\n"
       "column does not hold N points, left counts from 0 at the largest y up, right from N - 1 at\n"
       "the smallest y down.");
-  AddFile(verb, options->road);
+  AddFile(verb, options->run);
   verb.add_option("side", options->side, "left or right")
       ->required()
       ->transform(CLI::CheckedTransformer(kCameraSides).description(""))
@@ -203,10 +204,10 @@ void AddRearrange(CLI::App& points, Action& action) {
                   "given")
       ->check(CLI::Range(1, kMostGridLines))
       ->option_text("N");
-  AddEditOutputs(verb, options->road);
+  AddEditOutputs(verb, options->run);
   verb.callback([options, &action] {
     action = [options] {
-      return RunEdit(options->road, [options](PointList& list) {
+      return RunEdit(options->run, [options](PointList& list) {
         Rearrange(options->side, options->count.value_or(CountColumns(list)), list);
       });
     };

@@ -2,9 +2,9 @@
 #ifndef QUORVEX_TOOLS_POINTS_POINTS_RUN_H_
 #define QUORVEX_TOOLS_POINTS_POINTS_RUN_H_
 
+#include <filesystem>
 #include <functional>
 #include <optional>
-#include <string>
 
 #include "interface/calibration_point.h"
 #include "tools/lists/points_file.h"
@@ -12,10 +12,10 @@
 namespace quorvex::tools {
 
 // Where a list comes from and where it goes.
-struct Road {
-  std::string file;
-  std::optional<PointsFormat> format;  // that of the file when not given
-  std::string output;                  // empty for standard output
+struct PointsRun {
+  std::filesystem::path input;
+  std::optional<PointsFormat> format;  // that of the input when not given
+  std::filesystem::path output;        // empty for standard output
   bool isInPlace = false;
 };
 
@@ -24,9 +24,9 @@ using Edit = std::function<void(PointList&)>;
 
 // All return the exit code and throw InputError. When an edit changes nothing, its sentence goes to
 // standard error and nothing is written.
-int RunConversion(const Road& road);
-int RunEdit(const Road& road, const Edit& edit);
-int RunQuery(const Road& road, int id);
+int RunConversion(const PointsRun& run);
+int RunEdit(const PointsRun& run, const Edit& edit);
+int RunQuery(const PointsRun& run, int id);
 
 }  // namespace quorvex::tools
 

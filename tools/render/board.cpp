@@ -65,7 +65,7 @@ Vector3 Board::ToCamera(const BoardPoint& point) const {
           origin.z + axisX.z * point.x + axisY.z * point.y};
 }
 
-bool Board::Meet(const Vector3& ray, BoardPoint& point) const {
+bool Board::Intersect(const Vector3& ray, BoardPoint& point) const {
   const double towardsBoard = Dot(normal, ray);
   if (towardsBoard <= 0) {
     return false;

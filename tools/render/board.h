@@ -26,7 +26,7 @@ class Board {
   Vector3 ToCamera(const BoardPoint& point) const;
 
   // The point of the board's plane on a ray from the camera; false if the plane is not before it.
-  bool Meet(const Vector3& ray, BoardPoint& point) const;
+  bool Intersect(const Vector3& ray, BoardPoint& point) const;
 
   // Grey level of a point of the board's plane; beyond the board's edge, of the background.
   double LevelAt(const BoardPoint& point) const;

@@ -14,6 +14,8 @@
 #include "tools/render/presets.h"
 #include "tools/render/render_target.h"
 #include "tools/subcommands.h"
+#include "tools/system/file_name.h"
+#include "tools/system/path_option.h"
 #include "tools/system/staged_file.h"
 
 namespace quorvex::tools {
@@ -40,8 +42,8 @@ struct RenderRequest {
   std::string preset = kDefaultPreset;
   bool listsPresets = false;
   bool isQuiet = false;
-  std::string output;
-  std::string truth;
+  std::filesystem::path output;
+  std::filesystem::path truth;
   std::vector<std::string> missing;
   Changes changes;
 };
@@ -173,7 +175,8 @@ int ListPresets() {
 }
 
 // Both files are staged before one is put in place, so that a failure leaves neither.
-void WriteBoth(const RenderedTarget& target, const std::string& output, const std::string& truth) {
+void WriteBoth(const RenderedTarget& target, const std::filesystem::path& output,
+               const std::filesystem::path& truth) {
   const std::string csv = TruthCsv(target.marks);
   StagedFile pictureFile(output, EncodePicture(target.picture, output));
   StagedFile truthFile(truth, std::vector<std::uint8_t>(csv.begin(), csv.end()));
@@ -189,20 +192,19 @@ int RunRender(const RenderRequest& request) {
     throw InputError("an output picture is needed: --output FILE.bmp or FILE.png");
   }
   RequirePictureEnding(request.output);
-  const std::string truth =
-      request.truth.empty()
-          ? std::filesystem::u8path(request.output).replace_extension(".csv").string()
-          : request.truth;
+  const std::filesystem::path truth =
+      request.truth.empty() ? std::filesystem::path(request.output).replace_extension(".csv")
+                            : request.truth;
   if (truth == request.output) {
-    throw InputError(fmt::format("picture and truth cannot both be {}", truth));
+    throw InputError(fmt::format("picture and truth cannot both be {}", Utf8Name(truth)));
   }
   const RenderSettings settings = SettingsOf(request);
   const RenderedTarget target = RenderTarget(settings);
   WriteBoth(target, request.output, truth);
   if (!request.isQuiet) {
     fmt::print(stderr, "{}: {} x {} pixels, {} x {} marks, {} left out; truth in {}\n",
-               request.output, settings.width, settings.height, settings.rows, settings.columns,
-               settings.missing.size(), truth);
+               Utf8Name(request.output), settings.width, settings.height, settings.rows,
+               settings.columns, settings.missing.size(), Utf8Name(truth));
   }
   return kExitSuccess;
 }
@@ -214,11 +216,10 @@ void AddRenderCommand(CLI::App& app, Action& action) {
   CLI::App& command =
       *app.add_subcommand("render", "Render a board of cross marks with known positions");
   command.footer(kExamples);
-  command.add_option("-o,--output", request->output, "The picture to write, .bmp or .png")
+  AddPathOption(command, "-o,--output", request->output, "The picture to write, .bmp or .png")
       ->type_name("FILE");
-  command
-      .add_option("--truth", request->truth,
-                  "Where the marks' positions go; the output's name with .csv if not given")
+  AddPathOption(command, "--truth", request->truth,
+                "Where the marks' positions go; the output's name with .csv if not given")
       ->type_name("FILE");
   command
       .add_option("--preset", request->preset,

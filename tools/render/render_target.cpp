@@ -56,7 +56,8 @@ class Scene {
   double SampleLevel(double x, double y) const {
     Vector3 ray;
     BoardPoint point;
-    if (!rays.Lookup(x - principalPoint.x, y - principalPoint.y, ray) || !board.Meet(ray, point)) {
+    if (!rays.Lookup(x - principalPoint.x, y - principalPoint.y, ray) ||
+        !board.Intersect(ray, point)) {
       return settings.backgroundLevel;
     }
     return board.LevelAt(point);

@@ -1,7 +1,8 @@
 #include "tools/system/command_line_windows.h"
 
 #include <cstddef>
-#include <filesystem>
+
+#include "tools/system/file_name.h"
 
 namespace quorvex::tools {
 
@@ -10,7 +11,7 @@ namespace quorvex::tools {
 std::wstring QuotedArgument(const std::string& argument) {
   std::wstring quoted = L"\"";
   std::size_t backslashes = 0;
-  for (const wchar_t c : std::filesystem::u8path(argument).wstring()) {
+  for (const wchar_t c : PathFromUtf8(argument).wstring()) {
     if (c == L'"') quoted.append(backslashes + 1, L'\\');
     backslashes = c == L'\\' ? backslashes + 1 : 0;
     quoted += c;
@@ -18,9 +19,10 @@ std::wstring QuotedArgument(const std::string& argument) {
   return quoted.append(backslashes, L'\\') + L'"';
 }
 
-std::wstring CommandLine(const std::string& program, const std::vector<std::string>& arguments) {
+std::wstring CommandLine(const std::filesystem::path& program,
+                         const std::vector<std::string>& arguments) {
   // The program's name has rules of its own: everything between the quotes stands for itself.
-  std::wstring line = L'"' + std::filesystem::u8path(program).wstring() + L'"';
+  std::wstring line = L'"' + program.wstring() + L'"';
   for (const std::string& argument : arguments) line += L' ' + QuotedArgument(argument);
   return line;
 }

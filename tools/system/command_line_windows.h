@@ -2,6 +2,7 @@
 #ifndef QUORVEX_TOOLS_SYSTEM_COMMAND_LINE_WINDOWS_H_
 #define QUORVEX_TOOLS_SYSTEM_COMMAND_LINE_WINDOWS_H_
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -12,8 +13,9 @@ namespace quorvex::tools {
 std::wstring QuotedArgument(const std::string& argument);
 
 // The line that CommandLineToArgvW and the C library's start take apart into `program` and
-// `arguments` again. All are UTF-8; `program` holds no quote, as no file name does.
-std::wstring CommandLine(const std::string& program, const std::vector<std::string>& arguments);
+// `arguments`, which are UTF-8, again; `program` holds no quote, as no file name does.
+std::wstring CommandLine(const std::filesystem::path& program,
+                         const std::vector<std::string>& arguments);
 
 }  // namespace quorvex::tools
 

@@ -8,9 +8,11 @@
 
 namespace quorvex::tools {
 
-void RequireWritable(const std::string& path) { const StagedFile neverCommitted(path, {}); }
+void RequireWritable(const std::filesystem::path& path) {
+  const StagedFile neverCommitted(path, {});
+}
 
-void WriteTextFileWhole(const std::string& path, const std::string& text) {
+void WriteTextFileWhole(const std::filesystem::path& path, const std::string& text) {
   WriteFileWhole(path, {text.begin(), text.end()});
 }
 

@@ -2,16 +2,17 @@
 #ifndef QUORVEX_TOOLS_SYSTEM_OUTPUT_FILE_H_
 #define QUORVEX_TOOLS_SYSTEM_OUTPUT_FILE_H_
 
+#include <filesystem>
 #include <string>
 
 namespace quorvex::tools {
 
 // Throws InputError when a file could not be put in place at `path`, and leaves nothing behind. For
 // use before long work, so that its result is not lost to a mistyped name.
-void RequireWritable(const std::string& path);
+void RequireWritable(const std::filesystem::path& path);
 
 // Throws InputError; an earlier file at `path` is then as it was.
-void WriteTextFileWhole(const std::string& path, const std::string& text);
+void WriteTextFileWhole(const std::filesystem::path& path, const std::string& text);
 
 // Throws InputError when standard output does not take everything.
 void WriteToStandardOutput(const std::string& text);

@@ -3,7 +3,6 @@
 #define QUORVEX_TOOLS_SYSTEM_PRIVATE_DIRECTORY_H_
 
 #include <filesystem>
-#include <string>
 #include <system_error>
 
 #include "tools/system/worker_process.h"
@@ -17,13 +16,13 @@ class PrivateDirectory {
   PrivateDirectory& operator=(const PrivateDirectory&) = delete;
   ~PrivateDirectory() {
     std::error_code ignored;
-    std::filesystem::remove_all(std::filesystem::u8path(path_), ignored);
+    std::filesystem::remove_all(path_, ignored);
   }
 
-  const std::string& Path() const { return path_; }
+  const std::filesystem::path& Path() const { return path_; }
 
  private:
-  std::string path_;  // absolute
+  std::filesystem::path path_;  // absolute
 };
 
 }  // namespace quorvex::tools

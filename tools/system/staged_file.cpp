@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "tools/errors.h"
+#include "tools/system/file_name.h"
 #include "tools/system/system_files.h"
 
 namespace quorvex::tools {
@@ -17,15 +18,14 @@ namespace {
 
 constexpr int kNameAttempts = 16;  // a random name of 32 bits is practically never taken twice
 
-[[noreturn]] void ThrowCannotWrite(const std::string& path, const std::string& reason) {
-  throw InputError(fmt::format("cannot write {}: {}", path, reason));
+[[noreturn]] void ThrowCannotWrite(const std::filesystem::path& path, const std::string& reason) {
+  throw InputError(fmt::format("cannot write {}: {}", Utf8Name(path), reason));
 }
 
 // Renaming over a device or a pipe would replace the device itself.
-void RequireReplaceable(const std::string& path) {
+void RequireReplaceable(const std::filesystem::path& path) {
   std::error_code error;
-  const std::filesystem::file_status status =
-      std::filesystem::status(std::filesystem::u8path(path), error);
+  const std::filesystem::file_status status = std::filesystem::status(path, error);
   if (std::filesystem::is_directory(status)) {
     ThrowCannotWrite(path, "it is a directory");
   }
@@ -36,20 +36,22 @@ void RequireReplaceable(const std::string& path) {
 
 }  // namespace
 
-StagedFile::StagedFile(const std::string& targetPath, const std::vector<std::uint8_t>& bytes)
-    : path(targetPath) {
-  RequireReplaceable(path);
+StagedFile::StagedFile(const std::filesystem::path& targetPath,
+                       const std::vector<std::uint8_t>& bytes)
+    : path_(targetPath) {
+  RequireReplaceable(path_);
   std::random_device random;
   std::FILE* file = nullptr;
   for (int attempt = 0; attempt < kNameAttempts && file == nullptr; ++attempt) {
-    temporaryPath = fmt::format("{}.{:08x}.tmp", path, static_cast<std::uint32_t>(random()));
-    file = CreateNewFile(temporaryPath);  // never writes into somebody else's file
+    temporaryPath_ = path_;
+    temporaryPath_ += fmt::format(".{:08x}.tmp", static_cast<std::uint32_t>(random()));
+    file = CreateNewFile(temporaryPath_);  // never writes into somebody else's file
     if (file == nullptr && errno != EEXIST) {
       break;
     }
   }
   if (file == nullptr) {
-    ThrowCannotWrite(path, std::strerror(errno));
+    ThrowCannotWrite(path_, std::strerror(errno));
   }
   // An empty vector's data may be null, which fwrite must not get.
   const bool written =
@@ -59,7 +61,7 @@ StagedFile::StagedFile(const std::string& targetPath, const std::vector<std::uin
   if (!written || !closed) {
     const int error = written ? errno : writeError;
     RemoveTemporary();  // a throwing constructor runs no destructor
-    ThrowCannotWrite(path, std::strerror(error));
+    ThrowCannotWrite(path_, std::strerror(error));
   }
 }
 
@@ -67,22 +69,21 @@ StagedFile::~StagedFile() { RemoveTemporary(); }
 
 void StagedFile::Commit() {
   std::error_code error;
-  std::filesystem::rename(std::filesystem::u8path(temporaryPath), std::filesystem::u8path(path),
-                          error);
+  std::filesystem::rename(temporaryPath_, path_, error);
   if (error) {
-    ThrowCannotWrite(path, error.message());
+    ThrowCannotWrite(path_, error.message());
   }
-  temporaryPath.clear();
+  temporaryPath_.clear();
 }
 
 void StagedFile::RemoveTemporary() noexcept {
-  if (!temporaryPath.empty()) {
+  if (!temporaryPath_.empty()) {
     std::error_code ignored;
-    std::filesystem::remove(std::filesystem::u8path(temporaryPath), ignored);
+    std::filesystem::remove(temporaryPath_, ignored);
   }
 }
 
-void WriteFileWhole(const std::string& path, const std::vector<std::uint8_t>& bytes) {
+void WriteFileWhole(const std::filesystem::path& path, const std::vector<std::uint8_t>& bytes) {
   StagedFile(path, bytes).Commit();
 }
 

@@ -5,7 +5,7 @@
 #define QUORVEX_TOOLS_SYSTEM_STAGED_FILE_H_
 
 #include <cstdint>
-#include <string>
+#include <filesystem>
 #include <vector>
 
 namespace quorvex::tools {
@@ -15,7 +15,7 @@ class StagedFile {
   // Writes `bytes` to the temporary file. Throws InputError (tools/errors.h) naming the target and
   // the reason: the folder is missing or not writable, the disk is full, or the target is something
   // other than a regular file.
-  StagedFile(const std::string& targetPath, const std::vector<std::uint8_t>& bytes);
+  StagedFile(const std::filesystem::path& targetPath, const std::vector<std::uint8_t>& bytes);
   ~StagedFile();
   StagedFile(const StagedFile&) = delete;
   StagedFile& operator=(const StagedFile&) = delete;
@@ -26,12 +26,12 @@ class StagedFile {
  private:
   void RemoveTemporary() noexcept;
 
-  std::string path;
-  std::string temporaryPath;
+  std::filesystem::path path_;
+  std::filesystem::path temporaryPath_;
 };
 
 // Stages and commits one file.
-void WriteFileWhole(const std::string& path, const std::vector<std::uint8_t>& bytes);
+void WriteFileWhole(const std::filesystem::path& path, const std::vector<std::uint8_t>& bytes);
 
 }  // namespace quorvex::tools
 

@@ -5,17 +5,17 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <string>
 #include <system_error>
 
 namespace quorvex::tools {
 
 // Makes a file that was not there and opens it for writing, byte by byte. Null, with the reason in
 // errno, when that fails; EEXIST when something of that name is there, even a dangling link.
-std::FILE* CreateNewFile(const std::string& path);
+std::FILE* CreateNewFile(const std::filesystem::path& path);
 
-// The same for names that the system takes for one file, as Windows does without regard to case.
-std::string FileNameKey(const std::string& name);
+// The same key for names that the system takes for one file, as Windows does without regard to
+// case.
+std::filesystem::path FileNameKey(const std::filesystem::path& name);
 
 // Copies a file, over an earlier one if there is one.
 std::error_code CopyOver(const std::filesystem::path& from, const std::filesystem::path& to);

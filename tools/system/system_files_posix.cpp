@@ -2,9 +2,11 @@
 
 namespace quorvex::tools {
 
-std::FILE* CreateNewFile(const std::string& path) { return std::fopen(path.c_str(), "wbx"); }
+std::FILE* CreateNewFile(const std::filesystem::path& path) {
+  return std::fopen(path.c_str(), "wbx");
+}
 
-std::string FileNameKey(const std::string& name) { return name; }
+std::filesystem::path FileNameKey(const std::filesystem::path& name) { return name; }
 
 std::error_code CopyOver(const std::filesystem::path& from, const std::filesystem::path& to) {
   std::error_code error;

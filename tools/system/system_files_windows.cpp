@@ -10,17 +10,17 @@
 namespace quorvex::tools {
 
 // Not by fopen: the C library of Windows takes the mode "wbx" for "wb".
-std::FILE* CreateNewFile(const std::string& path) {
+std::FILE* CreateNewFile(const std::filesystem::path& path) {
   const int descriptor =
-      _wopen(std::filesystem::u8path(path).c_str(),
-             _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT, _S_IREAD | _S_IWRITE);
+      _wopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT,
+             _S_IREAD | _S_IWRITE);
   return descriptor >= 0 ? _fdopen(descriptor, "wb") : nullptr;
 }
 
-std::string FileNameKey(const std::string& name) {
-  std::wstring key = std::filesystem::u8path(name).wstring();
+std::filesystem::path FileNameKey(const std::filesystem::path& name) {
+  std::wstring key = name.wstring();
   CharLowerBuffW(key.data(), static_cast<DWORD>(key.size()));
-  return std::filesystem::path(key).u8string();
+  return key;
 }
 
 // Not by copy_file: libstdc++ of gcc 12 takes any two files of Windows for the same one.

@@ -3,6 +3,7 @@
 #ifndef QUORVEX_TOOLS_SYSTEM_WORKER_PROCESS_H_
 #define QUORVEX_TOOLS_SYSTEM_WORKER_PROCESS_H_
 
+#include <filesystem>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -31,9 +32,10 @@ class WorkerPool {
   WorkerPool(const WorkerPool&) = delete;
   WorkerPool& operator=(const WorkerPool&) = delete;
 
-  // Starts `program` with `arguments`; `worker` is any number of the caller's. Throws
-  // std::runtime_error when the system refuses.
-  void Start(int worker, const std::string& program, const std::vector<std::string>& arguments);
+  // Starts `program` with `arguments`, which are UTF-8; `worker` is any number of the caller's.
+  // Throws std::runtime_error when the system refuses.
+  void Start(int worker, const std::filesystem::path& program,
+             const std::vector<std::string>& arguments);
 
   int Count() const;
 
@@ -45,11 +47,11 @@ class WorkerPool {
   std::unique_ptr<State> state_;
 };
 
-std::string OwnProgramPath();  // throws std::runtime_error
+std::filesystem::path OwnProgramPath();  // throws std::runtime_error
 
 // Makes a new directory, under the system's directory for temporary files, that only this user can
 // read, and returns its absolute path. Throws std::runtime_error.
-std::string MakePrivateDirectory();
+std::filesystem::path MakePrivateDirectory();
 
 bool StandardErrorIsTerminal();
 

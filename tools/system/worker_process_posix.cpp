@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <map>
 
+#include "tools/system/file_name.h"
 #include "tools/system/worker_process.h"
 
 extern char** environ;
@@ -64,7 +65,7 @@ WorkerPool::~WorkerPool() {
   pthread_sigmask(SIG_SETMASK, &state_->callersMask, nullptr);
 }
 
-void WorkerPool::Start(int worker, const std::string& program,
+void WorkerPool::Start(int worker, const std::filesystem::path& program,
                        const std::vector<std::string>& arguments) {
   std::vector<char*> argv{const_cast<char*>(program.c_str())};
   for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
@@ -79,7 +80,8 @@ void WorkerPool::Start(int worker, const std::string& program,
       posix_spawn(&process, program.c_str(), nullptr, &attributes, argv.data(), environ);
   posix_spawnattr_destroy(&attributes);
   if (error != 0) {
-    throw std::runtime_error(fmt::format("cannot start {}: {}", program, strerror(error)));
+    throw std::runtime_error(
+        fmt::format("cannot start {}: {}", Utf8Name(program), strerror(error)));
   }
   state_->workers[process] = worker;
 }
@@ -103,21 +105,21 @@ WorkerEnd WorkerPool::WaitForOne() {
   }
 }
 
-std::string OwnProgramPath() {
+std::filesystem::path OwnProgramPath() {
   std::error_code error;
   const std::filesystem::path path = std::filesystem::read_symlink("/proc/self/exe", error);
   if (error) throw std::runtime_error("cannot find the command's own program file");
-  return path.string();
+  return path;
 }
 
-std::string MakePrivateDirectory() {
+std::filesystem::path MakePrivateDirectory() {
   std::error_code error;
   const std::filesystem::path parent = std::filesystem::temp_directory_path(error);
   if (error) throw std::runtime_error("there is no directory for temporary files");
   std::string path = (std::filesystem::absolute(parent) / "quorvex-XXXXXX").string();
   if (mkdtemp(path.data()) == nullptr) {
     throw std::runtime_error(
-        fmt::format("cannot make a directory in {}: {}", parent.string(), strerror(errno)));
+        fmt::format("cannot make a directory in {}: {}", Utf8Name(parent), strerror(errno)));
   }
   return path;
 }

@@ -9,6 +9,7 @@
 #include <system_error>
 
 #include "tools/system/command_line_windows.h"
+#include "tools/system/file_name.h"
 #include "tools/system/worker_process.h"
 
 namespace quorvex::tools {
@@ -138,10 +139,10 @@ WorkerPool::~WorkerPool() {
   SetErrorMode(state_->callersErrorMode);
 }
 
-void WorkerPool::Start(int worker, const std::string& program,
+void WorkerPool::Start(int worker, const std::filesystem::path& program,
                        const std::vector<std::string>& arguments) {
   std::wstring line = CommandLine(program, arguments);
-  const std::wstring file = std::filesystem::u8path(program).wstring();
+  const std::wstring file = program.wstring();
   STARTUPINFOW startup = {};
   startup.cb = sizeof startup;
   PROCESS_INFORMATION started = {};
@@ -150,7 +151,7 @@ void WorkerPool::Start(int worker, const std::string& program,
   if (CreateProcessW(file.c_str(), line.data(), nullptr, nullptr, TRUE,
                      CREATE_NEW_PROCESS_GROUP | CREATE_SUSPENDED, nullptr, nullptr, &startup,
                      &started) == 0) {
-    ThrowLastError("cannot start " + program);
+    ThrowLastError("cannot start " + Utf8Name(program));
   }
   Handle process(started.hProcess);
   const Handle thread(started.hThread);
@@ -158,7 +159,7 @@ void WorkerPool::Start(int worker, const std::string& program,
     const DWORD error = GetLastError();
     TerminateProcess(process.get(), 1);
     SetLastError(error);
-    ThrowLastError("cannot take charge of " + program);
+    ThrowLastError("cannot take charge of " + Utf8Name(program));
   }
   ResumeThread(thread.get());
   state_->workers.push_back({std::move(process), worker});
@@ -188,15 +189,15 @@ WorkerEnd WorkerPool::WaitForOne() {
   }
 }
 
-std::string OwnProgramPath() {
+std::filesystem::path OwnProgramPath() {
   constexpr DWORD kLongestPath = 32768;  // with the closing zero
   std::wstring path(kLongestPath, L'\0');
   path.resize(GetModuleFileNameW(nullptr, path.data(), kLongestPath));
   if (path.empty()) throw std::runtime_error("cannot find the command's own program file");
-  return std::filesystem::path(path).u8string();
+  return path;
 }
 
-std::string MakePrivateDirectory() {
+std::filesystem::path MakePrivateDirectory() {
   std::error_code error;
   const std::filesystem::path parent = std::filesystem::temp_directory_path(error);
   if (error) throw std::runtime_error("there is no directory for temporary files");
@@ -206,10 +207,10 @@ std::string MakePrivateDirectory() {
   for (int attempt = 0; attempt < kNameAttempts; ++attempt) {
     const std::string name = fmt::format("quorvex-{:08x}{:08x}", random(), random());
     const std::filesystem::path path = std::filesystem::absolute(parent) / name;
-    if (CreateDirectoryW(path.c_str(), &attributes) != 0) return path.u8string();
+    if (CreateDirectoryW(path.c_str(), &attributes) != 0) return path;
     if (GetLastError() != ERROR_ALREADY_EXISTS) break;
   }
-  ThrowLastError("cannot make a directory in " + parent.u8string());
+  ThrowLastError("cannot make a directory in " + Utf8Name(parent));
 }
 
 bool StandardErrorIsTerminal() {

@@ -31,8 +31,8 @@ std::vector<TruthMark> Board() {
   return marks;
 }
 
-std::vector<PointRow> PointsAt(const std::vector<TruthMark>& marks) {
-  std::vector<PointRow> points;
+std::vector<ListedPoint> PointsAt(const std::vector<TruthMark>& marks) {
+  std::vector<ListedPoint> points;
   for (const TruthMark& m : marks) {
     points.push_back({m.row * kColumns + m.column + 1, m.row, m.column, m.x, m.y});
   }
@@ -50,7 +50,7 @@ TEST(ComparePoints, TheBoardItselfIsComplete) {
 }
 
 TEST(ComparePoints, CountsMissedAndExtra) {
-  std::vector<PointRow> points = PointsAt(Board());
+  std::vector<ListedPoint> points = PointsAt(Board());
   points[0].x += 20.5;  // too far from its mark, so missed and extra
   points.pop_back();    // missed
   const Comparison c = ComparePoints(points, Board(), 20);
@@ -61,7 +61,7 @@ TEST(ComparePoints, CountsMissedAndExtra) {
 }
 
 TEST(ComparePoints, AMarkLeftOutNeedsNoPoint) {
-  std::vector<PointRow> points = PointsAt(Board());
+  std::vector<ListedPoint> points = PointsAt(Board());
   points.erase(points.begin() + 6);
   const Comparison c = ComparePoints(points, Board(), 20);
   EXPECT_EQ(c.filledIn.count, 0);
@@ -69,13 +69,13 @@ TEST(ComparePoints, AMarkLeftOutNeedsNoPoint) {
 }
 
 TEST(ComparePoints, ToleranceIsInclusive) {
-  std::vector<PointRow> points = PointsAt(Board());
+  std::vector<ListedPoint> points = PointsAt(Board());
   points[0].y += 20;
   EXPECT_EQ(ComparePoints(points, Board(), 20).missed, 0);
 }
 
 TEST(ComparePoints, MeasuresFoundAndFilledInApart) {
-  std::vector<PointRow> points = PointsAt(Board());
+  std::vector<ListedPoint> points = PointsAt(Board());
   points[0].x += 3, points[0].y += 4;
   points[5].x -= 1;
   points[6].y += 12;  // the mark left out
@@ -103,7 +103,7 @@ TEST(ComparePoints, TheNearestPairIsMatchedFirst) {
 }
 
 TEST(ComparePoints, TwoPointsAtOneMarkAreOneFoundAndOneExtra) {
-  std::vector<PointRow> points = PointsAt(Board());
+  std::vector<ListedPoint> points = PointsAt(Board());
   points.push_back(points[3]);
   points.back().x += 5;
   const Comparison c = ComparePoints(points, Board(), 20);
@@ -113,8 +113,8 @@ TEST(ComparePoints, TwoPointsAtOneMarkAreOneFoundAndOneExtra) {
 }
 
 TEST(ComparePoints, TellsAConstantOffsetOfTheLabels) {
-  std::vector<PointRow> points = PointsAt(Board());
-  for (PointRow& p : points) p.row += 2, p.col -= 1;
+  std::vector<ListedPoint> points = PointsAt(Board());
+  for (ListedPoint& p : points) p.row += 2, p.col -= 1;
   const Comparison c = ComparePoints(points, Board(), 20);
   EXPECT_EQ(c.labels, Labels::kOffset);
   EXPECT_EQ(c.rowOffset, 2);
@@ -124,13 +124,13 @@ TEST(ComparePoints, TellsAConstantOffsetOfTheLabels) {
 }
 
 TEST(ComparePoints, TellsExchangedRowsAndColumns) {
-  std::vector<PointRow> points = PointsAt(Board());
-  for (PointRow& p : points) std::swap(p.row, p.col);
+  std::vector<ListedPoint> points = PointsAt(Board());
+  for (ListedPoint& p : points) std::swap(p.row, p.col);
   EXPECT_EQ(ComparePoints(points, Board(), 20).labels, Labels::kTransposed);
 }
 
 TEST(ComparePoints, OneWrongLabelIsADisagreement) {
-  std::vector<PointRow> points = PointsAt(Board());
+  std::vector<ListedPoint> points = PointsAt(Board());
   points[7].col = 9;
   const Comparison c = ComparePoints(points, Board(), 20);
   EXPECT_EQ(c.labels, Labels::kDisagree);
@@ -151,7 +151,7 @@ TEST(ComparePoints, LabelsAtTheEndsOfTheRangeDoNotOverflow) {
 }
 
 TEST(CompareReport, ShowsCountsAndErrors) {
-  std::vector<PointRow> points = PointsAt(Board());
+  std::vector<ListedPoint> points = PointsAt(Board());
   points[0].x += 3;
   points[6].y += 2;
   const Comparison c = ComparePoints(points, Board(), 20);

@@ -35,12 +35,12 @@ class DetectNumbering : public CommandTest {
   }
 
   // The points that a detection with these options writes.
-  std::vector<PointRow> Detect(const std::string& options) {
+  std::vector<ListedPoint> Detect(const std::string& options) {
     EXPECT_EQ(Run("detect target.bmp -o points.csv " + options), 0) << errors;
     return ReadPointsFile(folder.Path("points.csv")).front().points;
   }
 
-  const TruthMark& MarkOf(const PointRow& p) const {
+  const TruthMark& MarkOf(const ListedPoint& p) const {
     for (const TruthMark& mark : marks) {
       if (std::hypot(p.x - mark.x, p.y - mark.y) < 1) return mark;
     }
@@ -51,10 +51,10 @@ class DetectNumbering : public CommandTest {
 };
 
 TEST_F(DetectNumbering, RenumbersColumnByColumn) {
-  const std::vector<PointRow> points = Detect("--renumber 4x5");
+  const std::vector<ListedPoint> points = Detect("--renumber 4x5");
   ASSERT_EQ(points.size(), 20u);
   for (int i = 0; i < 20; ++i) {
-    const PointRow& p = points[static_cast<std::size_t>(i)];
+    const ListedPoint& p = points[static_cast<std::size_t>(i)];
     EXPECT_EQ(p.col, i / kRows);
     EXPECT_EQ(p.row, i % kRows);
     EXPECT_EQ(p.row, MarkOf(p).row);
@@ -64,9 +64,9 @@ TEST_F(DetectNumbering, RenumbersColumnByColumn) {
 }
 
 TEST_F(DetectNumbering, RearrangesForTheLeftCameraFromTheLargestY) {
-  const std::vector<PointRow> points = Detect("--rearrange left");
+  const std::vector<ListedPoint> points = Detect("--rearrange left");
   ASSERT_EQ(points.size(), 20u);
-  for (const PointRow& p : points) {
+  for (const ListedPoint& p : points) {
     EXPECT_EQ(p.row, MarkOf(p).column);
     EXPECT_EQ(p.col, kRows - 1 - MarkOf(p).row);
     EXPECT_EQ(p.id, p.row * kColumns + p.col + 1);
@@ -74,9 +74,9 @@ TEST_F(DetectNumbering, RearrangesForTheLeftCameraFromTheLargestY) {
 }
 
 TEST_F(DetectNumbering, RearrangesForTheRightCameraFromTheSmallestY) {
-  const std::vector<PointRow> points = Detect("--renumber 4x5 --rearrange right");
+  const std::vector<ListedPoint> points = Detect("--renumber 4x5 --rearrange right");
   ASSERT_EQ(points.size(), 20u);
-  for (const PointRow& p : points) {
+  for (const ListedPoint& p : points) {
     EXPECT_EQ(p.row, MarkOf(p).column);
     EXPECT_EQ(p.col, kColumns - 1 - MarkOf(p).row);
     EXPECT_EQ(p.id, p.row * kColumns + p.col + 1);
@@ -106,7 +106,7 @@ TEST_F(DetectNumbering, AnImageThatCannotBeRenumberedHasFailed) {
 
 TEST_F(DetectNumbering, TheOverlayShowsTheFinalLabels) {
   Detect("--overlay found.png");
-  const std::vector<PointRow> final = Detect("--rearrange left --overlay final.png");
+  const std::vector<ListedPoint> final = Detect("--rearrange left --overlay final.png");
   const Picture picture = ReadPictureFile(folder.Path("target.bmp"));
   WriteColorPng(DrawOverlay(picture, final), folder.Path("expected.png"));
   EXPECT_EQ(ReadWhole(folder.Path("final.png")), ReadWhole(folder.Path("expected.png")));

@@ -20,11 +20,10 @@ TEST(DiagnosticsFolders, OneImageTakesTheFolderItself) {
 }
 
 TEST(DiagnosticsFolders, SeveralImagesGetFoldersOfTheirOwn) {
-  const std::vector<std::string> folders =
+  const std::vector<std::filesystem::path> folders =
       DiagnosticsFolders("out", {"x/a.bmp", "b.png", "y/a.bmp", "a-2.bmp", "a.png"});
   // As paths, since separators differ between systems.
-  EXPECT_THAT(std::vector<std::filesystem::path>(folders.begin(), folders.end()),
-              ElementsAre("out/a", "out/b", "out/a-2", "out/a-2-2", "out/a-3"));
+  EXPECT_THAT(folders, ElementsAre("out/a", "out/b", "out/a-2", "out/a-2-2", "out/a-3"));
 }
 
 TEST(DiagnosticsFolders, AreMadeWithTheirParents) {

@@ -16,7 +16,7 @@ namespace {
 
 using testing::HasSubstr;
 
-ImagePoints TwoPoints(const std::string& name) {
+PointsOfImage TwoPoints(const std::string& name) {
   return {name, 640, 480, {{1, 0, 0, 10.5, 20.25}, {2, 0, 1, 110, 21}}};
 }
 
@@ -63,7 +63,7 @@ TEST(PointsFile, ReadsBackEveryBitOfA32BitPosition) {
   for (const PointsFormat format : {PointsFormat::kCsv, PointsFormat::kJson}) {
     const std::string path =
         folder.File("points", FormatPoints({{"a", 8, 4, {{-1, -1, 7, x, y}}}}, format, false));
-    const std::vector<ImagePoints> images = ReadPointsFile(path);
+    const std::vector<PointsOfImage> images = ReadPointsFile(path);
     ASSERT_EQ(images.size(), 1u);
     ASSERT_EQ(images[0].points.size(), 1u);
     EXPECT_EQ(images[0].points[0].id, -1);
@@ -79,7 +79,7 @@ TEST(PointsFile, ReadsSeveralImagesFromBothFormats) {
   for (const PointsFormat format : {PointsFormat::kCsv, PointsFormat::kJson}) {
     const std::string path = folder.File(
         "points", FormatPoints({TwoPoints("z,1.bmp"), TwoPoints("a\"2.bmp")}, format, true));
-    const std::vector<ImagePoints> images = ReadPointsFile(path);
+    const std::vector<PointsOfImage> images = ReadPointsFile(path);
     ASSERT_EQ(images.size(), 2u);
     EXPECT_EQ(images[0].image, "z,1.bmp");
     EXPECT_EQ(images[1].image, "a\"2.bmp");
@@ -91,7 +91,7 @@ TEST(PointsFile, TakesForeignLineEndsMarkColumnOrderAndOtherColumns) {
   const TemporaryFolder folder;
   const std::string path = folder.File(
       "points.csv", "\xEF\xBB\xBFy, x,note,col,row,id\r\n\r\n 2.5 ,1e1,\"a, b\",3,4,5\r\n");
-  const std::vector<ImagePoints> images = ReadPointsFile(path);
+  const std::vector<PointsOfImage> images = ReadPointsFile(path);
   ASSERT_EQ(images.size(), 1u);
   ASSERT_EQ(images[0].points.size(), 1u);
   EXPECT_EQ(images[0].points[0].id, 5);
@@ -103,7 +103,8 @@ TEST(PointsFile, TakesForeignLineEndsMarkColumnOrderAndOtherColumns) {
 
 TEST(PointsFile, AHeaderAloneIsAnImageWithoutPoints) {
   const TemporaryFolder folder;
-  const std::vector<ImagePoints> images = ReadPointsFile(folder.File("p.csv", "id,row,col,x,y\n"));
+  const std::vector<PointsOfImage> images =
+      ReadPointsFile(folder.File("p.csv", "id,row,col,x,y\n"));
   ASSERT_EQ(images.size(), 1u);
   EXPECT_TRUE(images[0].points.empty());
 }

@@ -88,7 +88,7 @@ TEST_P(CameraModels, BoardPointsSurviveTheWayToThePictureAndBack) {
       const auto ray = camera.Ray(*pixel);
       ASSERT_TRUE(ray);
       BoardPoint met;
-      ASSERT_TRUE(board.Meet(*ray, met));
+      ASSERT_TRUE(board.Intersect(*ray, met));
       EXPECT_NEAR(met.x, mark.x, 1e-8);
       EXPECT_NEAR(met.y, mark.y, 1e-8);
     }

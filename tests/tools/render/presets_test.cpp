@@ -100,7 +100,7 @@ TEST_P(Presets, MiddleOfThePictureLiesBetweenTheStrokes) {
   EXPECT_LT(Distance(middle, {nearest->x, nearest->y}), kMaxCentreDistance);
   EXPECT_FALSE(nearest->isMissing);
   BoardPoint point;
-  ASSERT_TRUE(board.Meet(camera.Ray(middle).value(), point));
+  ASSERT_TRUE(board.Intersect(camera.Ray(middle).value(), point));
   const BoardPoint mark = board.MarkCentre(nearest->row, nearest->column);
   EXPECT_GT(Distance(middle, Seen({mark.x, point.y})), kMinCentreClearance);
   EXPECT_GT(Distance(middle, Seen({point.x, mark.y})), kMinCentreClearance);

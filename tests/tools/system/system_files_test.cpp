@@ -5,6 +5,7 @@
 #include <cerrno>
 
 #include "tests/support/test_files.h"
+#include "tools/system/file_name.h"
 
 namespace quorvex::tests {
 
@@ -15,7 +16,7 @@ namespace {
 TEST(CreateNewFile, WritesTheBytesAsTheyAre) {
   const TemporaryFolder folder;
   const std::string path = folder.Path("n\xC3\xBC.txt");
-  std::FILE* file = CreateNewFile(path);
+  std::FILE* file = CreateNewFile(PathFromUtf8(path));
   ASSERT_NE(file, nullptr);
   std::fputs("a\nb\r\n\x1A", file);
   std::fclose(file);

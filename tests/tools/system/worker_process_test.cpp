@@ -62,18 +62,18 @@ TEST(WorkerPool, TellsAProgramThatCannotBeStarted) {
 }
 
 TEST(OwnProgram, IsThisOne) {
-  EXPECT_EQ(std::filesystem::u8path(OwnProgramPath()).stem(), "tools_tests");
-  EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::u8path(OwnProgramPath())));
+  EXPECT_EQ(OwnProgramPath().stem(), "tools_tests");
+  EXPECT_TRUE(std::filesystem::is_regular_file(OwnProgramPath()));
 }
 
 TEST(PrivateDirectory, GoesWithEverythingInIt) {
-  std::string path;
+  std::filesystem::path path;
   {
     const PrivateDirectory directory;
     path = directory.Path();
-    EXPECT_TRUE(std::filesystem::path(path).is_absolute());
-    std::filesystem::create_directories(std::filesystem::path(path) / "deep" / "deeper");
-    std::ofstream(std::filesystem::path(path) / "deep" / "file") << "text";
+    EXPECT_TRUE(path.is_absolute());
+    std::filesystem::create_directories(path / "deep" / "deeper");
+    std::ofstream(path / "deep" / "file") << "text";
   }
   EXPECT_FALSE(std::filesystem::exists(path));
 }

@@ -75,7 +75,7 @@ TEST(PrivateDirectory, IsForThisUserOnly) {
   ACL* list = nullptr;
   PSID owner = nullptr;
   PSECURITY_DESCRIPTOR descriptor = nullptr;
-  ASSERT_EQ(GetNamedSecurityInfoW(fs::u8path(directory.Path()).c_str(), SE_FILE_OBJECT,
+  ASSERT_EQ(GetNamedSecurityInfoW(directory.Path().c_str(), SE_FILE_OBJECT,
                                   OWNER_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION, &owner,
                                   nullptr, &list, nullptr, &descriptor),
             static_cast<DWORD>(ERROR_SUCCESS));
