@@ -1,12 +1,17 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <new>
+#include <string>
+#include <vector>
 
 #include "tools/errors.h"
 #include "tools/subcommands.h"
 #include "tools/system/system_files.h"
+#include "tools/verbs.h"
 
 namespace {
 
@@ -17,26 +22,36 @@ int ReportParseError(const CLI::App& app, const CLI::ParseError& error) {
   return code == 0 ? kExitSuccess : kExitBadInput;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  PassStandardStreamsUnchanged();
-  CLI::App app{"Quorvex finds the calibration points of a cross-mark target in fisheye images."};
-  app.set_version_flag("--version", "quorvex " QUORVEX_VERSION);
-  app.require_subcommand(1);
+int Run(CLI::App& app, std::vector<std::string> words) {
   Action action;
   AddDetectCommand(app, action);
   AddPointsCommand(app, action);
   AddRenderCommand(app, action);
   AddCompareCommand(app, action);
+  words = WithHelpAsOption(std::move(words));
+  RequireKnownVerbs(app, words);
+  std::reverse(words.begin(), words.end());  // the parser takes them from the end
+  app.parse(words);
+  return action();
+}
 
+}  // namespace
+
+int main(int argc, char** argv) {
+  PassStandardStreamsUnchanged();
+  CLI::App app{"Quorvex finds the calibration points of a cross-mark target in fisheye images.",
+               "quorvex"};
+  app.set_version_flag("-v,--version", "quorvex " QUORVEX_VERSION);
+  app.require_subcommand(1);
+  app.footer("'quorvex help VERB' shows the options of a verb.");
   try {
-    app.parse(argc, argv);
-    return action();
+    return Run(app, {argv + 1, argv + argc});
   } catch (const CLI::ParseError& error) {
     return ReportParseError(app, error);
+  } catch (const std::bad_alloc&) {
+    std::fputs("quorvex: out of memory\n", stderr);
   } catch (const std::exception& error) {
     fmt::print(stderr, "quorvex: {}\n", error.what());
-    return kExitBadInput;
   }
+  return kExitBadInput;
 }

@@ -30,7 +30,9 @@ std::vector<Pair> PairsWithin(const std::vector<ListedPoint>& points,
                                  [&](std::size_t m, double x) { return truth[m].x < x; });
     for (; mark != marksByX.end() && truth[*mark].x <= point.x + tolerance; ++mark) {
       const double distance = std::hypot(point.x - truth[*mark].x, point.y - truth[*mark].y);
-      if (distance <= tolerance) pairs.push_back({distance, i, *mark});
+      if (distance <= tolerance) {
+        pairs.push_back({distance, i, *mark});
+      }
     }
   }
   return pairs;
@@ -45,7 +47,9 @@ std::vector<Pair> MatchNearestFirst(std::vector<Pair> pairs, std::size_t pointCo
   std::vector<bool> markTaken(markCount);
   std::vector<Pair> matches;
   for (const Pair& pair : pairs) {
-    if (pointTaken[pair.point] || markTaken[pair.mark]) continue;
+    if (pointTaken[pair.point] || markTaken[pair.mark]) {
+      continue;
+    }
     pointTaken[pair.point] = true;
     markTaken[pair.mark] = true;
     matches.push_back(pair);
@@ -56,9 +60,13 @@ std::vector<Pair> MatchNearestFirst(std::vector<Pair> pairs, std::size_t pointCo
 // `distances` ascending.
 ErrorStatistics Summarize(const std::vector<double>& distances) {
   ErrorStatistics statistics;
-  if (distances.empty()) return statistics;
+  if (distances.empty()) {
+    return statistics;
+  }
   double squares = 0;
-  for (const double distance : distances) squares += distance * distance;
+  for (const double distance : distances) {
+    squares += distance * distance;
+  }
   const std::size_t count = distances.size();
   statistics.count = static_cast<int>(count);
   statistics.rms = std::sqrt(squares / static_cast<double>(count));
@@ -69,7 +77,9 @@ ErrorStatistics Summarize(const std::vector<double>& distances) {
 
 void CompareLabels(const std::vector<ListedPoint>& points, const std::vector<TruthMark>& truth,
                    const std::vector<Pair>& matches, Comparison& result) {
-  if (matches.empty()) return;
+  if (matches.empty()) {
+    return;
+  }
   // In 64 bits: labels come from a file and may be anywhere in the range of an int.
   const auto rowOffset = [&](const Pair& m) {
     return std::int64_t{points[m.point].row} - truth[m.mark].row;
@@ -81,12 +91,16 @@ void CompareLabels(const std::vector<ListedPoint>& points, const std::vector<Tru
   bool sameOffset = true;
   bool transposed = true;
   for (const Pair& m : matches) {
-    if (rowOffset(m) != 0 || columnOffset(m) != 0) ++result.wrongLabels;
+    if (rowOffset(m) != 0 || columnOffset(m) != 0) {
+      ++result.wrongLabels;
+    }
     sameOffset &= rowOffset(m) == rowOffset(first) && columnOffset(m) == columnOffset(first);
     transposed &=
         points[m.point].row == truth[m.mark].column && points[m.point].col == truth[m.mark].row;
   }
-  if (result.wrongLabels == 0) return;
+  if (result.wrongLabels == 0) {
+    return;
+  }
   if (transposed) {
     result.labels = Labels::kTransposed;
   } else if (sameOffset) {
@@ -95,6 +109,29 @@ void CompareLabels(const std::vector<ListedPoint>& points, const std::vector<Tru
     result.columnOffset = columnOffset(first);
   } else {
     result.labels = Labels::kDisagree;
+  }
+}
+
+void CollectDetails(const std::vector<ListedPoint>& points, const std::vector<TruthMark>& truth,
+                    const std::vector<Pair>& matches, Comparison& result) {
+  constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+  std::vector<std::size_t> markOf(points.size(), kNone);
+  std::vector<bool> isFound(truth.size());
+  for (const Pair& m : matches) {
+    markOf[m.point] = m.mark;
+    isFound[m.mark] = true;
+  }
+  for (std::size_t i = 0; i < truth.size(); ++i) {
+    if (!isFound[i] && !truth[i].isMissing) {
+      result.missedMarks.push_back(truth[i]);
+    }
+  }
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    if (markOf[i] == kNone) {
+      result.extraPoints.push_back(points[i]);
+    } else if (points[i].row != truth[markOf[i]].row || points[i].col != truth[markOf[i]].column) {
+      result.mislabelled.push_back({points[i], truth[markOf[i]]});
+    }
   }
 }
 
@@ -111,13 +148,15 @@ Comparison ComparePoints(const std::vector<ListedPoint>& points,
   }
 
   Comparison result;
-  for (const TruthMark& mark : truth)
+  for (const TruthMark& mark : truth) {
     ++(mark.isMissing ? result.leftOutMarks : result.visibleMarks);
+  }
   result.found = Summarize(found);
   result.filledIn = Summarize(filledIn);
   result.missed = result.visibleMarks - result.found.count;
   result.extra = static_cast<int>(points.size() - matches.size());
   CompareLabels(points, truth, matches, result);
+  CollectDetails(points, truth, matches, result);
   return result;
 }
 

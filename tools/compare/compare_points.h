@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "tools/lists/points_file.h"
+#include "tools/lists/listed_points.h"
 #include "tools/lists/truth_file.h"
 
 namespace quorvex::tools {
@@ -25,6 +25,12 @@ enum class Labels {
   kDisagree,
 };
 
+// A point with another row or column than its mark.
+struct Mislabelled {
+  ListedPoint point;
+  TruthMark mark;
+};
+
 struct Comparison {
   int visibleMarks = 0;      // marks on the board
   int leftOutMarks = 0;      // marks left out of it
@@ -37,6 +43,11 @@ struct Comparison {
   int wrongLabels = 0;         // matched points with another row or column than their mark
   std::int64_t rowOffset = 0;  // point minus mark, for kOffset
   std::int64_t columnOffset = 0;
+
+  // In the order of the marks and of the points.
+  std::vector<TruthMark> missedMarks;
+  std::vector<ListedPoint> extraPoints;
+  std::vector<Mislabelled> mislabelled;
 
   // Every visible mark was found, no point is extra, and all labels agree.
   bool IsComplete() const { return missed == 0 && extra == 0 && labels == Labels::kAgree; }

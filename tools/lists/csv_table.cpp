@@ -43,13 +43,17 @@ std::vector<std::string> SplitFields(std::string_view text, const std::string& n
       fields.back() += c;
     }
   }
-  if (quoted) FailAtLine(name, line, "a quoted field does not end on its line");
+  if (quoted) {
+    FailAtLine(name, line, "a quoted field does not end on its line");
+  }
   return fields;
 }
 
 std::string_view Trimmed(std::string_view text) {
   const std::size_t first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return {};
+  if (first == std::string_view::npos) {
+    return {};
+  }
   return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
@@ -69,7 +73,9 @@ std::string ReadTextFile(const std::filesystem::path& path) {
     throw InputError(fmt::format("{} is a directory, not a file", Utf8Name(path)));
   }
   std::ifstream file(path, std::ios::binary);
-  if (!file) throw InputError(fmt::format("{} cannot be opened", Utf8Name(path)));
+  if (!file) {
+    throw InputError(fmt::format("{} cannot be opened", Utf8Name(path)));
+  }
   std::string text;
   char block[1 << 16];
   while (file.read(block, sizeof block), file.gcount() > 0) {
@@ -79,15 +85,21 @@ std::string ReadTextFile(const std::filesystem::path& path) {
           fmt::format("{} is larger than {} MiB", Utf8Name(path), kLargestTextFile >> 20));
     }
   }
-  if (file.bad()) throw InputError(fmt::format("{} cannot be read", Utf8Name(path)));
+  if (file.bad()) {
+    throw InputError(fmt::format("{} cannot be read", Utf8Name(path)));
+  }
   return text;
 }
 
 std::string CsvField(const std::string& text) {
-  if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+  if (text.find_first_of(",\"\r\n") == std::string::npos) {
+    return text;
+  }
   std::string quoted = "\"";
   for (const char c : text) {
-    if (c == '"') quoted += '"';
+    if (c == '"') {
+      quoted += '"';
+    }
     quoted += c;
   }
   return quoted + '"';
@@ -95,13 +107,19 @@ std::string CsvField(const std::string& text) {
 
 CsvTable::CsvTable(const std::string& text, std::string name) : name_(std::move(name)) {
   std::string_view rest = text;
-  if (rest.substr(0, 3) == "\xEF\xBB\xBF") rest.remove_prefix(3);
+  if (rest.substr(0, 3) == "\xEF\xBB\xBF") {
+    rest.remove_prefix(3);
+  }
   for (std::size_t line = 1; !rest.empty(); ++line) {
     const std::size_t length = std::min(rest.find('\n'), rest.size());
     std::string_view content = rest.substr(0, length);
     rest.remove_prefix(std::min(length + 1, rest.size()));
-    if (!content.empty() && content.back() == '\r') content.remove_suffix(1);
-    if (Trimmed(content).empty()) continue;
+    if (!content.empty() && content.back() == '\r') {
+      content.remove_suffix(1);
+    }
+    if (Trimmed(content).empty()) {
+      continue;
+    }
 
     std::vector<std::string> fields = SplitFields(content, name_, line);
     if (header_.empty()) {
@@ -113,7 +131,9 @@ CsvTable::CsvTable(const std::string& text, std::string name) : name_(std::move(
       rows_.push_back({line, std::move(fields)});
     }
   }
-  if (header_.empty()) throw InputError(fmt::format("{} is empty", name_));
+  if (header_.empty()) {
+    throw InputError(fmt::format("{} is empty", name_));
+  }
 }
 
 void CsvTable::ReadHeader(std::vector<std::string> names, std::size_t line) {
@@ -144,7 +164,9 @@ const std::string& CsvTable::Text(std::size_t row, std::size_t column) const {
 
 int CsvTable::Integer(std::size_t row, std::size_t column) const {
   int value = 0;
-  if (!ParseWhole(Trimmed(Text(row, column)), value)) FailAtField(row, column, "a whole number");
+  if (!ParseWhole(Trimmed(Text(row, column)), value)) {
+    FailAtField(row, column, "a whole number");
+  }
   return value;
 }
 

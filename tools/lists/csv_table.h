@@ -33,6 +33,9 @@ class CsvTable {
   int Integer(std::size_t row, std::size_t column) const;    // throws InputError
   double Number(std::size_t row, std::size_t column) const;  // finite; throws InputError
 
+  // Throws the InputError for a field that is not what is `wanted`.
+  [[noreturn]] void FailAtField(std::size_t row, std::size_t column, const char* wanted) const;
+
  private:
   struct Row {
     std::size_t line;  // counted from 1
@@ -40,7 +43,6 @@ class CsvTable {
   };
 
   void ReadHeader(std::vector<std::string> names, std::size_t line);
-  [[noreturn]] void FailAtField(std::size_t row, std::size_t column, const char* wanted) const;
 
   std::string name_;
   std::vector<std::string> header_;

@@ -17,7 +17,9 @@ template <typename T>
 bool ParsePair(std::string_view text, char separator, T& first, T& second) {
   const char* end = text.data() + text.size();
   const std::from_chars_result middle = std::from_chars(text.data(), end, first);
-  if (middle.ec != std::errc() || middle.ptr == end || *middle.ptr != separator) return false;
+  if (middle.ec != std::errc() || middle.ptr == end || *middle.ptr != separator) {
+    return false;
+  }
   const std::from_chars_result last = std::from_chars(middle.ptr + 1, end, second);
   return last.ec == std::errc() && last.ptr == end;
 }
@@ -32,6 +34,15 @@ Position ParsePosition(const std::string& text) {
       !std::isfinite(position.y)) {
     throw InputError(fmt::format(
         "'{}' is not a position; write it as x,y in pixels, for example 812.5,640", text));
+  }
+  return position;
+}
+
+GridPosition ParseGridPosition(const std::string& text) {
+  GridPosition position;
+  if (!ParsePair(text, ',', position.row, position.column)) {
+    throw InputError(fmt::format(
+        "'{}' is not a place in the grid; write it as row,column, for example 2,3", text));
   }
   return position;
 }

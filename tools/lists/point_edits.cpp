@@ -14,7 +14,9 @@ namespace {
 
 std::vector<std::pair<float, float>> SortedPositions(const PointList& points) {
   std::vector<std::pair<float, float>> positions;
-  for (const CalibrationPoint& p : points) positions.emplace_back(p.x, p.y);
+  for (const CalibrationPoint& p : points) {
+    positions.emplace_back(p.x, p.y);
+  }
   std::sort(positions.begin(), positions.end());
   return positions;
 }
@@ -84,7 +86,9 @@ void Renumber(GridSize grid, PointList& points) {
 }
 
 void Rearrange(CameraSide side, int count, PointList& points) {
-  if (count < 1) throw NothingChanged("no point has a column");
+  if (count < 1) {
+    throw NothingChanged("no point has a column");
+  }
   PointList rearranged = points;
   const auto rearrange = side == CameraSide::kLeft ? LeftPtsRearrange : RightPtsRearrange;
   rearrange(rearranged, 0, count);
@@ -96,7 +100,9 @@ void Rearrange(CameraSide side, int count, PointList& points) {
 
 int CountColumns(const PointList& points) {
   int last = -1;
-  for (const CalibrationPoint& p : points) last = std::max(last, p.col);
+  for (const CalibrationPoint& p : points) {
+    last = std::max(last, p.col);
+  }
   // A larger column is none that a picture has, and its count need not fit an int.
   return std::min(last, kMostGridLines - 1) + 1;
 }

@@ -1,5 +1,5 @@
 // The operations on a point list, each through the library's export. What an operation cannot do is
-// told in one sentence; the list is then unchanged.
+// said in one sentence; the list is then unchanged.
 #ifndef QUORVEX_TOOLS_LISTS_POINT_EDITS_H_
 #define QUORVEX_TOOLS_LISTS_POINT_EDITS_H_
 
@@ -9,7 +9,7 @@
 #include <string>
 
 #include "interface/calibration_point.h"
-#include "tools/lists/points_file.h"
+#include "tools/lists/grid_position.h"
 
 namespace quorvex::tools {
 
@@ -25,6 +25,7 @@ struct Position {
 };
 
 enum class CameraSide { kLeft, kRight };
+// Their names in options.
 inline const std::map<std::string, CameraSide> kCameraSides = {{"left", CameraSide::kLeft},
                                                                {"right", CameraSide::kRight}};
 

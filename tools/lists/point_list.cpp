@@ -4,6 +4,8 @@
 
 #include <cmath>
 #include <cstddef>
+#include <map>
+#include <utility>
 
 #include "tools/errors.h"
 #include "tools/system/file_name.h"
@@ -33,7 +35,26 @@ PointList ToPointList(const std::vector<ListedPoint>& listedPoints,
 std::vector<ListedPoint> ToListedPoints(const PointList& points) {
   std::vector<ListedPoint> listedPoints;
   listedPoints.reserve(points.size());
-  for (const CalibrationPoint& p : points) listedPoints.push_back({p.id, p.row, p.col, p.x, p.y});
+  for (const CalibrationPoint& p : points) {
+    listedPoints.push_back({p.id, p.row, p.col, p.x, p.y});
+  }
+  return listedPoints;
+}
+
+std::vector<ListedPoint> ToListedPoints(const PointList& points,
+                                        const std::vector<ListedPoint>& before) {
+  std::vector<ListedPoint> listedPoints = ToListedPoints(points);
+  if (!TellsKinds(before)) {
+    return listedPoints;
+  }
+  std::map<std::pair<float, float>, PointKind> kinds;  // by position, as the library holds it
+  for (const ListedPoint& p : before) {
+    kinds[{static_cast<float>(p.x), static_cast<float>(p.y)}] = p.kind;
+  }
+  for (ListedPoint& p : listedPoints) {
+    const auto known = kinds.find({static_cast<float>(p.x), static_cast<float>(p.y)});
+    p.kind = known == kinds.end() ? PointKind::kSeen : known->second;
+  }
   return listedPoints;
 }
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "interface/calibration_point.h"
-#include "tools/lists/points_file.h"
+#include "tools/lists/listed_points.h"
 
 namespace quorvex::tools {
 
@@ -15,7 +15,14 @@ namespace quorvex::tools {
 PointList ToPointList(const std::vector<ListedPoint>& listedPoints,
                       const std::filesystem::path& path);
 
+// The kinds are unknown.
 std::vector<ListedPoint> ToListedPoints(const PointList& points);
+
+// The same after an edit of the points `before`: a point that is where one of those was keeps that
+// one's kind; any other was put there by a person and is seen. Where `before` tells no kinds, none
+// are given.
+std::vector<ListedPoint> ToListedPoints(const PointList& points,
+                                        const std::vector<ListedPoint>& before);
 
 }  // namespace quorvex::tools
 

@@ -38,7 +38,9 @@ std::vector<TruthMark> ReadTruthFile(const std::filesystem::path& path) {
     marks.push_back({table.Integer(i, row), table.Integer(i, col), table.Number(i, x),
                      table.Number(i, y), flag == "1"});
   }
-  if (marks.empty()) throw InputError(fmt::format("{} holds no marks", name));
+  if (marks.empty()) {
+    throw InputError(fmt::format("{} holds no marks", name));
+  }
   return marks;
 }
 

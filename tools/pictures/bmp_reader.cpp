@@ -6,9 +6,9 @@
 #include <array>
 #include <utility>
 
-#include "interface/quorvex.h"
 #include "tools/errors.h"
 #include "tools/pictures/bmp_format.h"
+#include "tools/pictures/grey_pixels.h"
 #include "tools/pictures/picture_limits.h"
 
 namespace quorvex::tools {
@@ -18,7 +18,7 @@ constexpr std::uint32_t kCoreHeaderBytes = 12;  // sizes of 16 bits, palette ent
 constexpr std::uint32_t kV4HeaderBytes = 108;
 constexpr std::uint32_t kV5HeaderBytes = 124;
 constexpr std::uint32_t kBitFields = 3;
-constexpr std::uint64_t kMaskBytes = 3 * 4;  // behind a header of 40 bytes, inside the longer ones
+constexpr std::uint64_t kMaskBytes = 3 * 4;  // after a header of 40 bytes, inside the longer ones
 
 struct BmpLayout {
   int width = 0;
@@ -35,20 +35,20 @@ struct BmpLayout {
 // Reads little-endian numbers, refusing to look beyond the end.
 class ByteReader {
  public:
-  ByteReader(const std::vector<std::uint8_t>& fileBytes, const std::string& fileName)
-      : bytes(fileBytes), name(fileName) {}
+  ByteReader(const std::vector<std::uint8_t>& bytes, const std::string& name)
+      : bytes_(bytes), name_(name) {}
 
   [[noreturn]] void Refuse(const std::string& reason) const {
-    throw InputError(fmt::format("cannot read {}: {}", name, reason));
+    throw InputError(fmt::format("cannot read {}: {}", name_, reason));
   }
 
-  std::uint64_t Size() const { return bytes.size(); }
+  std::uint64_t Size() const { return bytes_.size(); }
 
   std::uint8_t U8(std::uint64_t offset) const {
-    if (offset >= bytes.size()) {
+    if (offset >= bytes_.size()) {
       Refuse("the file ends inside the header");
     }
-    return bytes[offset];
+    return bytes_[offset];
   }
 
   std::uint32_t U16(std::uint64_t offset) const {
@@ -58,8 +58,8 @@ class ByteReader {
   std::uint32_t U32(std::uint64_t offset) const { return U16(offset) | U16(offset + 2) << 16; }
 
  private:
-  const std::vector<std::uint8_t>& bytes;
-  const std::string& name;
+  const std::vector<std::uint8_t>& bytes_;
+  const std::string& name_;
 };
 
 void SetSize(BmpLayout& layout, std::int64_t width, std::int64_t height, const ByteReader& reader) {
@@ -158,35 +158,40 @@ BmpLayout ReadLayout(const ByteReader& reader) {
   return layout;
 }
 
-// A neutral entry keeps its value; the weights of the colour conversion may round it.
-std::array<std::uint8_t, kBmpPaletteColors> ReadPalette(const BmpLayout& layout,
-                                                        const ByteReader& reader) {
-  std::array<std::uint8_t, 3 * kBmpPaletteColors> colors{};  // blue, green, red
+using Palette = std::array<std::uint8_t, 3 * kBmpPaletteColors>;  // blue, green, red
+
+Palette ReadPalette(const BmpLayout& layout, const ByteReader& reader) {
+  Palette colors{};
   for (std::uint32_t i = 0; i < layout.paletteColors; ++i) {
     for (std::uint32_t channel = 0; channel < 3; ++channel) {
       colors[3 * i + channel] =
           reader.U8(layout.paletteOffset + i * layout.paletteEntryBytes + channel);
     }
   }
-  std::array<std::uint8_t, kBmpPaletteColors> greys{};
-  ConvertRGBToGray(colors.data(), kBmpPaletteColors, 1, 24, greys.data());
-  for (std::uint32_t i = 0; i < kBmpPaletteColors; ++i) {
-    if (colors[3 * i] == colors[3 * i + 1] && colors[3 * i] == colors[3 * i + 2]) {
-      greys[i] = colors[3 * i];
-    }
-  }
-  return greys;
+  return colors;
 }
 
-void MapThroughPalette(Picture& picture, const BmpLayout& layout, const ByteReader& reader) {
-  const std::array<std::uint8_t, kBmpPaletteColors> greys = ReadPalette(layout, reader);
-  for (std::uint8_t& pixel : picture.pixels) {
+void RequireInPalette(const std::vector<std::uint8_t>& pixels, const BmpLayout& layout,
+                      const ByteReader& reader) {
+  for (const std::uint8_t pixel : pixels) {
     if (pixel >= layout.paletteColors) {
       reader.Refuse(fmt::format("pixel value {} is outside its palette of {} colours", pixel,
                                 layout.paletteColors));
     }
-    pixel = greys[pixel];
   }
+}
+
+// The grey of each entry. Entries that no pixel uses count for nothing, so that they do not make a
+// grey picture a coloured one.
+std::vector<std::uint8_t> GreyPalette(const std::vector<std::uint8_t>& pixels,
+                                      const BmpLayout& layout, const ByteReader& reader,
+                                      const std::string& name) {
+  const Palette palette = ReadPalette(layout, reader);
+  std::vector<std::uint8_t> used(palette.size());
+  for (const std::uint8_t pixel : pixels) {
+    std::copy_n(palette.data() + std::size_t{3} * pixel, 3, used.data() + std::size_t{3} * pixel);
+  }
+  return GreyPixels(used, kBmpPaletteColors, 1, 24, name);
 }
 
 }  // namespace
@@ -201,7 +206,7 @@ Picture DecodeBmp(const std::vector<std::uint8_t>& bytes, const std::string& nam
   const std::size_t rowBytes =
       static_cast<std::size_t>(layout.width) * static_cast<std::size_t>(layout.bitsPerPixel / 8);
   const std::size_t rows = static_cast<std::size_t>(layout.height);
-  std::vector<std::uint8_t> packed(rowBytes * rows);
+  std::vector<std::uint8_t> packed = AllocatePixels(rowBytes * rows, name);
   for (std::size_t y = 0; y < rows; ++y) {
     const std::size_t storedRow = layout.isTopDown ? y : rows - 1 - y;
     std::copy_n(bytes.data() + layout.pixelOffset + layout.stride * storedRow, rowBytes,
@@ -212,12 +217,14 @@ Picture DecodeBmp(const std::vector<std::uint8_t>& bytes, const std::string& nam
   picture.width = layout.width;
   picture.height = layout.height;
   if (layout.bitsPerPixel == 8) {
+    RequireInPalette(packed, layout, reader);
+    const std::vector<std::uint8_t> greys = GreyPalette(packed, layout, reader, name);
     picture.pixels = std::move(packed);
-    MapThroughPalette(picture, layout, reader);
+    for (std::uint8_t& pixel : picture.pixels) {
+      pixel = greys[pixel];
+    }
   } else {
-    picture.pixels.resize(rows * static_cast<std::size_t>(layout.width));
-    ConvertRGBToGray(packed.data(), layout.width, layout.height, layout.bitsPerPixel,
-                     picture.pixels.data());
+    picture.pixels = GreyPixels(packed, layout.width, layout.height, layout.bitsPerPixel, name);
   }
   return picture;
 }

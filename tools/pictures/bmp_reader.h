@@ -14,9 +14,8 @@ namespace quorvex::tools {
 bool IsBmp(const std::vector<std::uint8_t>& bytes);
 
 // Reads uncompressed files of 8 (paletted), 24 and 32 bits, bottom-up and top-down, with headers of
-// 12, 40, 108 or 124 bytes. Colour becomes grey by the library's ConvertRGBToGray; a neutral
-// palette entry is its grey value as it stands. Everything is checked against the number of bytes
-// before a pixel is allocated; bytes after the pixels are ignored.
+// 12, 40, 108 or 124 bytes. Colour becomes grey by GreyPixels. Everything is checked against the
+// number of bytes before a pixel is allocated; bytes after the pixels are ignored.
 Picture DecodeBmp(const std::vector<std::uint8_t>& bytes, const std::string& name);
 
 }  // namespace quorvex::tools

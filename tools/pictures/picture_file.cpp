@@ -12,6 +12,7 @@
 #include "tools/errors.h"
 #include "tools/pictures/bmp_reader.h"
 #include "tools/pictures/bmp_writer.h"
+#include "tools/pictures/grey_pixels.h"
 #include "tools/pictures/picture_limits.h"
 #include "tools/pictures/png_codec.h"
 #include "tools/system/file_name.h"
@@ -70,7 +71,7 @@ std::vector<std::uint8_t> ReadWholeFile(const std::filesystem::path& path) {
   if (!file) {
     ThrowCannotRead(path, std::strerror(errno));
   }
-  std::vector<std::uint8_t> bytes(static_cast<std::size_t>(size));
+  std::vector<std::uint8_t> bytes = AllocatePixels(static_cast<std::size_t>(size), Utf8Name(path));
   file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size));
   if (file.gcount() != static_cast<std::streamsize>(size)) {
     ThrowCannotRead(path, "the file became shorter while it was read");

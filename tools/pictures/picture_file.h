@@ -12,7 +12,8 @@
 
 namespace quorvex::tools {
 
-// Reads a picture, colour converted to grey by the library's ConvertRGBToGray. The format is told
+// Reads a picture. One whose colour channels are equal is grey as it is; other colours become grey
+// by the library's ConvertRGBToGray. The format is told
 // by the file's first bytes, not by its name. Throws InputError (tools/errors.h) naming file and
 // reason.
 Picture ReadPictureFile(const std::filesystem::path& path);

@@ -5,9 +5,10 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
-#include "interface/quorvex.h"
 #include "tools/errors.h"
+#include "tools/pictures/grey_pixels.h"
 #include "tools/pictures/picture_limits.h"
 
 namespace quorvex::tools {
@@ -77,7 +78,7 @@ Picture DecodePng(const std::vector<std::uint8_t>& bytes, const std::string& nam
   image.flags |= PNG_IMAGE_FLAG_16BIT_sRGB;  // otherwise 16 bits are taken as linear light
   const bool isColor = (image.format & PNG_FORMAT_FLAG_COLOR) != 0;
   image.format = isColor ? PNG_FORMAT_BGR : PNG_FORMAT_GRAY;
-  std::vector<std::uint8_t> samples(PNG_IMAGE_SIZE(image));
+  std::vector<std::uint8_t> samples = AllocatePixels(PNG_IMAGE_SIZE(image), name);
   const png_color white = {255, 255, 255};
   if (png_image_finish_read(&image, &white, samples.data(), 0, nullptr) == 0) {
     ThrowCannotRead(name, image.message);
@@ -86,12 +87,8 @@ Picture DecodePng(const std::vector<std::uint8_t>& bytes, const std::string& nam
   Picture picture;
   picture.width = static_cast<int>(image.width);
   picture.height = static_cast<int>(image.height);
-  if (isColor) {
-    picture.pixels.resize(samples.size() / 3);
-    ConvertRGBToGray(samples.data(), picture.width, picture.height, 24, picture.pixels.data());
-  } else {
-    picture.pixels = std::move(samples);
-  }
+  picture.pixels =
+      isColor ? GreyPixels(samples, picture.width, picture.height, 24, name) : std::move(samples);
   return picture;
 }
 

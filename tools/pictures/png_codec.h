@@ -15,7 +15,7 @@ namespace quorvex::tools {
 bool IsPng(const std::vector<std::uint8_t>& bytes);
 
 // Reads grey, colour and paletted pictures of 1 to 16 bits; 16 bits are scaled to 8, transparent
-// pixels lie on white, and colour becomes grey by the library's ConvertRGBToGray.
+// pixels lie on white, and colour becomes grey by GreyPixels.
 Picture DecodePng(const std::vector<std::uint8_t>& bytes, const std::string& name);
 
 std::vector<std::uint8_t> EncodePng(const Picture& picture, const std::string& name);

@@ -1,46 +1,46 @@
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 
+#include "tools/errors.h"
 #include "tools/lists/option_text.h"
 #include "tools/lists/point_edits.h"
 #include "tools/lists/points_file.h"
 #include "tools/points/points_run.h"
 #include "tools/subcommands.h"
+#include "tools/system/choice_option.h"
 #include "tools/system/path_option.h"
 
 namespace quorvex::tools {
 namespace {
 
-const std::map<std::string, PointsFormat> kFormats = {
-    {"csv", PointsFormat::kCsv}, {"json", PointsFormat::kJson}, {"text", PointsFormat::kText}};
-
 void AddFile(CLI::App& verb, PointsRun& run) {
-  AddPathOption(verb, "file", run.input, "CSV or JSON file that detect wrote for one image")
+  AddPathOption(verb, "file", run.input, "CSV or JSON file that detect wrote")
       ->required()
       ->option_text("FILE");
+  verb.add_option("--image", run.image,
+                  "the image whose points are meant, where FILE holds several")
+      ->option_text("NAME");
 }
 
 CLI::Option* AddFormat(CLI::App& verb, PointsRun& run) {
-  return verb
-      .add_option_function<PointsFormat>(
-          "--format", [&run](const PointsFormat& format) { run.format = format; },
-          "csv, json or text; the file's own when not given")
-      ->transform(CLI::CheckedTransformer(kFormats, CLI::ignore_case).description(""))
+  return AddChoiceOption(
+             verb, "--format", kPointsFormats, [&run](PointsFormat format) { run.format = format; },
+             "csv, json or text; when not given, as the name of the output ends, else as FILE")
       ->option_text("NAME");
 }
 
 CLI::Option* AddOutput(CLI::App& verb, PointsRun& run) {
   return AddPathOption(verb, "-o,--output", run.output,
-                       "file for the list, instead of standard output")
+                       "file for the list; standard output when not given or -")
       ->option_text("FILE");
 }
 
 void AddEditOutputs(CLI::App& verb, PointsRun& run) {
   CLI::Option* format = AddFormat(verb, run);
   CLI::Option* output = AddOutput(verb, run);
-  verb.add_flag("-i,--in-place", run.isInPlace, "write the list back to FILE")
+  verb.add_flag("-i,--in-place", run.isInPlace,
+                "write the list back to FILE, its other images as they are")
       ->excludes(format)
       ->excludes(output);
 }
@@ -54,13 +54,27 @@ void AddList(CLI::App& points, Action& action) {
   verb.callback([run, &action] { action = [run] { return RunConversion(*run); }; });
 }
 
+// Two formats stand for a name that asks for none.
+void RequireFormat(const PointsRun& run) {
+  if (!run.format && FormatByName(run.output, PointsFormat::kCsv) !=
+                         FormatByName(run.output, PointsFormat::kJson)) {
+    throw InputError("convert needs --format, or an --output that ends in .csv, .json or .txt");
+  }
+}
+
 void AddConvert(CLI::App& points, Action& action) {
   const auto run = std::make_shared<PointsRun>();
   CLI::App& verb = *points.add_subcommand("convert", "Write the list in another format");
   AddFile(verb, *run);
-  AddFormat(verb, *run)->required()->description("csv, json or text");
+  AddFormat(verb, *run)
+      ->description("csv, json or text; as the name of the output ends when not given");
   AddOutput(verb, *run);
-  verb.callback([run, &action] { action = [run] { return RunConversion(*run); }; });
+  verb.callback([run, &action] {
+    action = [run] {
+      RequireFormat(*run);
+      return RunConversion(*run);
+    };
+  });
 }
 
 void AddQuery(CLI::App& points, Action& action) {
@@ -91,7 +105,7 @@ void AddDelete(CLI::App& points, Action& action) {
   which.add_option("--id", options->id, "every point with this id")->option_text("N");
   which
       .add_option("--at", options->at,
-                  "every point less than 9 px from this position both in x and in y")
+                  "every point less than 9 pixels from this position both in x and in y")
       ->option_text("X,Y");
   which.require_option(1);
   AddEditOutputs(verb, options->run);
@@ -116,7 +130,7 @@ void AddAdd(CLI::App& points, Action& action) {
   const auto options = std::make_shared<Options>();
   CLI::App& verb = *points.add_subcommand("add", "Append a point; its id, row and column are -1");
   AddFile(verb, options->run);
-  verb.add_option("--at", options->at, "position [px]")->required()->option_text("X,Y");
+  verb.add_option("--at", options->at, "position [pixels]")->required()->option_text("X,Y");
   AddEditOutputs(verb, options->run);
   verb.callback([options, &action] {
     action = [options] {
@@ -138,7 +152,7 @@ void AddMove(CLI::App& points, Action& action) {
   CLI::App& verb = *points.add_subcommand("move", "Move the first point with an id; the id stays");
   AddFile(verb, options->run);
   verb.add_option("id", options->id, "number of the point")->required()->option_text("ID");
-  verb.add_option("--to", options->to, "new position [px]")->required()->option_text("X,Y");
+  verb.add_option("--to", options->to, "new position [pixels]")->required()->option_text("X,Y");
   verb.add_option("--row", options->row, "new row; unchanged when not given")->option_text("R");
   verb.add_option("--col", options->column, "new column; unchanged when not given")
       ->option_text("C");
@@ -195,9 +209,10 @@ void AddRearrange(CLI::App& points, Action& action) {
       "column does not hold N points, left counts from 0 at the largest y up, right from N - 1 at\n"
       "the smallest y down.");
   AddFile(verb, options->run);
-  verb.add_option("side", options->side, "left or right")
+  AddChoiceOption(
+      verb, "side", kCameraSides, [options](CameraSide side) { options->side = side; },
+      "left or right")
       ->required()
-      ->transform(CLI::CheckedTransformer(kCameraSides).description(""))
       ->option_text("left|right");
   verb.add_option("--count", options->count,
                   "columns that are read, and the N of the ids; the columns of the list when not "
@@ -230,7 +245,8 @@ void AddPointsCommand(CLI::App& app, Action& action) {
   points.footer(
       "Positions are pixels, x to the right and y down, and are kept as 32-bit floats. The list\n"
       "goes to standard output in the format of FILE; of a CSV file only the columns that detect\n"
-      "writes are kept. Nothing is written when there is nothing to change.\n"
+      "writes are kept. A point that was added or moved counts as seen, where the list tells the\n"
+      "kind of its points. Nothing is written when there is nothing to change.\n"
       "Exit code 0: done; 1: the list does not allow it; 2: bad usage or input.\n\n"
       "Examples:\n"
       "  quorvex points query points.csv 41\n"

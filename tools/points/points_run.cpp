@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
+#include <vector>
 
 #include "tools/errors.h"
 #include "tools/lists/point_edits.h"
@@ -24,20 +25,30 @@ void RequireAnotherFile(const std::filesystem::path& output, const std::filesyst
   }
 }
 
+// A list that named its image in every row goes on doing so.
+bool NamesImages(const OneImageFile& file) {
+  return file.format == PointsFormat::kCsv && !file.list.image.empty();
+}
+
+void WriteInPlace(const PointsRun& run, const OneImageFile& file) {
+  std::vector<PointsOfImage> images = file.before;
+  images.push_back(file.list);
+  images.insert(images.end(), file.after.begin(), file.after.end());
+  // A link stays a link.
+  WriteTextFileWhole(std::filesystem::canonical(run.input),
+                     FormatPoints(images, file.format, NamesImages(file)));
+}
+
 void WriteList(const PointsRun& run, const OneImageFile& file) {
-  const PointsFormat format = run.format.value_or(file.format);
-  // A list that named its image in every row goes on doing so.
-  const bool withImageColumn = file.format == PointsFormat::kCsv && !file.list.image.empty();
-  const std::string text = FormatPoints({file.list}, format, withImageColumn);
   if (run.isInPlace) {
-    // A link stays a link.
-    WriteTextFileWhole(std::filesystem::canonical(run.input), text);
-  } else if (!run.output.empty()) {
-    RequireAnotherFile(run.output, run.input);
-    WriteTextFileWhole(run.output, text);
-  } else {
-    WriteToStandardOutput(text);
+    WriteInPlace(run, file);
+    return;
   }
+  if (!IsStandardOutput(run.output)) {
+    RequireAnotherFile(run.output, run.input);
+  }
+  const PointsFormat format = run.format.value_or(FormatByName(run.output, file.format));
+  WriteText(run.output, FormatPoints({file.list}, format, NamesImages(file)));
 }
 
 int ReportNothingChanged(const PointsRun& run, const NothingChanged& reason) {
@@ -48,12 +59,12 @@ int ReportNothingChanged(const PointsRun& run, const NothingChanged& reason) {
 }  // namespace
 
 int RunConversion(const PointsRun& run) {
-  WriteList(run, ReadOneImageFile(run.input));
+  WriteList(run, ReadOneImageFile(run.input, run.image));
   return kExitSuccess;
 }
 
 int RunEdit(const PointsRun& run, const Edit& edit) {
-  OneImageFile file = ReadOneImageFile(run.input);
+  OneImageFile file = ReadOneImageFile(run.input, run.image);
   PointList points = ToPointList(file.list.points, run.input);
   const std::size_t before = points.size();
   try {
@@ -61,7 +72,7 @@ int RunEdit(const PointsRun& run, const Edit& edit) {
   } catch (const NothingChanged& reason) {
     return ReportNothingChanged(run, reason);
   }
-  file.list.points = ToListedPoints(points);
+  file.list.points = ToListedPoints(points, file.list.points);
   WriteList(run, file);
   if (points.size() < before) {
     fmt::print(stderr, "{}: {} of {} points removed\n", Utf8Name(run.input), before - points.size(),
@@ -71,10 +82,10 @@ int RunEdit(const PointsRun& run, const Edit& edit) {
 }
 
 int RunQuery(const PointsRun& run, int id) {
-  OneImageFile file = ReadOneImageFile(run.input);
+  OneImageFile file = ReadOneImageFile(run.input, run.image);
   PointList points = ToPointList(file.list.points, run.input);
   try {
-    file.list.points = ToListedPoints({FindPoint(id, points)});
+    file.list.points = ToListedPoints({FindPoint(id, points)}, file.list.points);
   } catch (const NothingChanged& reason) {
     return ReportNothingChanged(run, reason);
   }

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <string>
 
 #include "interface/calibration_point.h"
 #include "tools/lists/points_file.h"
@@ -14,9 +15,10 @@ namespace quorvex::tools {
 // Where a list comes from and where it goes.
 struct PointsRun {
   std::filesystem::path input;
-  std::optional<PointsFormat> format;  // that of the input when not given
-  std::filesystem::path output;        // empty for standard output
-  bool isInPlace = false;
+  std::string image;                   // whose list; empty when the input holds one only
+  std::optional<PointsFormat> format;  // when not given, as the output's name ends or as the input
+  std::filesystem::path output;        // empty or "-" for standard output
+  bool isInPlace = false;              // back to the input, with its other images as they are
 };
 
 // Throws NothingChanged, or InputError for an option's value.

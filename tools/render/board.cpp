@@ -33,65 +33,67 @@ int NearestMark(double position, int count) {
 
 }  // namespace
 
-Board::Board(const RenderSettings& renderSettings)
-    : settings(renderSettings),
-      axisX(Turn({1, 0, 0}, settings)),
-      axisY(Turn({0, 1, 0}, settings)),
-      normal(Turn({0, 0, 1}, settings)),
-      origin{settings.shiftX, settings.shiftY, settings.distance},
-      cameraInBoard{-Dot(axisX, origin), -Dot(axisY, origin), -Dot(normal, origin)},
-      firstMark{-(settings.columns - 1) * settings.pitch / 2,
-                -(settings.rows - 1) * settings.pitch / 2},
-      corner{settings.margin - firstMark.x, settings.margin - firstMark.y},
-      marksPerMillimetre(1 / settings.pitch),
-      isShown(static_cast<std::size_t>(settings.rows) * static_cast<std::size_t>(settings.columns),
-              true) {
-  if (cameraInBoard.z >= 0) {
+Board::Board(const RenderSettings& settings)
+    : settings_(settings),
+      axisX_(Turn({1, 0, 0}, settings_)),
+      axisY_(Turn({0, 1, 0}, settings_)),
+      normal_(Turn({0, 0, 1}, settings_)),
+      origin_{settings_.shiftX, settings_.shiftY, settings_.distance},
+      cameraInBoard_{-Dot(axisX_, origin_), -Dot(axisY_, origin_), -Dot(normal_, origin_)},
+      firstMark_{-(settings_.columns - 1) * settings_.pitch / 2,
+                 -(settings_.rows - 1) * settings_.pitch / 2},
+      corner_{settings_.margin - firstMark_.x, settings_.margin - firstMark_.y},
+      marksPerMillimetre_(1 / settings_.pitch),
+      isShown_(
+          static_cast<std::size_t>(settings_.rows) * static_cast<std::size_t>(settings_.columns),
+          true) {
+  if (cameraInBoard_.z >= 0) {
     throw InputError("the board turns its back to the camera; tilt or shift it less");
   }
-  for (const GridPosition& mark : settings.missing) {
-    isShown[static_cast<std::size_t>(mark.row) * static_cast<std::size_t>(settings.columns) +
-            static_cast<std::size_t>(mark.column)] = false;
+  for (const GridPosition& mark : settings_.missing) {
+    isShown_[static_cast<std::size_t>(mark.row) * static_cast<std::size_t>(settings_.columns) +
+             static_cast<std::size_t>(mark.column)] = false;
   }
 }
 
 BoardPoint Board::MarkCentre(int row, int column) const {
-  return {firstMark.x + column * settings.pitch, firstMark.y + row * settings.pitch};
+  return {firstMark_.x + column * settings_.pitch, firstMark_.y + row * settings_.pitch};
 }
 
 Vector3 Board::ToCamera(const BoardPoint& point) const {
-  return {origin.x + axisX.x * point.x + axisY.x * point.y,
-          origin.y + axisX.y * point.x + axisY.y * point.y,
-          origin.z + axisX.z * point.x + axisY.z * point.y};
+  return {origin_.x + axisX_.x * point.x + axisY_.x * point.y,
+          origin_.y + axisX_.y * point.x + axisY_.y * point.y,
+          origin_.z + axisX_.z * point.x + axisY_.z * point.y};
 }
 
 bool Board::Intersect(const Vector3& ray, BoardPoint& point) const {
-  const double towardsBoard = Dot(normal, ray);
+  const double towardsBoard = Dot(normal_, ray);
   if (towardsBoard <= 0) {
     return false;
   }
-  const double length = -cameraInBoard.z / towardsBoard;
-  point = {cameraInBoard.x + length * Dot(axisX, ray), cameraInBoard.y + length * Dot(axisY, ray)};
+  const double length = -cameraInBoard_.z / towardsBoard;
+  point = {cameraInBoard_.x + length * Dot(axisX_, ray),
+           cameraInBoard_.y + length * Dot(axisY_, ray)};
   return true;
 }
 
 double Board::LevelAt(const BoardPoint& point) const {
-  if (!(std::abs(point.x) <= corner.x && std::abs(point.y) <= corner.y)) {
-    return settings.backgroundLevel;
+  if (!(std::abs(point.x) <= corner_.x && std::abs(point.y) <= corner_.y)) {
+    return settings_.backgroundLevel;
   }
-  return IsOnMark(point) ? settings.markLevel : settings.boardLevel;
+  return IsOnMark(point) ? settings_.markLevel : settings_.boardLevel;
 }
 
 bool Board::IsOnMark(const BoardPoint& point) const {
-  const int column = NearestMark((point.x - firstMark.x) * marksPerMillimetre, settings.columns);
-  const int row = NearestMark((point.y - firstMark.y) * marksPerMillimetre, settings.rows);
+  const int column = NearestMark((point.x - firstMark_.x) * marksPerMillimetre_, settings_.columns);
+  const int row = NearestMark((point.y - firstMark_.y) * marksPerMillimetre_, settings_.rows);
   const BoardPoint centre = MarkCentre(row, column);
   const double x = std::abs(point.x - centre.x);
   const double y = std::abs(point.y - centre.y);
-  const bool isOnStroke = std::min(x, y) <= settings.strokeWidth / 2;
-  return isOnStroke && std::max(x, y) <= settings.armLength &&
-         isShown[static_cast<std::size_t>(row) * static_cast<std::size_t>(settings.columns) +
-                 static_cast<std::size_t>(column)];
+  const bool isOnStroke = std::min(x, y) <= settings_.strokeWidth / 2;
+  return isOnStroke && std::max(x, y) <= settings_.armLength &&
+         isShown_[static_cast<std::size_t>(row) * static_cast<std::size_t>(settings_.columns) +
+                  static_cast<std::size_t>(column)];
 }
 
 }  // namespace quorvex::tools

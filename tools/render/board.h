@@ -34,16 +34,16 @@ class Board {
  private:
   bool IsOnMark(const BoardPoint& point) const;
 
-  const RenderSettings& settings;  // outlives the board
-  Vector3 axisX;                   // the board's axes in camera coordinates
-  Vector3 axisY;
-  Vector3 normal;         // points away from the camera
-  Vector3 origin;         // millimetres, camera coordinates
-  Vector3 cameraInBoard;  // millimetres, the camera seen from the board
-  BoardPoint firstMark;   // row 0, column 0
-  BoardPoint corner;      // the corner at positive x and y
-  double marksPerMillimetre;
-  std::vector<bool> isShown;  // per mark, row after row
+  const RenderSettings& settings_;  // outlives the board
+  Vector3 axisX_;                   // the board's axes in camera coordinates
+  Vector3 axisY_;
+  Vector3 normal_;         // points away from the camera
+  Vector3 origin_;         // millimetres, camera coordinates
+  Vector3 cameraInBoard_;  // millimetres, the camera seen from the board
+  BoardPoint firstMark_;   // row 0, column 0
+  BoardPoint corner_;      // the corner at positive x and y
+  double marksPerMillimetre_;
+  std::vector<bool> isShown_;  // per mark, row after row
 };
 
 }  // namespace quorvex::tools

@@ -16,42 +16,42 @@ constexpr double kEntriesPerPixel = 8;  // of the ray table
 }  // namespace
 
 Camera::Camera(const RenderSettings& settings)
-    : model(settings.model),
-      focalLength(settings.focalLength),
-      k1(settings.k1),
-      k2(settings.k2),
-      k3(settings.k3),
-      k4(settings.k4),
-      principalPoint{settings.principalX.value_or((settings.width - 1) / 2.0),
-                     settings.principalY.value_or((settings.height - 1) / 2.0)},
-      maxAngle(FindMaxAngle()),
-      maxRadius(model == CameraModel::kPinhole ? std::numeric_limits<double>::infinity()
-                                               : RadiusAt(maxAngle)) {}
+    : model_(settings.model),
+      focalLength_(settings.focalLength),
+      k1_(settings.k1),
+      k2_(settings.k2),
+      k3_(settings.k3),
+      k4_(settings.k4),
+      principalPoint_{settings.principalX.value_or((settings.width - 1) / 2.0),
+                      settings.principalY.value_or((settings.height - 1) / 2.0)},
+      maxAngle_(FindMaxAngle()),
+      maxRadius_(model_ == CameraModel::kPinhole ? std::numeric_limits<double>::infinity()
+                                                 : RadiusAt(maxAngle_)) {}
 
 double Camera::RadiusAt(double angle) const {
-  switch (model) {
+  switch (model_) {
     case CameraModel::kPinhole:
-      return focalLength * std::tan(angle);
+      return focalLength_ * std::tan(angle);
     case CameraModel::kKannalaBrandt: {
       const double square = angle * angle;
-      return focalLength * angle *
-             (1 + square * (k1 + square * (k2 + square * (k3 + square * k4))));
+      return focalLength_ * angle *
+             (1 + square * (k1_ + square * (k2_ + square * (k3_ + square * k4_))));
     }
     case CameraModel::kEquidistant:
       break;
   }
-  return focalLength * angle;
+  return focalLength_ * angle;
 }
 
 double Camera::AngleAt(double radius) const {
-  if (model == CameraModel::kPinhole) {
-    return std::atan(radius / focalLength);
+  if (model_ == CameraModel::kPinhole) {
+    return std::atan(radius / focalLength_);
   }
-  if (model == CameraModel::kEquidistant) {
-    return radius / focalLength;
+  if (model_ == CameraModel::kEquidistant) {
+    return radius / focalLength_;
   }
   double low = 0;
-  double high = maxAngle;
+  double high = maxAngle_;
   for (int i = 0; i < kBisections; ++i) {
     const double middle = (low + high) / 2;
     (RadiusAt(middle) < radius ? low : high) = middle;
@@ -61,14 +61,14 @@ double Camera::AngleAt(double radius) const {
 
 double Camera::Slope(double angle) const {
   const double square = angle * angle;
-  return 1 + square * (3 * k1 + square * (5 * k2 + square * (7 * k3 + square * 9 * k4)));
+  return 1 + square * (3 * k1_ + square * (5 * k2_ + square * (7 * k3_ + square * 9 * k4_)));
 }
 
 double Camera::FindMaxAngle() const {
-  if (model == CameraModel::kPinhole) {
+  if (model_ == CameraModel::kPinhole) {
     return kPi / 2;
   }
-  if (model == CameraModel::kEquidistant) {
+  if (model_ == CameraModel::kEquidistant) {
     return kPi;
   }
   // Where the polynomial turns back it would show two directions at one pixel.
@@ -80,7 +80,7 @@ double Camera::FindMaxAngle() const {
 }
 
 bool Camera::Sees(double angle) const {
-  return model == CameraModel::kPinhole ? angle < maxAngle : angle <= maxAngle;
+  return model_ == CameraModel::kPinhole ? angle < maxAngle_ : angle <= maxAngle_;
 }
 
 std::optional<PixelPoint> Camera::Project(const Vector3& ray) const {
@@ -90,17 +90,17 @@ std::optional<PixelPoint> Camera::Project(const Vector3& ray) const {
     return std::nullopt;
   }
   if (lateral == 0) {
-    return principalPoint;
+    return principalPoint_;
   }
   const double scale = RadiusAt(angle) / lateral;
-  return PixelPoint{principalPoint.x + ray.x * scale, principalPoint.y + ray.y * scale};
+  return PixelPoint{principalPoint_.x + ray.x * scale, principalPoint_.y + ray.y * scale};
 }
 
 std::optional<Vector3> Camera::Ray(const PixelPoint& pixel) const {
-  const double x = pixel.x - principalPoint.x;
-  const double y = pixel.y - principalPoint.y;
+  const double x = pixel.x - principalPoint_.x;
+  const double y = pixel.y - principalPoint_.y;
   const double radius = std::sqrt(x * x + y * y);
-  if (radius > maxRadius) {
+  if (radius > maxRadius_) {
     return std::nullopt;
   }
   if (radius == 0) {
@@ -112,28 +112,28 @@ std::optional<Vector3> Camera::Ray(const PixelPoint& pixel) const {
 }
 
 RayTable::RayTable(const Camera& camera, double largestRadius)
-    : maxRadius(std::min(largestRadius, camera.MaxRadius())) {
-  // One entry behind the last radius, which Lookup interpolates towards.
-  const std::size_t count = static_cast<std::size_t>(maxRadius * kEntriesPerPixel) + 2;
-  entries.reserve(count);
-  entries.push_back({1 / camera.FocalLength(), 1});  // the limit of every model on the axis
+    : maxRadius_(std::min(largestRadius, camera.MaxRadius())) {
+  // One entry after the last radius, which Lookup interpolates towards.
+  const std::size_t count = static_cast<std::size_t>(maxRadius_ * kEntriesPerPixel) + 2;
+  entries_.reserve(count);
+  entries_.push_back({1 / camera.FocalLength(), 1});  // the limit of every model on the axis
   for (std::size_t i = 1; i < count; ++i) {
     const double radius = std::min(static_cast<double>(i) / kEntriesPerPixel, camera.MaxRadius());
     const double angle = camera.AngleAt(radius);
-    entries.push_back({std::sin(angle) / radius, std::cos(angle)});
+    entries_.push_back({std::sin(angle) / radius, std::cos(angle)});
   }
 }
 
 bool RayTable::Lookup(double offsetX, double offsetY, Vector3& ray) const {
   const double radius = std::sqrt(offsetX * offsetX + offsetY * offsetY);
-  if (radius > maxRadius) {
+  if (radius > maxRadius_) {
     return false;
   }
   const double position = radius * kEntriesPerPixel;
   const int index = static_cast<int>(position);
   const double part = position - index;
-  const Entry& low = entries[static_cast<std::size_t>(index)];
-  const Entry& high = entries[static_cast<std::size_t>(index) + 1];
+  const Entry& low = entries_[static_cast<std::size_t>(index)];
+  const Entry& high = entries_[static_cast<std::size_t>(index) + 1];
   const double lateral = low.lateral + part * (high.lateral - low.lateral);
   ray = {offsetX * lateral, offsetY * lateral, low.axial + part * (high.axial - low.axial)};
   return true;

@@ -30,30 +30,30 @@ class Camera {
   // The direction, of length 1, that is seen at a pixel; nothing beyond the model's largest angle.
   std::optional<Vector3> Ray(const PixelPoint& pixel) const;
 
-  PixelPoint PrincipalPoint() const { return principalPoint; }
-  double FocalLength() const { return focalLength; }  // pixels
+  PixelPoint PrincipalPoint() const { return principalPoint_; }
+  double FocalLength() const { return focalLength_; }  // pixels
 
   // Distance from the principal point, in pixels, at an angle from the axis, in radians; and back.
   // Both grow strictly up to MaxAngle and MaxRadius, which the equidistant model reaches behind the
   // camera and the pinhole model never reaches.
   double RadiusAt(double angle) const;
   double AngleAt(double radius) const;
-  double MaxRadius() const { return maxRadius; }
+  double MaxRadius() const { return maxRadius_; }
 
  private:
   double Slope(double angle) const;  // of RadiusAt over the focal length, per radian
   double FindMaxAngle() const;
   bool Sees(double angle) const;
 
-  CameraModel model;
-  double focalLength;
-  double k1;
-  double k2;
-  double k3;
-  double k4;
-  PixelPoint principalPoint;
-  double maxAngle;
-  double maxRadius;
+  CameraModel model_;
+  double focalLength_;
+  double k1_;
+  double k2_;
+  double k3_;
+  double k4_;
+  PixelPoint principalPoint_;
+  double maxAngle_;
+  double maxRadius_;
 };
 
 // The rays of all pixels up to some radius, as a table over the radius, since a model is symmetric
@@ -74,8 +74,8 @@ class RayTable {
     double axial;    // cosine of the angle
   };
 
-  double maxRadius;
-  std::vector<Entry> entries;
+  double maxRadius_;
+  std::vector<Entry> entries_;
 };
 
 }  // namespace quorvex::tools

@@ -76,12 +76,12 @@ void AddToPixelRows(LevelPicture& picture, const std::vector<double>& row, int s
 // library differ from one implementation to another; its generators do not.
 class NormalSource {
  public:
-  explicit NormalSource(std::uint64_t seed) : generator(seed) {}
+  explicit NormalSource(std::uint64_t seed) : generator_(seed) {}
 
   double Next() {
-    if (hasSpare) {
-      hasSpare = false;
-      return spare;
+    if (hasSpare_) {
+      hasSpare_ = false;
+      return spare_;
     }
     double x = 0;
     double y = 0;
@@ -92,20 +92,20 @@ class NormalSource {
       square = x * x + y * y;
     } while (square >= 1 || square == 0);
     const double scale = std::sqrt(-2 * std::log(square) / square);
-    spare = y * scale;
-    hasSpare = true;
+    spare_ = y * scale;
+    hasSpare_ = true;
     return x * scale;
   }
 
  private:
   // From -1 to 1, in steps of 2^-52.
   double Symmetric() {
-    return static_cast<double>(generator() >> 11) * (1.0 / 4503599627370496.0) - 1;
+    return static_cast<double>(generator_() >> 11) * (1.0 / 4503599627370496.0) - 1;
   }
 
-  std::mt19937_64 generator;
-  double spare = 0;
-  bool hasSpare = false;
+  std::mt19937_64 generator_;
+  double spare_ = 0;
+  bool hasSpare_ = false;
 };
 
 }  // namespace

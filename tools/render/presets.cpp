@@ -119,7 +119,7 @@ RenderSettings PresetByName(const std::string& name) {
     }
     known += (known.empty() ? "" : ", ") + preset.name;
   }
-  throw InputError(fmt::format("there is no preset '{}'; known are {}", name, known));
+  throw InputError(fmt::format("--preset: {} is not one of {}", name, known));
 }
 
 }  // namespace quorvex::tools

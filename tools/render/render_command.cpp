@@ -3,18 +3,22 @@
 #include <cstdio>
 #include <filesystem>
 #include <functional>
-#include <map>
 #include <memory>
+#include <new>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tools/errors.h"
+#include "tools/lists/option_text.h"
 #include "tools/pictures/picture_file.h"
 #include "tools/render/presets.h"
 #include "tools/render/render_target.h"
 #include "tools/subcommands.h"
+#include "tools/system/choice_option.h"
 #include "tools/system/file_name.h"
+#include "tools/system/output_file.h"
 #include "tools/system/path_option.h"
 #include "tools/system/staged_file.h"
 
@@ -37,6 +41,11 @@ top row, integer values at pixel centres, row 0 and column 0 at the top left.)";
 
 // Changes that the options make to the preset, which is known only after all of them are parsed.
 using Changes = std::vector<std::function<void(RenderSettings&)>>;
+
+const std::vector<std::pair<std::string, CameraModel>> kModels = {
+    {"equidistant", CameraModel::kEquidistant},
+    {"kannala-brandt", CameraModel::kKannalaBrandt},
+    {"pinhole", CameraModel::kPinhole}};
 
 struct RenderRequest {
   std::string preset = kDefaultPreset;
@@ -66,53 +75,59 @@ void AddCameraOptions(CLI::App& command, Changes& changes) {
   const auto number = [&](const char* name, auto field, const char* help) {
     AddSetting<double>(command, changes, name, field, help)->group("Camera");
   };
-  AddSetting<int>(command, changes, "--width", &RenderSettings::width, "Pixels, 4 to 32768")
+  AddSetting<int>(command, changes, "--width", &RenderSettings::width,
+                  "width of the picture, 4 to 32768 [pixels]")
       ->group("Camera");
-  AddSetting<int>(command, changes, "--height", &RenderSettings::height, "Pixels, 4 to 32768")
+  AddSetting<int>(command, changes, "--height", &RenderSettings::height,
+                  "height of the picture, 4 to 32768 [pixels]")
       ->group("Camera");
-  const std::map<std::string, CameraModel> models = {
-      {"equidistant", CameraModel::kEquidistant},
-      {"kannala-brandt", CameraModel::kKannalaBrandt},
-      {"pinhole", CameraModel::kPinhole}};
-  AddSetting<CameraModel>(command, changes, "--model", &RenderSettings::model,
-                          "equidistant, kannala-brandt or pinhole")
-      ->transform(CLI::Transformer(models).description(""))
+  AddChoiceOption(
+      command, "--model", kModels,
+      [&changes](CameraModel model) {
+        changes.push_back([model](RenderSettings& settings) { settings.model = model; });
+      },
+      "equidistant, kannala-brandt or pinhole")
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
       ->type_name("NAME")
       ->group("Camera");
-  number("--focal-length", &RenderSettings::focalLength, "Pixels");
-  number("--k1", &RenderSettings::k1, "Kannala-Brandt coefficient of the third power");
-  number("--k2", &RenderSettings::k2, "Of the fifth power");
-  number("--k3", &RenderSettings::k3, "Of the seventh power");
-  number("--k4", &RenderSettings::k4, "Of the ninth power");
+  number("--focal-length", &RenderSettings::focalLength, "focal length [pixels]");
+  number("--k1", &RenderSettings::k1, "kannala-brandt: coefficient of the third power");
+  number("--k2", &RenderSettings::k2, "of the fifth power");
+  number("--k3", &RenderSettings::k3, "of the seventh power");
+  number("--k4", &RenderSettings::k4, "of the ninth power");
   number("--principal-x", &RenderSettings::principalX,
-         "Pixels, integer values at pixel centres; (width - 1) / 2 if not given");
-  number("--principal-y", &RenderSettings::principalY, "Pixels; (height - 1) / 2 if not given");
-  number("--distance", &RenderSettings::distance, "Millimetres from the camera to the board");
-  number("--shift-x", &RenderSettings::shiftX, "Millimetres; moves the board to the right");
-  number("--shift-y", &RenderSettings::shiftY, "Millimetres; moves the board down");
-  number("--tilt-x", &RenderSettings::tiltX, "Degrees, -80 to 80; moves the lower edge away");
-  number("--tilt-y", &RenderSettings::tiltY, "Degrees, -80 to 80; brings the right edge nearer");
-  number("--rotation", &RenderSettings::rotation, "Degrees clockwise in the plane, -45 to 45");
+         "x of the principal point, an integer at a pixel's centre; (width - 1) / 2 when not given "
+         "[pixels]");
+  number("--principal-y", &RenderSettings::principalY,
+         "its y; (height - 1) / 2 when not given [pixels]");
+  number("--distance", &RenderSettings::distance, "from the camera to the board [mm]");
+  number("--shift-x", &RenderSettings::shiftX, "moves the board to the right [mm]");
+  number("--shift-y", &RenderSettings::shiftY, "moves the board down [mm]");
+  number("--tilt-x", &RenderSettings::tiltX, "moves the lower edge away, -80 to 80 [degrees]");
+  number("--tilt-y", &RenderSettings::tiltY, "brings the right edge nearer, -80 to 80 [degrees]");
+  number("--rotation", &RenderSettings::rotation,
+         "clockwise in the board's plane, -45 to 45 [degrees]");
 }
 
 void AddBoardOptions(CLI::App& command, RenderRequest& request) {
   const auto number = [&](const char* name, double RenderSettings::*field, const char* help) {
     AddSetting<double>(command, request.changes, name, field, help)->group("Board");
   };
-  AddSetting<int>(command, request.changes, "--rows", &RenderSettings::rows, "Marks, 1 to 1000")
+  AddSetting<int>(command, request.changes, "--rows", &RenderSettings::rows,
+                  "marks in a column, 1 to 1000")
       ->group("Board");
   AddSetting<int>(command, request.changes, "--columns", &RenderSettings::columns,
-                  "Marks, 1 to 1000")
+                  "marks in a row, 1 to 1000")
       ->group("Board");
-  number("--pitch", &RenderSettings::pitch, "Millimetres from mark to mark");
+  number("--pitch", &RenderSettings::pitch, "from one mark to the next [mm]");
   number("--arm", &RenderSettings::armLength,
-         "Millimetres from a mark's centre to the tip; below half the pitch");
-  number("--stroke", &RenderSettings::strokeWidth, "Millimetres; width of the strokes");
+         "from a mark's centre to the tip of an arm; below half the pitch [mm]");
+  number("--stroke", &RenderSettings::strokeWidth, "width of the strokes [mm]");
   number("--margin", &RenderSettings::margin,
-         "Millimetres from the outermost marks' centres to the edge");
+         "from the outermost marks' centres to the board's edge [mm]");
   command
       .add_option("--missing", request.missing,
-                  "A mark to leave out, counted from 0 at the top left; may be repeated and\n"
+                  "a mark to leave out, counted from 0 at the top left; may be repeated and\n"
                   "replaces the preset's list; 'none' empties it")
       ->type_name("ROW,COL")
       ->expected(1)
@@ -124,31 +139,21 @@ void AddLightOptions(CLI::App& command, Changes& changes) {
   const auto number = [&](const char* name, double RenderSettings::*field, const char* help) {
     AddSetting<double>(command, changes, name, field, help)->group("Light");
   };
-  number("--board-level", &RenderSettings::boardLevel, "Grey level, 0 to 255");
-  number("--mark-level", &RenderSettings::markLevel, "Grey level, 0 to 255");
-  number("--background-level", &RenderSettings::backgroundLevel, "Grey level, 0 to 255");
+  number("--board-level", &RenderSettings::boardLevel, "of the board, 0 to 255 [grey levels]");
+  number("--mark-level", &RenderSettings::markLevel, "of the marks, 0 to 255 [grey levels]");
+  number("--background-level", &RenderSettings::backgroundLevel,
+         "around the board, 0 to 255 [grey levels]");
   number("--gradient-x", &RenderSettings::gradientX,
-         "Relative change of the light from the middle to the right edge, -1 to 1");
+         "relative change of the light from the middle to the right edge, -1 to 1");
   number("--gradient-y", &RenderSettings::gradientY,
-         "Relative change of the light from the middle to the bottom edge, -1 to 1");
-  number("--blur", &RenderSettings::blurSigma, "Pixels, 0 to 100; sigma of the blur");
-  number("--noise", &RenderSettings::noiseSigma, "Grey levels, 0 to 255; sigma of the noise");
-  AddSetting<std::uint64_t>(command, changes, "--seed", &RenderSettings::seed, "Of the noise")
+         "relative change of the light from the middle to the bottom edge, -1 to 1");
+  number("--blur", &RenderSettings::blurSigma, "sigma of the blur, 0 to 100 [pixels]");
+  number("--noise", &RenderSettings::noiseSigma, "sigma of the noise, 0 to 255 [grey levels]");
+  AddSetting<std::uint64_t>(command, changes, "--seed", &RenderSettings::seed, "of the noise")
       ->check([](const std::string& text) {  // a negative number would wrap around
         return text.find('-') == std::string::npos ? "" : "a seed is not negative";
       })
       ->group("Light");
-}
-
-GridPosition ParseMissing(const std::string& text) {
-  GridPosition mark;
-  int used = 0;
-  if (std::sscanf(text.c_str(), "%d,%d%n", &mark.row, &mark.column, &used) != 2 ||
-      static_cast<std::size_t>(used) != text.size()) {
-    throw InputError(
-        fmt::format("'{}' is not a mark; write it as row,column, for example 2,3", text));
-  }
-  return mark;
 }
 
 RenderSettings SettingsOf(const RenderRequest& request) {
@@ -161,7 +166,7 @@ RenderSettings SettingsOf(const RenderRequest& request) {
   }
   for (const std::string& text : request.missing) {
     if (text != "none") {
-      settings.missing.push_back(ParseMissing(text));
+      settings.missing.push_back(ParseGridPosition(text));
     }
   }
   return settings;
@@ -179,9 +184,25 @@ void WriteBoth(const RenderedTarget& target, const std::filesystem::path& output
                const std::filesystem::path& truth) {
   const std::string csv = TruthCsv(target.marks);
   StagedFile pictureFile(output, EncodePicture(target.picture, output));
+  if (IsStandardOutput(truth)) {
+    WriteToStandardOutput(csv);
+    pictureFile.Commit();
+    return;
+  }
   StagedFile truthFile(truth, std::vector<std::uint8_t>(csv.begin(), csv.end()));
   pictureFile.Commit();
   truthFile.Commit();
+}
+
+RenderedTarget RenderWithinMemory(const RenderSettings& settings) {
+  try {
+    return RenderTarget(settings);
+  } catch (const std::bad_alloc&) {
+    const std::uint64_t pixels =
+        static_cast<std::uint64_t>(settings.width) * static_cast<std::uint64_t>(settings.height);
+    throw InputError(fmt::format("out of memory: {} x {} pixels take {} bytes and more",
+                                 settings.width, settings.height, pixels * sizeof(float)));
+  }
 }
 
 int RunRender(const RenderRequest& request) {
@@ -199,7 +220,7 @@ int RunRender(const RenderRequest& request) {
     throw InputError(fmt::format("picture and truth cannot both be {}", Utf8Name(truth)));
   }
   const RenderSettings settings = SettingsOf(request);
-  const RenderedTarget target = RenderTarget(settings);
+  const RenderedTarget target = RenderWithinMemory(settings);
   WriteBoth(target, request.output, truth);
   if (!request.isQuiet) {
     fmt::print(stderr, "{}: {} x {} pixels, {} x {} marks, {} left out; truth in {}\n",
@@ -216,18 +237,20 @@ void AddRenderCommand(CLI::App& app, Action& action) {
   CLI::App& command =
       *app.add_subcommand("render", "Render a board of cross marks with known positions");
   command.footer(kExamples);
-  AddPathOption(command, "-o,--output", request->output, "The picture to write, .bmp or .png")
+  AddPathOption(command, "-o,--output", request->output, "the picture to write, .bmp or .png")
       ->type_name("FILE");
-  AddPathOption(command, "--truth", request->truth,
-                "Where the marks' positions go; the output's name with .csv if not given")
+  AddPathOption(
+      command, "--truth", request->truth,
+      "file for the marks' positions, - for standard output; the output's name with .csv when not "
+      "given")
       ->type_name("FILE");
   command
       .add_option("--preset", request->preset,
-                  "Settings to start from; every other option changes one")
+                  "settings to start from; every other option changes one")
       ->type_name("NAME")
       ->capture_default_str();
-  command.add_flag("--list-presets", request->listsPresets, "Show the presets and stop");
-  command.add_flag("-q,--quiet", request->isQuiet, "No summary on standard error");
+  command.add_flag("--list-presets", request->listsPresets, "show the presets and stop");
+  command.add_flag("-q,--quiet", request->isQuiet, "say nothing on standard error but failures");
   AddCameraOptions(command, request->changes);
   AddBoardOptions(command, *request);
   AddLightOptions(command, request->changes);

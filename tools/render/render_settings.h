@@ -12,6 +12,8 @@
 #include <optional>
 #include <vector>
 
+#include "tools/lists/grid_position.h"
+
 namespace quorvex::tools {
 
 // How the angle t between a ray and the optical axis becomes the distance r from the principal
@@ -20,11 +22,6 @@ enum class CameraModel {
   kEquidistant,    // r = f t
   kKannalaBrandt,  // r = f (t + k1 t^3 + k2 t^5 + k3 t^7 + k4 t^9); Kannala and Brandt, 2006
   kPinhole,        // r = f tan t
-};
-
-struct GridPosition {
-  int row = 0;     // from the top
-  int column = 0;  // from the left
 };
 
 struct RenderSettings {

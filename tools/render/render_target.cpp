@@ -37,11 +37,11 @@ double LargestRadius(const RenderSettings& settings, const PixelPoint& principal
 
 class Scene {
  public:
-  explicit Scene(const RenderSettings& renderSettings)
-      : settings(renderSettings),
-        board(settings),
-        principalPoint(Camera(settings).PrincipalPoint()),
-        rays(Camera(settings), LargestRadius(settings, principalPoint)) {}
+  explicit Scene(const RenderSettings& settings)
+      : settings_(settings),
+        board_(settings_),
+        principalPoint_(Camera(settings_).PrincipalPoint()),
+        rays_(Camera(settings_), LargestRadius(settings_, principalPoint_)) {}
 
   void SampleRow(int row, std::vector<double>& samples) const {
     const double y = SamplePosition(row);
@@ -56,17 +56,17 @@ class Scene {
   double SampleLevel(double x, double y) const {
     Vector3 ray;
     BoardPoint point;
-    if (!rays.Lookup(x - principalPoint.x, y - principalPoint.y, ray) ||
-        !board.Intersect(ray, point)) {
-      return settings.backgroundLevel;
+    if (!rays_.Lookup(x - principalPoint_.x, y - principalPoint_.y, ray) ||
+        !board_.Intersect(ray, point)) {
+      return settings_.backgroundLevel;
     }
-    return board.LevelAt(point);
+    return board_.LevelAt(point);
   }
 
-  const RenderSettings& settings;  // outlives the scene
-  Board board;
-  PixelPoint principalPoint;
-  RayTable rays;
+  const RenderSettings& settings_;  // outlives the scene
+  Board board_;
+  PixelPoint principalPoint_;
+  RayTable rays_;
 };
 
 void ApplyLight(LevelPicture& picture, const RenderSettings& settings) {

@@ -21,8 +21,8 @@ std::vector<TruthMark> ProjectMarks(const RenderSettings& settings);
 
 // Each of 16 samples a pixel is a ray met with the board; blur and pixel area are applied to the
 // samples, then light gradient, noise and rounding. Deterministic: the same settings give the same
-// bytes. Throws as
-// ProjectMarks does.
+// bytes.
+// Throws as ProjectMarks does.
 RenderedTarget RenderTarget(const RenderSettings& settings);
 
 }  // namespace quorvex::tools

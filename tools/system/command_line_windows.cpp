@@ -12,7 +12,9 @@ std::wstring QuotedArgument(const std::string& argument) {
   std::wstring quoted = L"\"";
   std::size_t backslashes = 0;
   for (const wchar_t c : PathFromUtf8(argument).wstring()) {
-    if (c == L'"') quoted.append(backslashes + 1, L'\\');
+    if (c == L'"') {
+      quoted.append(backslashes + 1, L'\\');
+    }
     backslashes = c == L'\\' ? backslashes + 1 : 0;
     quoted += c;
   }
@@ -23,7 +25,9 @@ std::wstring CommandLine(const std::filesystem::path& program,
                          const std::vector<std::string>& arguments) {
   // The program's name has rules of its own: everything between the quotes stands for itself.
   std::wstring line = L'"' + program.wstring() + L'"';
-  for (const std::string& argument : arguments) line += L' ' + QuotedArgument(argument);
+  for (const std::string& argument : arguments) {
+    line += L' ' + QuotedArgument(argument);
+  }
   return line;
 }
 

@@ -8,12 +8,24 @@
 
 namespace quorvex::tools {
 
+bool IsStandardOutput(const std::filesystem::path& path) { return path.empty() || path == "-"; }
+
 void RequireWritable(const std::filesystem::path& path) {
-  const StagedFile neverCommitted(path, {});
+  if (!IsStandardOutput(path)) {
+    const StagedFile neverCommitted(path, {});
+  }
 }
 
 void WriteTextFileWhole(const std::filesystem::path& path, const std::string& text) {
   WriteFileWhole(path, {text.begin(), text.end()});
+}
+
+void WriteText(const std::filesystem::path& path, const std::string& text) {
+  if (IsStandardOutput(path)) {
+    WriteToStandardOutput(text);
+  } else {
+    WriteTextFileWhole(path, text);
+  }
 }
 
 void WriteToStandardOutput(const std::string& text) {

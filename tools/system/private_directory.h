@@ -1,29 +1,32 @@
-// A temporary directory that is removed with everything in it.
+// A temporary directory that is removed with everything in it, and what stands in its way.
 #ifndef QUORVEX_TOOLS_SYSTEM_PRIVATE_DIRECTORY_H_
 #define QUORVEX_TOOLS_SYSTEM_PRIVATE_DIRECTORY_H_
 
 #include <filesystem>
-#include <system_error>
-
-#include "tools/system/worker_process.h"
+#include <string>
 
 namespace quorvex::tools {
 
 class PrivateDirectory {
  public:
-  PrivateDirectory() : path_(MakePrivateDirectory()) {}
+  PrivateDirectory();  // throws std::runtime_error
   PrivateDirectory(const PrivateDirectory&) = delete;
   PrivateDirectory& operator=(const PrivateDirectory&) = delete;
-  ~PrivateDirectory() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
+  ~PrivateDirectory();
 
   const std::filesystem::path& Path() const { return path_; }
 
  private:
   std::filesystem::path path_;  // absolute
 };
+
+// Where private directories are made; absolute. Throws std::runtime_error that names it and the
+// variable that chooses it.
+std::filesystem::path FolderForTemporaryFiles();
+
+// One sentence, without a full stop, that names the folder and says that its disk is full; empty
+// while there is room, and where the system does not tell.
+std::string DescribeShortage(const std::filesystem::path& folder);
 
 }  // namespace quorvex::tools
 

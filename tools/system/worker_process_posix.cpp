@@ -11,6 +11,7 @@
 #include <map>
 
 #include "tools/system/file_name.h"
+#include "tools/system/private_directory.h"
 #include "tools/system/worker_process.h"
 
 extern char** environ;
@@ -24,7 +25,9 @@ std::string DescribeEnd(int status) {
   if (WIFSIGNALED(status)) {
     return fmt::format("the detection crashed ({})", strsignal(WTERMSIG(status)));
   }
-  if (WEXITSTATUS(status) == 0) return "";
+  if (WEXITSTATUS(status) == 0) {
+    return "";
+  }
   return fmt::format("the detection ended with exit code {}", WEXITSTATUS(status));
 }
 
@@ -53,14 +56,20 @@ WorkerPool::WorkerPool() : state_(std::make_unique<State>()) {
   sigemptyset(&state_->awaited);
   sigaddset(&state_->awaited, SIGCHLD);
   for (const int stop : {SIGINT, SIGTERM, SIGHUP}) {
-    if (!IsIgnored(stop)) sigaddset(&state_->awaited, stop);  // as nohup and shells ask for
+    if (!IsIgnored(stop)) {  // as nohup and shells ask for
+      sigaddset(&state_->awaited, stop);
+    }
   }
   pthread_sigmask(SIG_BLOCK, &state_->awaited, &state_->callersMask);
 }
 
 WorkerPool::~WorkerPool() {
-  for (const auto& [process, worker] : state_->workers) kill(process, SIGKILL);
-  for (const auto& [process, worker] : state_->workers) waitpid(process, nullptr, 0);
+  for (const auto& [process, worker] : state_->workers) {
+    kill(process, SIGKILL);
+  }
+  for (const auto& [process, worker] : state_->workers) {
+    waitpid(process, nullptr, 0);
+  }
   sigaction(SIGCHLD, &state_->callersChildAction, nullptr);
   pthread_sigmask(SIG_SETMASK, &state_->callersMask, nullptr);
 }
@@ -68,7 +77,9 @@ WorkerPool::~WorkerPool() {
 void WorkerPool::Start(int worker, const std::filesystem::path& program,
                        const std::vector<std::string>& arguments) {
   std::vector<char*> argv{const_cast<char*>(program.c_str())};
-  for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
+  for (const std::string& argument : arguments) {
+    argv.push_back(const_cast<char*>(argument.c_str()));
+  }
   argv.push_back(nullptr);
 
   posix_spawnattr_t attributes;
@@ -93,7 +104,9 @@ WorkerEnd WorkerPool::WaitForOne() {
     // Before every wait, since one SIGCHLD may stand for several ends.
     for (const auto& [process, worker] : state_->workers) {
       int status = 0;
-      if (waitpid(process, &status, WNOHANG) != process) continue;
+      if (waitpid(process, &status, WNOHANG) != process) {
+        continue;
+      }
       const WorkerEnd end{worker, DescribeEnd(status)};
       state_->workers.erase(process);
       return end;
@@ -108,18 +121,20 @@ WorkerEnd WorkerPool::WaitForOne() {
 std::filesystem::path OwnProgramPath() {
   std::error_code error;
   const std::filesystem::path path = std::filesystem::read_symlink("/proc/self/exe", error);
-  if (error) throw std::runtime_error("cannot find the command's own program file");
+  if (error) {
+    throw std::runtime_error("cannot find the command's own program file");
+  }
   return path;
 }
 
 std::filesystem::path MakePrivateDirectory() {
-  std::error_code error;
-  const std::filesystem::path parent = std::filesystem::temp_directory_path(error);
-  if (error) throw std::runtime_error("there is no directory for temporary files");
-  std::string path = (std::filesystem::absolute(parent) / "quorvex-XXXXXX").string();
+  const std::filesystem::path parent = FolderForTemporaryFiles();
+  std::string path = (parent / "quorvex-XXXXXX").string();
   if (mkdtemp(path.data()) == nullptr) {
-    throw std::runtime_error(
-        fmt::format("cannot make a directory in {}: {}", Utf8Name(parent), strerror(errno)));
+    const int error = errno;
+    const std::string shortage = DescribeShortage(parent);
+    throw std::runtime_error(fmt::format("cannot make a folder in {}: {}", Utf8Name(parent),
+                                         shortage.empty() ? strerror(error) : shortage));
   }
   return path;
 }

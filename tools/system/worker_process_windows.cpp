@@ -10,6 +10,7 @@
 
 #include "tools/system/command_line_windows.h"
 #include "tools/system/file_name.h"
+#include "tools/system/private_directory.h"
 #include "tools/system/worker_process.h"
 
 namespace quorvex::tools {
@@ -39,7 +40,9 @@ std::string DescribeEnd(DWORD exitCode) {
   if (exitCode >= kFirstExceptionCode) {
     return fmt::format("the detection crashed (exception 0x{:08X})", exitCode);
   }
-  if (exitCode == 0) return "";
+  if (exitCode == 0) {
+    return "";
+  }
   return fmt::format("the detection ended with exit code {}", exitCode);
 }
 
@@ -56,7 +59,9 @@ BOOL WINAPI RequestStop(DWORD request) {
   SetEvent(StopEvent());
   // Of a closed window or a logoff the system takes the return for the end of the command. This
   // thread goes with the command, once that has cleaned up.
-  if (request != CTRL_C_EVENT && request != CTRL_BREAK_EVENT) Sleep(INFINITE);
+  if (request != CTRL_C_EVENT && request != CTRL_BREAK_EVENT) {
+    Sleep(INFINITE);
+  }
   return TRUE;
 }
 
@@ -97,7 +102,9 @@ class ThisUserOnly {
            SetSecurityDescriptorDacl(&descriptor_, TRUE, list, FALSE) != 0 &&
            // Nothing comes from the directory above.
            SetSecurityDescriptorControl(&descriptor_, SE_DACL_PROTECTED, SE_DACL_PROTECTED) != 0;
-    if (!made) ThrowLastError("cannot make a private directory");
+    if (!made) {
+      ThrowLastError("cannot make a private directory");
+    }
   }
 
   ThisUserOnly(const ThisUserOnly&) = delete;  // the descriptor holds the list's address
@@ -170,7 +177,9 @@ int WorkerPool::Count() const { return static_cast<int>(state_->workers.size());
 WorkerEnd WorkerPool::WaitForOne() {
   std::vector<Worker>& workers = state_->workers;
   for (;;) {
-    if (WaitForSingleObject(StopEvent(), 0) == WAIT_OBJECT_0) throw Interrupted(stopExitCode);
+    if (WaitForSingleObject(StopEvent(), 0) == WAIT_OBJECT_0) {
+      throw Interrupted(stopExitCode);
+    }
     std::vector<HANDLE> awaited{StopEvent()};
     for (std::size_t i = 0; i < workers.size(); ++i) {
       const HANDLE process = workers[i].process.get();
@@ -193,24 +202,28 @@ std::filesystem::path OwnProgramPath() {
   constexpr DWORD kLongestPath = 32768;  // with the closing zero
   std::wstring path(kLongestPath, L'\0');
   path.resize(GetModuleFileNameW(nullptr, path.data(), kLongestPath));
-  if (path.empty()) throw std::runtime_error("cannot find the command's own program file");
+  if (path.empty()) {
+    throw std::runtime_error("cannot find the command's own program file");
+  }
   return path;
 }
 
 std::filesystem::path MakePrivateDirectory() {
-  std::error_code error;
-  const std::filesystem::path parent = std::filesystem::temp_directory_path(error);
-  if (error) throw std::runtime_error("there is no directory for temporary files");
+  const std::filesystem::path parent = FolderForTemporaryFiles();
   ThisUserOnly access;
   SECURITY_ATTRIBUTES attributes = access.Attributes();
   std::random_device random;
   for (int attempt = 0; attempt < kNameAttempts; ++attempt) {
     const std::string name = fmt::format("quorvex-{:08x}{:08x}", random(), random());
-    const std::filesystem::path path = std::filesystem::absolute(parent) / name;
-    if (CreateDirectoryW(path.c_str(), &attributes) != 0) return path;
-    if (GetLastError() != ERROR_ALREADY_EXISTS) break;
+    const std::filesystem::path path = parent / name;
+    if (CreateDirectoryW(path.c_str(), &attributes) != 0) {
+      return path;
+    }
+    if (GetLastError() != ERROR_ALREADY_EXISTS) {
+      break;
+    }
   }
-  ThrowLastError("cannot make a directory in " + Utf8Name(parent));
+  ThrowLastError("cannot make a folder in " + Utf8Name(parent));
 }
 
 bool StandardErrorIsTerminal() {

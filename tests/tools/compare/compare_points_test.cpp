@@ -1,21 +1,15 @@
 #include "tools/compare/compare_points.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
-
-#include "tests/support/test_files.h"
-#include "tools/compare/compare_report.h"
-#include "tools/errors.h"
+#include <utility>
 
 namespace quorvex::tests {
 
 using namespace tools;
 
 namespace {
-
-using testing::HasSubstr;
 
 constexpr int kColumns = 4;
 constexpr double kPitch = 100;  // pixels
@@ -150,51 +144,25 @@ TEST(ComparePoints, LabelsAtTheEndsOfTheRangeDoNotOverflow) {
   EXPECT_EQ(c.rowOffset, 4294967294);
 }
 
-TEST(CompareReport, ShowsCountsAndErrors) {
+TEST(ComparePoints, NamesWhatDoesNotAgree) {
   std::vector<ListedPoint> points = PointsAt(Board());
-  points[0].x += 3;
-  points[6].y += 2;
+  points[1].col = 3;
+  points[11].x += 30;  // missed and extra
   const Comparison c = ComparePoints(points, Board(), 20);
-  EXPECT_EQ(ReportAsText(c),
-            "found      11 of 11, error RMS 0.905 px, median 0.000 px, max 3.000 px\n"
-            "missed     0\n"
-            "extra      0\n"
-            "filled in  1 of 1, error RMS 2.000 px, median 2.000 px, max 2.000 px\n"
-            "labels     agree\n");
-  EXPECT_THAT(ReportAsJson(c), HasSubstr("\"found\": {\"count\": 11, \"rms\": 0.904534034, "));
-  EXPECT_THAT(ReportAsJson(c), HasSubstr("\"complete\": true"));
+  ASSERT_EQ(c.missedMarks.size(), 1u);
+  EXPECT_EQ(c.missedMarks[0].row, 2);
+  EXPECT_EQ(c.missedMarks[0].column, 3);
+  ASSERT_EQ(c.extraPoints.size(), 1u);
+  EXPECT_EQ(c.extraPoints[0].id, 12);
+  ASSERT_EQ(c.mislabelled.size(), 1u);
+  EXPECT_EQ(c.mislabelled[0].point.id, 2);
+  EXPECT_EQ(c.mislabelled[0].mark.column, 1);
 }
 
-std::string ErrorOfReadingTruth(const std::string& path) {
-  try {
-    ReadTruthFile(path);
-  } catch (const InputError& error) {
-    return error.what();
-  }
-  return "no error";
-}
-
-TEST(TruthFile, ReadsMarks) {
-  const TemporaryFolder folder;
-  const std::vector<TruthMark> marks =
-      ReadTruthFile(folder.File("truth.csv", "row,col,x,y,missing\n1,2,3.5,4.25,0\n1,3,5,6,1\n"));
-  ASSERT_EQ(marks.size(), 2u);
-  EXPECT_EQ(marks[0].row, 1);
-  EXPECT_EQ(marks[0].column, 2);
-  EXPECT_EQ(marks[0].x, 3.5);
-  EXPECT_EQ(marks[0].y, 4.25);
-  EXPECT_FALSE(marks[0].isMissing);
-  EXPECT_TRUE(marks[1].isMissing);
-}
-
-TEST(TruthFile, RefusesOtherFlagsAndTables) {
-  const TemporaryFolder folder;
-  EXPECT_THAT(ErrorOfReadingTruth(folder.File("a", "row,col,x,y,missing\n1,2,3,4,yes\n")),
-              HasSubstr("mark 1: \"missing\" is \"yes\", not 0 or 1"));
-  EXPECT_THAT(ErrorOfReadingTruth(folder.File("b", "id,row,col,x,y\n1,2,3,4,5\n")),
-              HasSubstr("has no column \"missing\""));
-  EXPECT_THAT(ErrorOfReadingTruth(folder.File("c", "row,col,x,y,missing\n")),
-              HasSubstr("holds no marks"));
+TEST(ComparePoints, AMarkLeftOutIsNeverMissed) {
+  std::vector<ListedPoint> points = PointsAt(Board());
+  points.erase(points.begin() + 6);
+  EXPECT_TRUE(ComparePoints(points, Board(), 20).missedMarks.empty());
 }
 
 }  // namespace

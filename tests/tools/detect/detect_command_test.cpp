@@ -244,44 +244,5 @@ TEST_F(DetectTarget, TakesNamesOfAllLanguages) {
   EXPECT_THAT(ReadWhole(folder.Path(name + ".json")), Not(HasSubstr("\"id\": 20,")));
 }
 
-class CompareCommand : public DetectCommand {
- protected:
-  CompareCommand() {
-    folder.File("points.csv", "id,row,col,x,y\n1,0,0,10,10\n2,0,1,113,10\n");
-    folder.File("truth.csv", "row,col,x,y,missing\n0,0,10,10,0\n0,1,110,10,0\n");
-  }
-};
-
-TEST_F(CompareCommand, AgreementIsSuccess) {
-  EXPECT_EQ(Run("compare points.csv truth.csv"), 0);
-  EXPECT_THAT(output, HasSubstr("found      2 of 2"));
-}
-
-TEST_F(CompareCommand, AMissedMarkOrALargeErrorIsNot) {
-  EXPECT_EQ(Run("compare points.csv truth.csv --tolerance 2"), 1);
-  EXPECT_EQ(Run("compare points.csv truth.csv --max-rms 2"), 1);
-  EXPECT_THAT(errors, HasSubstr("2.121 px"));
-  EXPECT_EQ(Run("compare points.csv truth.csv --max-rms 2.2"), 0);
-}
-
-TEST_F(CompareCommand, ReadsJsonAndWritesIt) {
-  folder.File("points.json",
-              R"([{"image": "a", "width": 4, "height": 4,
-                   "points": [{"id": 1, "row": 0, "col": 0, "x": 10, "y": 10}]}])");
-  EXPECT_EQ(Run("compare points.json truth.csv --format json"), 1);
-  EXPECT_THAT(output, HasSubstr("\"missed\": 1"));
-}
-
-TEST_F(CompareCommand, RefusesBadInput) {
-  EXPECT_EQ(Run("compare none.csv truth.csv"), 2);
-  EXPECT_THAT(errors, HasSubstr("none.csv"));
-  EXPECT_EQ(Run("compare points.csv points.csv"), 2);
-  EXPECT_EQ(Run("compare points.csv"), 2);
-  EXPECT_EQ(Run("compare points.csv truth.csv --tolerance 0"), 2);
-  folder.File("two.csv", "image,id,row,col,x,y\na,1,0,0,1,1\nb,1,0,0,1,1\n");
-  EXPECT_EQ(Run("compare two.csv truth.csv"), 2);
-  EXPECT_THAT(errors, HasSubstr("2 images"));
-}
-
 }  // namespace
 }  // namespace quorvex::tests

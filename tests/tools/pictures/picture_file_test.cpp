@@ -1,10 +1,8 @@
 #include "tools/pictures/picture_file.h"
 
 #include <gtest/gtest.h>
-#include <png.h>
 
-#include "interface/quorvex.h"
-#include "tests/support/bmp_bytes.h"
+#include "tests/support/grey_pictures.h"
 #include "tests/support/temporary_folder.h"
 #include "tools/errors.h"
 
@@ -24,33 +22,6 @@ Picture Ramp(int width, int height) {
   return picture;
 }
 
-// What the library makes of blue-green-red triples.
-Bytes LibraryGrey(Bytes bgr) {
-  Bytes grey(bgr.size() / 3);
-  ConvertRGBToGray(bgr.data(), static_cast<long>(grey.size()), 1, 24, grey.data());
-  return grey;
-}
-
-Picture ReadBytesAsPicture(const Bytes& bytes) {
-  const TemporaryFolder folder;
-  WriteBytes(folder.Path("picture"), bytes);
-  return ReadPictureFile(folder.Path("picture"));
-}
-
-Bytes EncodeWithLibpng(int width, int height, png_uint_32 format, const Bytes& samples) {
-  png_image image{};
-  image.version = PNG_IMAGE_VERSION;
-  image.width = static_cast<png_uint_32>(width);
-  image.height = static_cast<png_uint_32>(height);
-  image.format = format;
-  png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(image);
-  Bytes bytes(size);
-  EXPECT_NE(png_image_write_to_memory(&image, bytes.data(), &size, 0, samples.data(), 0, nullptr),
-            0);
-  bytes.resize(size);
-  return bytes;
-}
-
 class PictureRoundTrip : public testing::TestWithParam<const char*> {};
 
 TEST_P(PictureRoundTrip, KeepsEveryPixelAtEveryRowPadding) {
@@ -67,116 +38,6 @@ TEST_P(PictureRoundTrip, KeepsEveryPixelAtEveryRowPadding) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Endings, PictureRoundTrip, testing::Values("a.bmp", "a.png", "a.BMP"));
-
-TEST(ReadBmp, BottomUpRowsComeOutTopFirst) {
-  EXPECT_EQ(ReadBytesAsPicture(MakeBmp(SmallGreyBmp())).pixels, Bytes({1, 2, 3, 4, 5, 6}));
-}
-
-TEST(ReadBmp, NegativeHeightMeansTopDown) {
-  BmpFields fields = SmallGreyBmp();
-  fields.height = static_cast<std::uint32_t>(-2);
-  EXPECT_EQ(ReadBytesAsPicture(MakeBmp(fields)).pixels, Bytes({4, 5, 6, 1, 2, 3}));
-}
-
-TEST(ReadBmp, PixelsAreFoundByTheOffsetField) {
-  BmpFields fields = SmallGreyBmp();
-  fields.gap = Bytes(13, 99);
-  EXPECT_EQ(ReadBytesAsPicture(MakeBmp(fields)).pixels, Bytes({1, 2, 3, 4, 5, 6}));
-}
-
-TEST(ReadBmp, LongHeadersAreRead) {
-  for (const std::uint32_t headerBytes : {108u, 124u}) {
-    BmpFields fields = SmallGreyBmp();
-    fields.headerBytes = headerBytes;
-    EXPECT_EQ(ReadBytesAsPicture(MakeBmp(fields)).pixels, Bytes({1, 2, 3, 4, 5, 6}));
-  }
-}
-
-TEST(ReadBmp, CoreHeaderHasThreeByteColours) {
-  BmpFields fields = SmallGreyBmp();
-  fields.headerBytes = 12;
-  fields.palette = GreyPalette(256, 3);
-  EXPECT_EQ(ReadBytesAsPicture(MakeBmp(fields)).pixels, Bytes({1, 2, 3, 4, 5, 6}));
-}
-
-TEST(ReadBmp, PaletteColoursBecomeGrey) {
-  BmpFields fields = SmallGreyBmp();
-  fields.paletteColors = 7;
-  fields.palette = GreyPalette(7, 4);
-  fields.palette[4] = 10;  // entry 1: blue, green, red
-  fields.palette[5] = 200;
-  fields.palette[6] = 90;
-  const Bytes pixels = ReadBytesAsPicture(MakeBmp(fields)).pixels;
-  EXPECT_EQ(pixels[0], LibraryGrey({10, 200, 90})[0]);
-  EXPECT_EQ(pixels[1], 2);
-}
-
-TEST(ReadBmp, NeutralPaletteEntriesKeepTheirValue) {
-  BmpFields fields = SmallGreyBmp();
-  fields.width = 256;
-  fields.height = 1;
-  fields.pixels.clear();
-  for (int i = 0; i < 256; ++i) {
-    fields.pixels.push_back(static_cast<std::uint8_t>(i));
-  }
-  EXPECT_EQ(ReadBytesAsPicture(MakeBmp(fields)).pixels, fields.pixels);
-}
-
-TEST(ReadBmp, ColourRowsLoseTheirPadding) {
-  BmpFields fields;
-  fields.width = 1;
-  fields.bitsPerPixel = 24;
-  fields.pixels = {10, 20, 230, 0, 200, 30, 40, 0};
-  EXPECT_EQ(ReadBytesAsPicture(MakeBmp(fields)).pixels, LibraryGrey({200, 30, 40, 10, 20, 230}));
-}
-
-TEST(ReadBmp, ThirtyTwoBitsAreReadWithAndWithoutMasks) {
-  BmpFields fields;
-  fields.width = 2;
-  fields.height = 1;
-  fields.bitsPerPixel = 32;
-  fields.pixels = {10, 20, 230, 7, 200, 30, 40, 9};
-  const Bytes expected = LibraryGrey({10, 20, 230, 200, 30, 40});
-  EXPECT_EQ(ReadBytesAsPicture(MakeBmp(fields)).pixels, expected);
-
-  fields.compression = 3;
-  Append(fields.masks, 0x00ff0000, 4);
-  Append(fields.masks, 0x0000ff00, 4);
-  Append(fields.masks, 0x000000ff, 4);
-  EXPECT_EQ(ReadBytesAsPicture(MakeBmp(fields)).pixels, expected);
-  fields.headerBytes = 124;
-  EXPECT_EQ(ReadBytesAsPicture(MakeBmp(fields)).pixels, expected);
-}
-
-TEST(ReadPng, ColourBecomesTheLibrarysGrey) {
-  const Bytes png = EncodeWithLibpng(2, 1, PNG_FORMAT_BGR, {10, 20, 230, 200, 30, 40});
-  EXPECT_EQ(ReadBytesAsPicture(png).pixels, LibraryGrey({10, 20, 230, 200, 30, 40}));
-}
-
-TEST(ReadPng, OpaquePixelsStayAndTransparentOnesLieOnWhite) {
-  const Bytes png = EncodeWithLibpng(2, 1, PNG_FORMAT_BGRA, {10, 20, 230, 255, 200, 30, 40, 0});
-  EXPECT_EQ(ReadBytesAsPicture(png).pixels, LibraryGrey({10, 20, 230, 255, 255, 255}));
-}
-
-void AppendToBytes(png_structp png, png_bytep data, png_size_t size) {
-  Bytes& bytes = *static_cast<Bytes*>(png_get_io_ptr(png));
-  bytes.insert(bytes.end(), data, data + size);
-}
-
-TEST(ReadPng, SixteenBitsAreScaledToEight) {
-  Bytes bytes;
-  png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
-  png_infop info = png_create_info_struct(png);
-  png_set_write_fn(png, &bytes, AppendToBytes, nullptr);
-  png_set_IHDR(png, info, 3, 1, 16, PNG_COLOR_TYPE_GRAY, PNG_INTERLACE_NONE,
-               PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
-  png_write_info(png, info);
-  const Bytes row = {0, 0, 100, 100, 255, 255};
-  png_write_row(png, row.data());
-  png_write_end(png, info);
-  png_destroy_write_struct(&png, &info);
-  EXPECT_EQ(ReadBytesAsPicture(bytes).pixels, Bytes({0, 100, 255}));
-}
 
 TEST(WriteColorPng, KeepsTheOrderOfTheColours) {
   const TemporaryFolder folder;

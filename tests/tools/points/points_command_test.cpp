@@ -46,13 +46,15 @@ TEST_F(PointsCommand, ListShowsTheFile) {
 
 TEST_F(PointsCommand, ListAsATableCountsTheGridWithoutPointsThatHaveNoPlace) {
   EXPECT_EQ(Run("points list p.csv --format text"), 0);
-  EXPECT_EQ(output,
-            "    id   row   col        x [px]        y [px]\n"
-            "     1     0     0          10.5         20.25\n"
-            "     2     0     1           110            21\n"
-            "     2     5     6           115            25\n"
-            "    -1    -1    -1           300           400\n"
-            "4 points, 2 rows x 3 columns\n");
+  EXPECT_EQ(
+      output,
+      "    id   row   col        x [px]        y [px]\n"
+      "     1     0     0          10.5         20.25\n"
+      "     2     0     1           110            21\n"
+      "     2     5     6           115            25\n"
+      "    -1    -1    -1           300           400\n"
+      "4 points, 6 rows x 7 columns, empty: rows 1, 2, 3, 4; columns 2, 3, 4, 5; places (0,6), "
+      "(5,0), (5,1), 1 without a place\n");
 }
 
 TEST_F(PointsCommand, QueryShowsTheFirstPointWithTheId) {
@@ -242,6 +244,14 @@ TEST_F(PointsCommand, RefusesBadUsage) {
     EXPECT_EQ(output, "") << arguments;
     EXPECT_NE(errors, "") << arguments;
   }
+}
+
+TEST_F(PointsCommand, SaysWhichWordsAChoiceAllows) {
+  EXPECT_EQ(Run("points list p.csv --format xml"), 2);
+  EXPECT_THAT(errors, HasSubstr("--format: xml is not one of csv, json, text\n"));
+  EXPECT_EQ(Run("points rearrange p.csv up"), 2);
+  EXPECT_THAT(errors, HasSubstr("side: up is not one of left, right\n"));
+  EXPECT_EQ(Run("points list p.csv --format JSON"), 0);
 }
 
 TEST_F(PointsCommand, EveryVerbHasHelp) {

@@ -1,6 +1,7 @@
 // The command on files that only POSIX has: links, devices, pipes.
 #include "tests/support/command_test.h"
 
+#include <gmock/gmock.h>
 #include <sys/stat.h>
 
 #include <fstream>
@@ -55,6 +56,18 @@ TEST_F(SpecialFiles, ReadsStandardInput) {
   run.input = "p.csv";
   EXPECT_EQ(Run(run), 0);
   EXPECT_EQ(output, "id,row,col,x,y\n1,0,0,10.5,20.25\n");
+}
+
+TEST_F(SpecialFiles, NamesAMissingFolderForTemporaryFiles) {
+  ASSERT_EQ(Run("render --quiet --preset easy --rows 4 --columns 5 --margin 26 --width 1024 "
+                "--height 840 -o target.bmp"),
+            0);
+  ProgramRun run = MakeRun("detect target.bmp");
+  run.environment["TMPDIR"] = folder.Path("absent");
+  EXPECT_EQ(Run(run), 2);
+  EXPECT_THAT(errors, testing::StartsWith("quorvex: the folder for temporary files, " +
+                                          folder.Path("absent") +
+                                          " (the variable TMPDIR names it), cannot be used: "));
 }
 
 TEST_F(SpecialFiles, ADeviceIsNoPicture) {

@@ -4,7 +4,6 @@
 
 #include <cmath>
 
-#include "tools/render/board.h"
 #include "tools/render/presets.h"
 
 namespace quorvex::tests {
@@ -72,27 +71,6 @@ TEST_P(CameraModels, AxisIsSeenAtThePrincipalPoint) {
   ASSERT_TRUE(moved);
   EXPECT_EQ(moved->x, 700.25);
   EXPECT_EQ(moved->y, 900);
-}
-
-TEST_P(CameraModels, BoardPointsSurviveTheWayToThePictureAndBack) {
-  RenderSettings settings = SettingsOf(GetParam());
-  settings.tiltX = 11;
-  settings.tiltY = -17;
-  const Camera camera(settings);
-  const Board board(settings);
-  for (int row = 0; row < settings.rows; ++row) {
-    for (int column = 0; column < settings.columns; ++column) {
-      const BoardPoint mark = board.MarkCentre(row, column);
-      const auto pixel = camera.Project(board.ToCamera(mark));
-      ASSERT_TRUE(pixel);
-      const auto ray = camera.Ray(*pixel);
-      ASSERT_TRUE(ray);
-      BoardPoint met;
-      ASSERT_TRUE(board.Intersect(*ray, met));
-      EXPECT_NEAR(met.x, mark.x, 1e-8);
-      EXPECT_NEAR(met.y, mark.y, 1e-8);
-    }
-  }
 }
 
 INSTANTIATE_TEST_SUITE_P(All, CameraModels,

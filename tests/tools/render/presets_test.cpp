@@ -194,7 +194,7 @@ TEST(PresetByName, KnowsItsNamesAndRefusesOthers) {
     ADD_FAILURE();
   } catch (const InputError& error) {
     EXPECT_STREQ(error.what(),
-                 "there is no preset 'Easy'; known are fisheye, easy, tilted, dropped, large");
+                 "--preset: Easy is not one of fisheye, easy, tilted, dropped, large");
   }
 }
 

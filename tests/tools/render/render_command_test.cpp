@@ -110,7 +110,19 @@ TEST(RenderCommand, BadUsageIsRefusedAndWritesNothing) {
   EXPECT_THROW(RunRenderCommand({"--quiet"}), InputError);
   EXPECT_THROW(RunRenderCommand(Small(output, {"--model", "mirror"})), CLI::ParseError);
   EXPECT_THROW(RunRenderCommand(Small(output, {"--seed", "-1"})), CLI::ParseError);
+  EXPECT_THROW(RunRenderCommand(Small(output, {"--missing", "4294967296,0"})), InputError);
+  EXPECT_THROW(RunRenderCommand(Small(output, {"--missing", " 0,+1"})), InputError);
   EXPECT_EQ(folder.FileCount(), 0u);
+}
+
+TEST(RenderCommand, TheTruthCanGoToStandardOutput) {
+  const TemporaryFolder folder;
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(RunRenderCommand(Small(folder.Path("a.png"), {"--truth", "-"})), kExitSuccess);
+  const std::string truth = testing::internal::GetCapturedStdout();
+  RunRenderCommand(Small(folder.Path("a.png")));
+  EXPECT_EQ(truth, ReadText(folder.Path("a.csv")));
+  EXPECT_EQ(folder.FileCount(), 2u);
 }
 
 TEST(RenderCommand, ListsThePresets) {

@@ -7,9 +7,6 @@
 #include <filesystem>
 #include <set>
 
-#include "tests/support/test_files.h"
-#include "tools/system/private_directory.h"
-
 namespace quorvex::tests {
 
 using namespace tools;
@@ -64,18 +61,6 @@ TEST(WorkerPool, TellsAProgramThatCannotBeStarted) {
 TEST(OwnProgram, IsThisOne) {
   EXPECT_EQ(OwnProgramPath().stem(), "tools_tests");
   EXPECT_TRUE(std::filesystem::is_regular_file(OwnProgramPath()));
-}
-
-TEST(PrivateDirectory, GoesWithEverythingInIt) {
-  std::filesystem::path path;
-  {
-    const PrivateDirectory directory;
-    path = directory.Path();
-    EXPECT_TRUE(path.is_absolute());
-    std::filesystem::create_directories(path / "deep" / "deeper");
-    std::ofstream(path / "deep" / "file") << "text";
-  }
-  EXPECT_FALSE(std::filesystem::exists(path));
 }
 
 }  // namespace

@@ -39,7 +39,7 @@ TEST_F(PointsFiles, ConvertsBetweenTheFormats) {
   EXPECT_EQ(Run("points convert p.json --format json"), 0);
   EXPECT_EQ(output, kJson);
   EXPECT_EQ(Run("points convert p.json --format text"), 0);
-  EXPECT_THAT(output, HasSubstr("a.bmp: 2 points, 1 rows x 2 columns\n"));
+  EXPECT_THAT(output, HasSubstr("a.bmp: 2 points, 1 row x 2 columns\n"));
   // A CSV file does not tell name and size.
   EXPECT_EQ(Run("points convert p.csv --format json --output new.json"), 0);
   EXPECT_EQ(output, "");
@@ -104,15 +104,65 @@ TEST_F(PointsFiles, TellsThatTheOutputCannotBeWritten) {
 TEST_F(PointsFiles, RefusesSeveralImagesAndNone) {
   folder.File("two.csv", "image,id,row,col,x,y\na,1,0,0,1,1\nb,1,0,0,1,1\n");
   EXPECT_EQ(Run("points list two.csv"), 2);
-  EXPECT_EQ(errors, "quorvex: two.csv holds the points of 2 images; one is needed\n");
+  EXPECT_EQ(errors,
+            "quorvex: two.csv holds the points of 2 images; choose one with --image: a, b\n");
   folder.File("none.json", "[]");
   EXPECT_EQ(Run("points list none.json"), 2);
-  EXPECT_EQ(errors, "quorvex: none.json holds the points of 0 images; one is needed\n");
+  EXPECT_EQ(errors, "quorvex: none.json holds no image's points\n");
+}
+
+constexpr const char* kBatch =
+    "image,id,row,col,x,y,kind\na.bmp,1,0,0,10,20,seen\na.bmp,2,0,1,110,20,filled\n"
+    "b.bmp,1,0,0,10,21,filled\nc.bmp,,,,,,failed\n";
+
+TEST_F(PointsFiles, AnImagesPartOfABatchIsShownAlone) {
+  folder.File("batch.csv", kBatch);
+  EXPECT_EQ(Run("points list batch.csv --image b.bmp"), 0);
+  EXPECT_EQ(output, "image,id,row,col,x,y,kind\nb.bmp,1,0,0,10,21,filled\n");
+  EXPECT_EQ(Run("points list batch.csv --image d.bmp"), 2);
+  EXPECT_EQ(errors, "quorvex: batch.csv holds no image d.bmp; there are: a.bmp, b.bmp, c.bmp\n");
+  EXPECT_EQ(Run("points list batch.csv --image c.bmp"), 2);
+  EXPECT_EQ(errors, "quorvex: batch.csv holds no points of c.bmp: the detection failed\n");
+}
+
+TEST_F(PointsFiles, InPlaceKeepsABatchsOtherImages) {
+  folder.File("batch.csv", kBatch);
+  EXPECT_EQ(Run("points move batch.csv 2 --to 111,20 --image a.bmp --in-place"), 0);
+  EXPECT_EQ(Whole("batch.csv"),
+            "image,id,row,col,x,y,kind\na.bmp,1,0,0,10,20,seen\na.bmp,2,0,1,111,20,seen\n"
+            "b.bmp,1,0,0,10,21,filled\nc.bmp,,,,,,failed\n");
+}
+
+TEST_F(PointsFiles, KindsAreKeptAndEditedPointsCountAsSeen) {
+  folder.File("k.csv", "id,row,col,x,y,kind\n1,0,0,10,20,filled\n2,0,1,110,20,filled\n");
+  EXPECT_EQ(Run("points add k.csv --at 5,6"), 0);
+  EXPECT_EQ(output,
+            "id,row,col,x,y,kind\n1,0,0,10,20,filled\n2,0,1,110,20,filled\n-1,-1,-1,5,6,seen\n");
+  EXPECT_EQ(Run("points query k.csv 2 --format json"), 0);
+  EXPECT_THAT(output, HasSubstr("\"y\": 20, \"kind\": \"filled\"}"));
+}
+
+TEST_F(PointsFiles, TheOutputsNameChoosesTheFormat) {
+  EXPECT_EQ(Run("points convert p.csv -o q.JSON"), 0);
+  EXPECT_THAT(Whole("q.JSON"), testing::StartsWith("[\n {\n  \"image\": \"\","));
+  EXPECT_EQ(Run("points list p.json -o q.csv"), 0);
+  EXPECT_EQ(Whole("q.csv"), kCsv);
+  EXPECT_EQ(Run("points list p.json -o q.txt --format json"), 0);
+  EXPECT_EQ(Whole("q.txt"), kJson);
+  EXPECT_EQ(Run("points convert p.csv -o q"), 2);
+  EXPECT_EQ(errors,
+            "quorvex: convert needs --format, or an --output that ends in .csv, .json or .txt\n");
+}
+
+TEST_F(PointsFiles, ADashIsStandardOutput) {
+  EXPECT_EQ(Run("points list p.csv -o -"), 0);
+  EXPECT_EQ(output, kCsv);
+  EXPECT_FALSE(folder.Has("-"));
 }
 
 struct BrokenList {
   const char* text;
-  const char* message;  // behind the file's name
+  const char* message;  // after the file's name
 };
 
 class BrokenPointsList : public PointsFiles, public testing::WithParamInterface<BrokenList> {};
