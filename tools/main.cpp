@@ -6,6 +6,7 @@
 #include <exception>
 #include <new>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tools/errors.h"
@@ -28,6 +29,8 @@ int Run(CLI::App& app, std::vector<std::string> words) {
   AddPointsCommand(app, action);
   AddRenderCommand(app, action);
   AddCompareCommand(app, action);
+  // Only now: verbs take over the footer that is there when they are added.
+  app.footer("'quorvex help VERB' shows the options of a verb.");
   words = WithHelpAsOption(std::move(words));
   RequireKnownVerbs(app, words);
   std::reverse(words.begin(), words.end());  // the parser takes them from the end
@@ -43,7 +46,6 @@ int main(int argc, char** argv) {
                "quorvex"};
   app.set_version_flag("-v,--version", "quorvex " QUORVEX_VERSION);
   app.require_subcommand(1);
-  app.footer("'quorvex help VERB' shows the options of a verb.");
   try {
     return Run(app, {argv + 1, argv + argc});
   } catch (const CLI::ParseError& error) {
