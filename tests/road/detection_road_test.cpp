@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/bytes.h"
 #include "tools/compare/compare_points.h"
 
 namespace quorvex::tests {
@@ -89,7 +90,7 @@ void ExpectNumbers(const std::string& expectedText, const RoadOutput& output) {
 }
 
 tools::Comparison CompareWithTruth(const DetectionRoad& road) {
-  std::vector<tools::PointRow> points;
+  std::vector<tools::ListedPoint> points;
   for (const CalibrationPoint& point : road.points) {
     points.push_back({point.id, point.row, point.col, static_cast<double>(point.x),
                       static_cast<double>(point.y)});
