@@ -71,7 +71,8 @@ DetectionResult Detect(const std::filesystem::path& imagePath,
   KeepPointsInside(original.width, original.height, list);
   if (!gridFound || list.empty()) {
     result.exitCode = kExitNothingFound;
-    result.message = fmt::format("{}: {}", Utf8Name(imagePath), DescribeFailure(".", gridFound));
+    result.message = fmt::format("{}: {}", Utf8Name(imagePath),
+                                 DescribeFailure({".", gridFound, original.bitsPerSample}));
     return result;
   }
   try {

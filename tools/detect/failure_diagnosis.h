@@ -1,4 +1,4 @@
-// Why a detection found nothing, judged from the pictures and lists that it left behind.
+// Why a detection found nothing, judged from the pictures that it left behind.
 #ifndef QUORVEX_TOOLS_DETECT_FAILURE_DIAGNOSIS_H_
 #define QUORVEX_TOOLS_DETECT_FAILURE_DIAGNOSIS_H_
 
@@ -7,10 +7,16 @@
 
 namespace quorvex::tools {
 
-// One sentence, without a full stop, that names the first stage whose outcome is not plausible and
-// what to change. `directory` holds what one failed detection left in a directory that was empty
-// before: files of an earlier one would mislead. `gridFound` is what the detection returned.
-std::string DescribeFailure(const std::filesystem::path& directory, bool gridFound);
+struct FailedDetection {
+  // Holds what this detection left, and nothing of an earlier one, which would mislead.
+  std::filesystem::path directory;
+  bool gridFound = false;  // what the detection returned
+  int bitsPerSample = 8;   // of the picture file: 16 when its values were scaled down
+};
+
+// One sentence, without a full stop, that names the first thing that is not as the detection needs
+// it, and what to change.
+std::string DescribeFailure(const FailedDetection& failure);
 
 }  // namespace quorvex::tools
 

@@ -12,6 +12,7 @@ struct Picture {
   int width = 0;                     // pixels
   int height = 0;                    // pixels
   std::vector<std::uint8_t> pixels;  // width * height grey values, top row first, no gaps
+  int bitsPerSample = 8;             // of the file that it was read from: 16 when they were scaled
 
   std::uint8_t& At(int x, int y) { return pixels[Index(x, y)]; }
   std::uint8_t At(int x, int y) const { return pixels[Index(x, y)]; }

@@ -76,6 +76,7 @@ Picture DecodePng(const std::vector<std::uint8_t>& bytes, const std::string& nam
   }
   CheckSize(image, bytes.size(), name);
   image.flags |= PNG_IMAGE_FLAG_16BIT_sRGB;  // otherwise 16 bits are taken as linear light
+  const bool has16Bits = (image.format & PNG_FORMAT_FLAG_LINEAR) != 0;
   const bool isColor = (image.format & PNG_FORMAT_FLAG_COLOR) != 0;
   image.format = isColor ? PNG_FORMAT_BGR : PNG_FORMAT_GRAY;
   std::vector<std::uint8_t> samples = AllocatePixels(PNG_IMAGE_SIZE(image), name);
@@ -89,6 +90,7 @@ Picture DecodePng(const std::vector<std::uint8_t>& bytes, const std::string& nam
   picture.height = static_cast<int>(image.height);
   picture.pixels =
       isColor ? GreyPixels(samples, picture.width, picture.height, 24, name) : std::move(samples);
+  if (has16Bits) picture.bitsPerSample = 16;
   return picture;
 }
 
