@@ -6,13 +6,18 @@
 #include <cstddef>
 #include <exception>
 #include <filesystem>
+#include <new>
+#include <stdexcept>
+#include <system_error>
 
 #include "interface/quorvex.h"
 #include "tools/detect/failure_diagnosis.h"
 #include "tools/detect/padding.h"
+#include "tools/detect/point_kind.h"
 #include "tools/lists/option_text.h"
 #include "tools/lists/point_list.h"
 #include "tools/pictures/picture_file.h"
+#include "tools/system/disk_room.h"
 #include "tools/system/file_name.h"
 
 namespace quorvex::tools {
@@ -53,17 +58,38 @@ void NumberAsWanted(const DetectParameters& parameters, PointList& points) {
   if (parameters.rearrange) Rearrange(*parameters.rearrange, CountColumns(points), points);
 }
 
+// Memory that is short is told in words that say for what.
+Picture ReadOriginal(const std::filesystem::path& path) {
+  try {
+    return ReadPictureFile(path);
+  } catch (const std::bad_alloc&) {
+    std::error_code ignored;
+    throw InputError(fmt::format("out of memory: {}, a file of {}, cannot be read", Utf8Name(path),
+                                 BytesText(std::filesystem::file_size(path, ignored))));
+  }
+}
+
+bool DetectPoints(const Picture& picture, const DetectParameters& parameters, PointList& points) {
+  std::vector<unsigned char> pixels = BottomUpPixels(picture);
+  return SingleCamDetectCalibrationPoint(pixels.data(), picture.width, picture.height, 8,
+                                         parameters.rowSpan, parameters.columnSpan, 0.0f, 0.0f,
+                                         parameters.rowSteps, points);
+}
+
 DetectionResult Detect(const std::filesystem::path& imagePath,
                        const std::filesystem::path& directory, const DetectParameters& parameters) {
-  const Picture original = ReadPictureFile(imagePath);
-  const Picture picture = DetectablePicture(original, imagePath, parameters.pad);
+  const Picture original = ReadOriginal(imagePath);
   // Only now: the image's path is relative to where the command was started.
   std::filesystem::current_path(directory);
-  std::vector<unsigned char> pixels = BottomUpPixels(picture);
   PointList list;
-  const bool gridFound = SingleCamDetectCalibrationPoint(
-      pixels.data(), picture.width, picture.height, 8, parameters.rowSpan, parameters.columnSpan,
-      0.0f, 0.0f, parameters.rowSteps, list);
+  bool gridFound = false;
+  try {
+    gridFound =
+        DetectPoints(DetectablePicture(original, imagePath, parameters.pad), parameters, list);
+  } catch (const std::bad_alloc&) {
+    throw std::runtime_error(fmt::format("out of memory for a picture of {} x {} pixels",
+                                         original.width, original.height));
+  }
 
   DetectionResult result;
   result.found.width = original.width;
@@ -78,6 +104,7 @@ DetectionResult Detect(const std::filesystem::path& imagePath,
   try {
     NumberAsWanted(parameters, list);
     result.found.points = ToListedPoints(list);
+    for (ListedPoint& p : result.found.points) p.kind = JudgePoint(original, p.x, p.y);
   } catch (const NothingChanged& reason) {
     result.exitCode = kExitNothingFound;
     result.message = fmt::format(

@@ -1,9 +1,13 @@
 #include "tools/detect/detection_result.h"
 
+#include <fmt/format.h>
+
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
+
+#include "tools/system/disk_room.h"
 
 namespace quorvex::tools {
 namespace {
@@ -16,7 +20,7 @@ using Json = nlohmann::json;
 void WriteDetectionResult(const DetectionResult& result, const std::filesystem::path& path) {
   Json points = Json::array();
   for (const ListedPoint& p : result.found.points) {
-    points.push_back({p.id, p.row, p.col, p.x, p.y});
+    points.push_back({p.id, p.row, p.col, p.x, p.y, p.kind});
   }
   const Json json{{"exitCode", result.exitCode},
                   {"message", result.message},
@@ -38,11 +42,14 @@ DetectionResult ReadDetectionResult(const std::filesystem::path& path) {
     result.found.width = json.at("width");
     result.found.height = json.at("height");
     for (const Json& p : json.at("points")) {
-      result.found.points.push_back({p.at(0), p.at(1), p.at(2), p.at(3), p.at(4)});
+      result.found.points.push_back({p.at(0), p.at(1), p.at(2), p.at(3), p.at(4), p.at(5)});
     }
     return result;
   } catch (const Json::exception&) {
-    throw std::runtime_error("the detection left no result");
+    throw std::runtime_error(fmt::format(
+        "the detection could not leave its result in the folder for temporary files, {}; is the "
+        "disk full?",
+        DescribeRoom(path.parent_path())));
   }
 }
 

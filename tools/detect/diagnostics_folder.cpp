@@ -3,9 +3,9 @@
 #include <fmt/format.h>
 
 #include <filesystem>
-#include <set>
 #include <system_error>
 
+#include "tools/detect/image_names.h"
 #include "tools/detect/list_folder.h"
 #include "tools/errors.h"
 #include "tools/system/file_name.h"
@@ -43,16 +43,7 @@ std::vector<fs::path> DiagnosticsFolders(const std::filesystem::path& folder,
                                          const std::vector<std::filesystem::path>& images) {
   if (images.size() == 1) return {folder};
   std::vector<fs::path> folders;
-  std::set<fs::path> taken;
-  for (const fs::path& image : images) {
-    const fs::path stem = image.stem();
-    fs::path name = stem;
-    for (int n = 2; !taken.insert(FileNameKey(name)).second; ++n) {
-      name = stem;
-      name += fmt::format("-{}", n);
-    }
-    folders.push_back(folder / name);
-  }
+  for (const fs::path& name : NamesOfImages(images)) folders.push_back(folder / name);
   return folders;
 }
 

@@ -8,7 +8,7 @@
 namespace quorvex::tools {
 
 // Where each image's diagnostics go: `folder` itself for one image, else a folder per image in it,
-// named for the image without its ending; images of the same name get -2, -3, ... behind it.
+// with the image's name (image_names.h).
 std::vector<std::filesystem::path> DiagnosticsFolders(
     const std::filesystem::path& folder, const std::vector<std::filesystem::path>& images);
 

@@ -21,12 +21,15 @@ struct Color {
 constexpr Color kRowLine{60, 200, 80};
 constexpr Color kColumnLine{80, 150, 255};
 constexpr Color kMark{240, 40, 40};
+constexpr Color kFilledMark{255, 150, 0};
 constexpr Color kLabel{255, 225, 0};
 constexpr Color kLabelEdge{0, 0, 0};
 
-constexpr int kPixelsPerScale =
-    800;                        // of the picture's shorter side; one more pixel of stroke each
-constexpr int kRingRadius = 7;  // times the scale
+// Of the picture's shorter side; one more pixel of stroke each.
+constexpr int kPixelsPerScale = 800;
+constexpr int kRingRadius = 7;  // pixels, times the scale
+constexpr int kRingDashes = 4;  // of the ring around a position that was filled in
+constexpr int kDash = 6;        // pixels, times the scale; of the lines to it
 constexpr double kPi = 3.14159265358979323846;
 
 class Canvas {
@@ -51,17 +54,21 @@ class Canvas {
     }
   }
 
-  void Line(double x0, double y0, double x1, double y1, int thickness, Color color) {
+  // `dash`: pixels drawn and left out in turn; 0 draws all.
+  void Line(double x0, double y0, double x1, double y1, int thickness, int dash, Color color) {
     const int steps = static_cast<int>(std::ceil(std::max(std::abs(x1 - x0), std::abs(y1 - y0))));
     for (int i = 0; i <= steps; ++i) {
+      if (dash > 0 && i / dash % 2 == 1) continue;
       const double t = steps == 0 ? 0.0 : static_cast<double>(i) / steps;
       Dot(x0 + t * (x1 - x0), y0 + t * (y1 - y0), thickness, color);
     }
   }
 
-  void Ring(double x, double y, int radius, int thickness, Color color) {
+  // `dashes`: into how many the ring is broken; 0 leaves it whole.
+  void Ring(double x, double y, int radius, int thickness, int dashes, Color color) {
     const int steps = radius * 8;  // a little more than one per pixel of the circumference
     for (int i = 0; i < steps; ++i) {
+      if (i * 2 * dashes / steps % 2 == 1) continue;
       const double angle = 2 * kPi * i / steps;
       Dot(x + radius * std::cos(angle), y + radius * std::sin(angle), thickness, color);
     }
@@ -103,7 +110,9 @@ void DrawGridLines(Canvas& canvas, const std::vector<ListedPoint>& points, int s
     if (distance <= 2 * ring) return;
     const double dx = (to.x - from.x) * ring / distance;
     const double dy = (to.y - from.y) * ring / distance;
-    canvas.Line(from.x + dx, from.y + dy, to.x - dx, to.y - dy, (scale + 1) / 2, color);
+    const bool isSure = from.kind != PointKind::kFilled && to.kind != PointKind::kFilled;
+    canvas.Line(from.x + dx, from.y + dy, to.x - dx, to.y - dy, (scale + 1) / 2,
+                isSure ? 0 : kDash * scale, color);
   };
   for (const ListedPoint& p : points) {
     join(p, {p.row, p.col + 1}, kRowLine);
@@ -114,10 +123,13 @@ void DrawGridLines(Canvas& canvas, const std::vector<ListedPoint>& points, int s
 void DrawMark(Canvas& canvas, const ListedPoint& p, int scale) {
   const int radius = kRingRadius * scale;
   const double arm = radius / 2.0;
-  canvas.Ring(p.x, p.y, radius, (scale + 1) / 2, kMark);
+  const bool isFilled = p.kind == PointKind::kFilled;
+  const Color color = isFilled ? kFilledMark : kMark;
+  canvas.Ring(p.x, p.y, radius, isFilled ? scale : (scale + 1) / 2, isFilled ? kRingDashes : 0,
+              color);
   // Always one pixel wide, so that the position itself can be judged.
-  canvas.Line(p.x - arm, p.y, p.x + arm, p.y, 1, kMark);
-  canvas.Line(p.x, p.y - arm, p.x, p.y + arm, 1, kMark);
+  canvas.Line(p.x - arm, p.y, p.x + arm, p.y, 1, 0, color);
+  canvas.Line(p.x, p.y - arm, p.x, p.y + arm, 1, 0, color);
 }
 
 // Right below the mark, where neither grid line runs; the edge keeps it legible on white.

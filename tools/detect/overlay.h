@@ -10,7 +10,8 @@
 namespace quorvex::tools {
 
 // Neighbours along a row are joined in green, neighbours along a column in blue; a red ring with a
-// cross in it stands around each position, and its id in yellow beside it. Marks and labels grow
+// cross in it stands around each position, and its id in yellow beside it. Around a position that
+// was filled in the ring is dashed and orange, and lines to it are dashed. Marks and labels grow
 // with the picture. Points outside the picture are left out.
 ColorPicture DrawOverlay(const Picture& picture, const std::vector<ListedPoint>& points);
 

@@ -21,9 +21,23 @@ namespace {
 
 constexpr int kSignalExitCode = 128;  // a shell shows a process ended by signal n as 128 + n
 
+std::string DescribeSignal(int number) {
+  const char* name = strsignal(number);
+  if (number == SIGKILL) {
+    return fmt::format(
+        "the detection was ended from outside ({}), as the system does when memory is short", name);
+  }
+  if (number == SIGTERM || number == SIGINT || number == SIGHUP) {
+    return fmt::format("the detection was ended from outside ({})", name);
+  }
+  if (number == SIGXFSZ) return fmt::format("the detection may not write large files ({})", name);
+  if (number == SIGXCPU) return fmt::format("the detection ran out of its time ({})", name);
+  return fmt::format("the detection crashed ({})", name);
+}
+
 std::string DescribeEnd(int status) {
   if (WIFSIGNALED(status)) {
-    return fmt::format("the detection crashed ({})", strsignal(WTERMSIG(status)));
+    return DescribeSignal(WTERMSIG(status));
   }
   if (WEXITSTATUS(status) == 0) {
     return "";

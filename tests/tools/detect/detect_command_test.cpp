@@ -99,9 +99,17 @@ TEST_F(DetectCommand, ChecksOutputsBeforeTheDetection) {
   }
 }
 
-TEST_F(DetectCommand, DrawsAnOverlayOfOneImageOnly) {
+TEST_F(DetectCommand, RefusesOneOverlayForTwoImages) {
   EXPECT_EQ(Run("detect dark.bmp odd.bmp --overlay o.png"), 2);
-  EXPECT_THAT(errors, HasSubstr("one image only"));
+  EXPECT_EQ(errors,
+            "quorvex: --overlay o.png is one file for 2 images; give a folder, or put {name} in "
+            "the file's name\n");
+}
+
+TEST_F(DetectCommand, RefusesAnOverlayOverAnImage) {
+  std::filesystem::copy_file(folder.Path("dark.bmp"), folder.Path("dark.png"));
+  EXPECT_EQ(Run("detect dark.png odd.bmp --overlay ./"), 2);
+  EXPECT_THAT(errors, HasSubstr("dark.png is one of the images"));
 }
 
 TEST_F(DetectCommand, GoesOnWithOtherImagesAndExitsWithTheWorstCode) {
@@ -184,12 +192,22 @@ TEST_F(DetectTarget, DrawsAnOverlay) {
   EXPECT_NE(overlay.pixels, ReadPictureFile(folder.Path("target.bmp")).pixels);
 }
 
+TEST_F(DetectTarget, DrawsTheOverlaysOfTheImagesThatSucceeded) {
+  EXPECT_EQ(Run("detect target.bmp dark.bmp target.bmp -o points.csv --overlay new/o-{name}.PNG"),
+            1);
+  EXPECT_TRUE(folder.Has("new/o-target.PNG"));
+  EXPECT_TRUE(folder.Has("new/o-target-2.PNG"));
+  EXPECT_FALSE(folder.Has("new/o-dark.PNG"));
+  EXPECT_EQ(Run("detect target.bmp -o points.csv --overlay seen/"), 0);
+  EXPECT_EQ(ReadWhole(folder.Path("seen/target.png")), ReadWhole(folder.Path("new/o-target.PNG")));
+}
+
 TEST_F(DetectTarget, WritesTheImagesThatSucceededWhenOthersFail) {
   EXPECT_EQ(Run("detect dark.bmp target.bmp none.bmp -j 2 --format json --output points.json"), 2);
   EXPECT_EQ(Run("compare points.json target.csv"), 0);
   const std::string json = ReadWhole(folder.Path("points.json"));
   EXPECT_THAT(json, HasSubstr("\"target.bmp\""));
-  EXPECT_THAT(json, Not(HasSubstr("dark.bmp")));
+  EXPECT_THAT(json, HasSubstr("\"dark.bmp\""));
 }
 
 TEST_F(DetectTarget, NamesTheImageWhenThereAreSeveral) {

@@ -4,11 +4,8 @@
 
 #include <array>
 #include <cmath>
-#include <set>
-#include <string>
 
 #include "tests/support/test_files.h"
-#include "tools/detect/digit_font.h"
 
 namespace quorvex::tests {
 
@@ -27,6 +24,7 @@ constexpr Rgb kGrey{90, 90, 90};
 constexpr Rgb kGreen{60, 200, 80};
 constexpr Rgb kBlue{80, 150, 255};
 constexpr Rgb kRed{240, 40, 40};
+constexpr Rgb kOrange{255, 150, 0};
 constexpr Rgb kYellow{255, 225, 0};
 
 int CountOf(const ColorPicture& picture, Rgb color) {
@@ -62,6 +60,20 @@ TEST(Overlay, MarksThePositionItself) {
   EXPECT_EQ(At(overlay, 55, 50), kGrey);  // between cross and ring
 }
 
+TEST(Overlay, DrawsAFilledPointApart) {
+  const Picture picture = FlatPicture(300, 200, 90);
+  const ColorPicture seen =
+      DrawOverlay(picture, {{1, 0, 0, 40, 40, PointKind::kSeen}, {2, 0, 1, 140, 40}});
+  const ColorPicture filled =
+      DrawOverlay(picture, {{1, 0, 0, 40, 40}, {2, 0, 1, 140, 40, PointKind::kFilled}});
+  EXPECT_EQ(CountOf(seen, kOrange), 0);
+  EXPECT_EQ(At(filled, 40, 40), kRed);
+  EXPECT_EQ(At(filled, 140, 40), kOrange);
+  // Ring and line have gaps.
+  EXPECT_LT(CountOf(filled, kOrange), 0.8 * CountOf(filled, kRed));
+  EXPECT_LT(CountOf(filled, kGreen), 0.7 * CountOf(seen, kGreen));
+}
+
 TEST(Overlay, LabelsGrowWithThePicture) {
   const int small = CountOf(DrawOverlay(FlatPicture(400, 400, 90), {{7, 0, 0, 99, 99}}), kYellow);
   const int large = CountOf(DrawOverlay(FlatPicture(800, 800, 90), {{7, 0, 0, 99, 99}}), kYellow);
@@ -78,38 +90,6 @@ TEST(Overlay, LeavesOutPointsOutsideThePicture) {
   const ColorPicture overlay = DrawOverlay(
       FlatPicture(60, 60, 90), {{1, 0, 0, -1, 5}, {2, 0, 1, 5, 1e9}, {3, 0, 2, NAN, 5}});
   EXPECT_EQ(CountOf(overlay, kGrey), 60 * 60);
-}
-
-TEST(DigitFont, DrawsADigit) {
-  std::string seven;
-  for (int row = 0; row < kGlyphHeight; ++row) {
-    for (int column = 0; column < kGlyphWidth; ++column) {
-      seven += IsGlyphPixelSet('7', column, row) ? '#' : '.';
-    }
-    seven += '\n';
-  }
-  EXPECT_EQ(seven,
-            "#####\n"
-            "....#\n"
-            "...#.\n"
-            "..#..\n"
-            ".#...\n"
-            ".#...\n"
-            ".#...\n");
-}
-
-TEST(DigitFont, EveryDigitDiffersFromTheOthers) {
-  const std::string known = "0123456789-";
-  std::set<std::string> glyphs;
-  for (const char c : known) {
-    std::string glyph;
-    for (int i = 0; i < kGlyphWidth * kGlyphHeight; ++i) {
-      glyph += IsGlyphPixelSet(c, i % kGlyphWidth, i / kGlyphWidth) ? '#' : '.';
-    }
-    glyphs.insert(glyph);
-  }
-  EXPECT_EQ(glyphs.size(), known.size());
-  EXPECT_FALSE(IsGlyphPixelSet('x', 2, 3));
 }
 
 }  // namespace

@@ -1,0 +1,124 @@
+#include "tools/detect/detect_run.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <system_error>
+
+#include "tools/detect/detect_images.h"
+#include "tools/detect/detect_reporter.h"
+#include "tools/detect/diagnostics_folder.h"
+#include "tools/detect/overlay.h"
+#include "tools/detect/overlay_files.h"
+#include "tools/errors.h"
+#include "tools/pictures/picture_file.h"
+#include "tools/system/file_name.h"
+#include "tools/system/output_file.h"
+#include "tools/system/worker_process.h"
+
+namespace quorvex::tools {
+namespace {
+
+namespace fs = std::filesystem;
+
+void RequireNotAnImage(const fs::path& path, const std::vector<fs::path>& images) {
+  for (const fs::path& image : images) {
+    std::error_code ignored;
+    if (fs::equivalent(path, image, ignored)) {
+      throw InputError(
+          fmt::format("{} is one of the images and would be overwritten", Utf8Name(path)));
+    }
+  }
+}
+
+// The files and folders of each image; empty where nothing is to be kept.
+struct ImageOutputs {
+  std::vector<fs::path> overlays;
+  std::vector<fs::path> diagnosticsFolders;
+};
+
+// Makes folders, and refuses all that can be refused before the first detection.
+ImageOutputs PrepareOutputs(const DetectOptions& options) {
+  ImageOutputs outputs;
+  if (!options.overlay.empty()) {
+    outputs.overlays = OverlayFiles(options.overlay, options.images);
+    for (const fs::path& overlay : outputs.overlays) {
+      if (overlay == options.output) {
+        throw InputError("--overlay and --output name the same file");
+      }
+      RequireNotAnImage(overlay, options.images);
+    }
+    PrepareOverlayFiles(options.overlay, outputs.overlays);
+  }
+  if (!options.output.empty()) {
+    RequireNotAnImage(options.output, options.images);
+    RequireWritable(options.output);
+  }
+  if (!options.diagnostics.empty()) {
+    outputs.diagnosticsFolders = DiagnosticsFolders(options.diagnostics, options.images);
+    for (const fs::path& folder : outputs.diagnosticsFolders) PrepareDiagnosticsFolder(folder);
+  }
+  return outputs;
+}
+
+std::vector<DetectionResult> DetectAll(const DetectOptions& options, const ImageOutputs& outputs) {
+  std::vector<DetectionJob> jobs;
+  for (std::size_t i = 0; i < options.images.size(); ++i) {
+    const bool keeps = !outputs.diagnosticsFolders.empty();
+    jobs.push_back({options.images[i], keeps ? outputs.diagnosticsFolders[i] : fs::path()});
+  }
+  ReporterSettings settings;
+  settings.showsProgress = !options.isQuiet && jobs.size() > 1 && StandardErrorIsTerminal();
+  // The text format ends with the same summary.
+  settings.showsSummaries =
+      !options.isQuiet && (options.format != PointsFormat::kText || !options.output.empty());
+  DetectReporter reporter(stderr, static_cast<int>(jobs.size()), settings);
+  return DetectImages(jobs, options.parameters, options.parallel,
+                      {[&](int finished) { reporter.ShowProgress(finished); },
+                       [&](const DetectionResult& result) { reporter.Report(result); }});
+}
+
+void WriteOverlays(const std::vector<fs::path>& overlays, const std::vector<fs::path>& images,
+                   const std::vector<DetectionResult>& results) {
+  for (std::size_t i = 0; i < overlays.size(); ++i) {
+    if (results[i].exitCode != kExitSuccess) continue;
+    WriteColorPng(DrawOverlay(ReadPictureFile(images[i]), results[i].found.points), overlays[i]);
+  }
+}
+
+// In a list the image's name stands beside the reason, not in it.
+std::string ReasonWithoutName(const DetectionResult& result) {
+  const std::string start = result.found.image + ": ";
+  const bool hasName = result.message.compare(0, start.size(), start) == 0;
+  return hasName ? result.message.substr(start.size()) : result.message;
+}
+
+}  // namespace
+
+int RunDetect(const DetectOptions& options) {
+  const ImageOutputs outputs = PrepareOutputs(options);
+  const std::vector<DetectionResult> results = DetectAll(options, outputs);
+
+  int exitCode = kExitSuccess;
+  bool hasSuccess = false;
+  std::vector<PointsOfImage> lists;
+  for (const DetectionResult& result : results) {
+    exitCode = std::max(exitCode, result.exitCode);
+    hasSuccess = hasSuccess || result.exitCode == kExitSuccess;
+    lists.push_back(result.found);
+    if (result.exitCode != kExitSuccess) lists.back().error = ReasonWithoutName(result);
+  }
+  if (!hasSuccess) return exitCode;
+  WriteOverlays(outputs.overlays, options.images, results);
+  const std::string text = FormatPoints(lists, options.format, lists.size() > 1);
+  if (options.output.empty()) {
+    WriteToStandardOutput(text);
+  } else {
+    WriteTextFileWhole(options.output, text);
+  }
+  return exitCode;
+}
+
+}  // namespace quorvex::tools
