@@ -1,17 +1,20 @@
 // A host in a few lines: loads a picture, detects its points, prints them.
 #include <cstdio>
 
-#include "interface/quorvex.h"
+#include "examples/checked_picture.h"
 
 int main(int argc, char** argv) {
-  unsigned char* pixels = nullptr;
-  long width = 0, height = 0;
-  int bits = 0;
-  if (argc != 2 || !Read_Image(pixels, width, height, bits, argv[1])) return 2;
-
+  CheckedPicture p;
+  const char* reason = argc == 2 ? ReadChecked(argv[1], p) : "usage: detect_points BOARD.bmp";
   PointList points;
-  if (!SingleCamDetectCalibrationPoint(pixels, width, height, bits, 20, 20, 0, 0, 300, points))
+  if (reason == nullptr && !SingleCamDetectCalibrationPoint(p.pixels, p.width, p.height, p.bits, 20,
+                                                            20, 0, 0, 300, points))
+    reason = "no points were found";
+  if (reason != nullptr) {
+    std::fprintf(stderr, "detect_points: %s\n", reason);
     return 1;
-  for (const CalibrationPoint& p : points)
-    std::printf("%d: row %d, column %d at (%.2f, %.2f)\n", p.id, p.row, p.col, p.x, p.y);
+  }
+  for (const CalibrationPoint& point : points)
+    std::printf("%d: row %d, column %d at (%.2f, %.2f)\n", point.id, point.row, point.col, point.x,
+                point.y);
 }

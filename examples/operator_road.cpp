@@ -1,4 +1,4 @@
-// What a host does behind its operator's mouse: detects the points of a board, deletes one by a
+// What a host does at its operator's mouse clicks: detects the points of a board, deletes one by a
 // click, adds it back by hand, moves it to its place, numbers the corrected list anew, and numbers
 // it for the left and for the right camera. Prints the list after every step: a heading, then a
 // record a line.
@@ -10,7 +10,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "interface/quorvex.h"
+#include "examples/checked_picture.h"
 
 namespace {
 
@@ -32,14 +32,15 @@ int main(int argc, char** argv) {
   const int rows = static_cast<int>(std::strtol(argv[2], nullptr, 10));
   const int columns = static_cast<int>(std::strtol(argv[3], nullptr, 10));
 
-  unsigned char* pixels = nullptr;
-  long width = 0, height = 0;
-  int bits = 0;
-  if (!Read_Image(pixels, width, height, bits, argv[1])) return Fail("the picture cannot be read");
-  if (bits != 8) return Fail("the picture does not have 8 bits a pixel");
+  if (rows < 1 || columns < 1) return Fail("ROWS and COLUMNS are numbers above 0");
+
+  CheckedPicture picture;
+  const char* reason = ReadChecked(argv[1], picture);
+  if (reason != nullptr) return Fail(reason);
 
   PointList points;
-  if (!SingleCamDetectCalibrationPoint(pixels, width, height, bits, 20, 20, 0, 0, 300, points) ||
+  if (!SingleCamDetectCalibrationPoint(picture.pixels, picture.width, picture.height, picture.bits,
+                                       20, 20, 0, 0, 300, points) ||
       points.empty())
     return Fail("no points were found");
   Print("detected", points);
