@@ -1,5 +1,4 @@
 #include <filesystem>
-#include <map>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -12,6 +11,7 @@
 #include "tools/lists/option_text.h"
 #include "tools/lists/points_file.h"
 #include "tools/subcommands.h"
+#include "tools/system/choice_option.h"
 #include "tools/system/path_option.h"
 #include "tools/system/worker_process.h"
 
@@ -76,19 +76,18 @@ void AddParameters(CLI::App& command, DetectParameters& parameters) {
 }
 
 void AddOutputOptions(CLI::App& command, DetectOptions& options) {
-  const std::map<std::string, PointsFormat> formats{
-      {"csv", PointsFormat::kCsv}, {"json", PointsFormat::kJson}, {"text", PointsFormat::kText}};
-  command.add_option("--format", options.format, "csv, json or text")
-      ->transform(CLI::CheckedTransformer(formats, CLI::ignore_case))
-      ->option_text("NAME=csv");
+  AddChoiceOption(
+      command, "--format", kPointsFormats,
+      [&options](PointsFormat format) { options.format = format; },
+      "csv, json or text; by the ending of the output's name when not given, else csv")
+      ->option_text("NAME");
   AddPathOption(command, "-o,--output", options.output,
-                "file for the points, instead of standard output")
+                "file for the points, instead of standard output, which - stands for")
       ->option_text("FILE");
   AddPathOption(command, "--overlay", options.overlay,
-                "draw the points over the image: into this file; with a folder (one that is there, "
-                "or ends in /) into NAME.png in it, NAME being the image's name without its "
-                "ending; or into a file with {name} in its name, which the image's takes the "
-                "place of")
+                "draw the points over the image, into FILE.png. Of several images, DIR/ (a folder "
+                "that is there, or whose name ends in /) takes one picture each, named as the "
+                "image; so does a file name with {name} in it, such as 'seen-{name}.png'")
       ->option_text("FILE.png|DIR/");
   std::string diagnosticsHelp =
       "keep the pictures of the detection's stages in DIR; with several images in a folder per "
@@ -125,13 +124,10 @@ void AddDetectCommand(CLI::App& app, Action& action) {
   AddParameters(*command, options->parameters);
   AddOutputOptions(*command, *options);
   command->footer(
-      "Positions are pixels, x to the right and y down, integer at pixel centres. A point is "
-      "'seen'\n"
-      "when its mark is in the picture, and 'filled' when its place follows from the points "
-      "around\n"
-      "it. Of several images, one that fails has a row or an entry with the reason; when all "
-      "fail,\n"
-      "nothing is written.\n"
+      "Positions are pixels, x to the right and y down, integer at pixel centres. A point is\n"
+      "'seen' when its mark is in the picture, and 'filled' when its place follows from the\n"
+      "points around it. Of several images, one that fails has a row or an entry with the\n"
+      "reason; when all fail, nothing is written.\n"
       "Exit code 0: points were found in every image; 1: an image was read but nothing was found\n"
       "in it, or its points cannot be numbered as wanted; 2: bad usage or input.\n\n"
       "Examples:\n"

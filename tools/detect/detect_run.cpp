@@ -33,6 +33,10 @@ void RequireNotAnImage(const fs::path& path, const std::vector<fs::path>& images
   }
 }
 
+PointsFormat FormatOf(const DetectOptions& options) {
+  return options.format.value_or(FormatByName(options.output, PointsFormat::kCsv));
+}
+
 // The files and folders of each image; empty where nothing is to be kept.
 struct ImageOutputs {
   std::vector<fs::path> overlays;
@@ -52,7 +56,7 @@ ImageOutputs PrepareOutputs(const DetectOptions& options) {
     }
     PrepareOverlayFiles(options.overlay, outputs.overlays);
   }
-  if (!options.output.empty()) {
+  if (!IsStandardOutput(options.output)) {
     RequireNotAnImage(options.output, options.images);
     RequireWritable(options.output);
   }
@@ -72,8 +76,8 @@ std::vector<DetectionResult> DetectAll(const DetectOptions& options, const Image
   ReporterSettings settings;
   settings.showsProgress = !options.isQuiet && jobs.size() > 1 && StandardErrorIsTerminal();
   // The text format ends with the same summary.
-  settings.showsSummaries =
-      !options.isQuiet && (options.format != PointsFormat::kText || !options.output.empty());
+  settings.showsSummaries = !options.isQuiet && (FormatOf(options) != PointsFormat::kText ||
+                                                 !IsStandardOutput(options.output));
   DetectReporter reporter(stderr, static_cast<int>(jobs.size()), settings);
   return DetectImages(jobs, options.parameters, options.parallel,
                       {[&](int finished) { reporter.ShowProgress(finished); },
@@ -112,12 +116,7 @@ int RunDetect(const DetectOptions& options) {
   }
   if (!hasSuccess) return exitCode;
   WriteOverlays(outputs.overlays, options.images, results);
-  const std::string text = FormatPoints(lists, options.format, lists.size() > 1);
-  if (options.output.empty()) {
-    WriteToStandardOutput(text);
-  } else {
-    WriteTextFileWhole(options.output, text);
-  }
+  WriteText(options.output, FormatPoints(lists, FormatOf(options), lists.size() > 1));
   return exitCode;
 }
 

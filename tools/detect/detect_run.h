@@ -3,6 +3,7 @@
 #define QUORVEX_TOOLS_DETECT_DETECT_RUN_H_
 
 #include <filesystem>
+#include <optional>
 #include <vector>
 
 #include "tools/detect/detect_worker.h"
@@ -13,10 +14,10 @@ namespace quorvex::tools {
 struct DetectOptions {
   std::vector<std::filesystem::path> images;
   DetectParameters parameters;
-  PointsFormat format = PointsFormat::kCsv;
-  std::filesystem::path output;       // empty for standard output
-  std::filesystem::path overlay;      // file, folder or pattern (overlay_files.h); empty for none
-  std::filesystem::path diagnostics;  // empty for none
+  std::optional<PointsFormat> format;  // absent: by the output's name, else CSV
+  std::filesystem::path output;        // empty or "-" for standard output
+  std::filesystem::path overlay;       // file, folder or pattern (overlay_files.h); empty for none
+  std::filesystem::path diagnostics;   // empty for none
   bool isQuiet = false;
   int parallel = 1;  // workers at a time
 };

@@ -8,7 +8,6 @@
 #include <filesystem>
 #include <new>
 #include <stdexcept>
-#include <system_error>
 
 #include "interface/quorvex.h"
 #include "tools/detect/failure_diagnosis.h"
@@ -17,7 +16,6 @@
 #include "tools/lists/option_text.h"
 #include "tools/lists/point_list.h"
 #include "tools/pictures/picture_file.h"
-#include "tools/system/disk_room.h"
 #include "tools/system/file_name.h"
 
 namespace quorvex::tools {
@@ -58,17 +56,6 @@ void NumberAsWanted(const DetectParameters& parameters, PointList& points) {
   if (parameters.rearrange) Rearrange(*parameters.rearrange, CountColumns(points), points);
 }
 
-// Memory that is short is told in words that say for what.
-Picture ReadOriginal(const std::filesystem::path& path) {
-  try {
-    return ReadPictureFile(path);
-  } catch (const std::bad_alloc&) {
-    std::error_code ignored;
-    throw InputError(fmt::format("out of memory: {}, a file of {}, cannot be read", Utf8Name(path),
-                                 BytesText(std::filesystem::file_size(path, ignored))));
-  }
-}
-
 bool DetectPoints(const Picture& picture, const DetectParameters& parameters, PointList& points) {
   std::vector<unsigned char> pixels = BottomUpPixels(picture);
   return SingleCamDetectCalibrationPoint(pixels.data(), picture.width, picture.height, 8,
@@ -78,7 +65,7 @@ bool DetectPoints(const Picture& picture, const DetectParameters& parameters, Po
 
 DetectionResult Detect(const std::filesystem::path& imagePath,
                        const std::filesystem::path& directory, const DetectParameters& parameters) {
-  const Picture original = ReadOriginal(imagePath);
+  const Picture original = ReadPictureFile(imagePath);
   // Only now: the image's path is relative to where the command was started.
   std::filesystem::current_path(directory);
   PointList list;

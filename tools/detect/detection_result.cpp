@@ -7,7 +7,8 @@
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
-#include "tools/system/disk_room.h"
+#include "tools/system/file_name.h"
+#include "tools/system/private_directory.h"
 
 namespace quorvex::tools {
 namespace {
@@ -46,10 +47,13 @@ DetectionResult ReadDetectionResult(const std::filesystem::path& path) {
     }
     return result;
   } catch (const Json::exception&) {
-    throw std::runtime_error(fmt::format(
-        "the detection could not leave its result in the folder for temporary files, {}; is the "
-        "disk full?",
-        DescribeRoom(path.parent_path())));
+    const std::filesystem::path folder = path.parent_path();
+    const std::string shortage = DescribeShortage(folder);
+    throw std::runtime_error(
+        shortage.empty() ? fmt::format("the detection could not leave its result in {}, in the "
+                                       "folder for temporary files",
+                                       Utf8Name(folder))
+                         : shortage);
   }
 }
 

@@ -7,14 +7,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <system_error>
 #include <vector>
 
 #include "tools/detect/picture_measures.h"
 #include "tools/detect/picture_shapes.h"
 #include "tools/errors.h"
 #include "tools/pictures/picture_file.h"
-#include "tools/system/disk_room.h"
+#include "tools/system/private_directory.h"
 
 namespace quorvex::tools {
 namespace {
@@ -223,11 +222,9 @@ std::string DescribeFailure(const FailedDetection& failure) {
   }
   const std::optional<Evidence> evidence = ReadEvidence(failure.directory);
   if (!evidence) {
-    std::error_code ignored;
-    return fmt::format(
-        "nothing was found, and the diagnostic pictures that would tell why were not written to "
-        "{}; is the disk full?",
-        DescribeRoom(std::filesystem::absolute(failure.directory, ignored)));
+    const std::string shortage = DescribeShortage(failure.directory);
+    return "nothing was found, and the diagnostic pictures that would tell why were not written" +
+           (shortage.empty() ? "; is the disk full?" : ": " + shortage);
   }
   std::string reason = DescribeDarkness(evidence->input, failure.bitsPerSample);
   if (reason.empty()) reason = DescribeNoise(evidence->input);

@@ -196,6 +196,14 @@ TEST_F(DetectTarget, WritesTheImagesThatSucceededWhenOthersFail) {
   EXPECT_THAT(json, HasSubstr("\"dark.bmp\""));
 }
 
+TEST_F(DetectTarget, ChoosesTheFormatByTheOutputsName) {
+  EXPECT_EQ(Run("detect target.bmp -o points.json"), 0);
+  EXPECT_EQ(ReadWhole(folder.Path("points.json")).front(), '[');
+  EXPECT_EQ(Run("detect target.bmp -o -"), 0);
+  EXPECT_THAT(output, HasSubstr("id,row,col,x,y"));
+  EXPECT_FALSE(folder.Has("-"));
+}
+
 TEST_F(DetectTarget, NamesTheImageWhenThereAreSeveral) {
   EXPECT_EQ(Run("detect target.bmp target.bmp -j 2"), 0);
   EXPECT_THAT(output, HasSubstr("image,id,row,col,x,y\ntarget.bmp,1,0,0,"));
