@@ -151,7 +151,7 @@ class DetectTarget : public DetectCommand {
 
 TEST_F(DetectTarget, WritesThePointsToStandardOutputAndASummaryToStandardError) {
   EXPECT_EQ(Run("detect target.bmp"), 0);
-  EXPECT_EQ(output.substr(0, output.find('\n')), "id,row,col,x,y");
+  EXPECT_EQ(output.substr(0, output.find('\n')), "id,row,col,x,y,kind");
   EXPECT_EQ(std::count(output.begin(), output.end(), '\n'), 1 + 20);
   EXPECT_EQ(errors, "target.bmp: 20 points, 4 rows x 5 columns\n");
   folder.File("points.csv", output);
@@ -191,6 +191,7 @@ TEST_F(DetectTarget, DrawsTheOverlaysOfTheImagesThatSucceeded) {
 
 TEST_F(DetectTarget, WritesTheImagesThatSucceededWhenOthersFail) {
   EXPECT_EQ(Run("detect dark.bmp target.bmp none.bmp -j 2 --format json --output points.json"), 2);
+  EXPECT_EQ(Run("compare points.json target.csv --image target.bmp"), 0) << errors;
   const std::string json = ReadWhole(folder.Path("points.json"));
   EXPECT_THAT(json, HasSubstr("\"target.bmp\""));
   EXPECT_THAT(json, HasSubstr("\"dark.bmp\""));
@@ -206,7 +207,7 @@ TEST_F(DetectTarget, ChoosesTheFormatByTheOutputsName) {
 
 TEST_F(DetectTarget, NamesTheImageWhenThereAreSeveral) {
   EXPECT_EQ(Run("detect target.bmp target.bmp -j 2"), 0);
-  EXPECT_THAT(output, HasSubstr("image,id,row,col,x,y\ntarget.bmp,1,0,0,"));
+  EXPECT_THAT(output, HasSubstr("image,id,row,col,x,y,kind\ntarget.bmp,1,0,0,"));
   EXPECT_EQ(std::count(output.begin(), output.end(), '\n'), 1 + 2 * 20);
 }
 

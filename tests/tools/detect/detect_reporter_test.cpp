@@ -49,7 +49,7 @@ void TwoImages(DetectReporter& reporter) {
 
 TEST(DetectReporter, WritesALinePerImage) {
   EXPECT_EQ(Reported({false, true}, TwoImages),
-            "a.bmp: 1 points, 1 rows x 1 columns\nquorvex: b.bmp: nothing\n");
+            "a.bmp: 1 point, 1 row x 1 column\nquorvex: b.bmp: nothing\n");
 }
 
 TEST(DetectReporter, WithoutSummariesWritesFailuresOnly) {
@@ -60,7 +60,7 @@ TEST(DetectReporter, DrawsTheProgressLineAgainBelowEachReport) {
   const std::string erased = "\r" + std::string(30, ' ') + "\r";
   EXPECT_EQ(Reported({true, true}, TwoImages),
             "\r0 of 2 images\r1 of 2 images" + erased +
-                "a.bmp: 1 points, 1 rows x 1 columns\n\r1 of 2 images\r2 of 2 images" + erased +
+                "a.bmp: 1 point, 1 row x 1 column\n\r1 of 2 images\r2 of 2 images" + erased +
                 "quorvex: b.bmp: nothing\n\r2 of 2 images" + erased);
 }
 
