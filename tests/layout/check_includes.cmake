@@ -4,11 +4,18 @@ cmake_minimum_required(VERSION 3.25)
 set(page ${SOURCE_DIR}/docs/development.md)
 
 # The rows: lists of names in backticks, what the row is about and what it may include. A name that ends in
-# a slash is a folder with all that it holds but the rooms with a row of their own.
+# a slash is a folder with all that it holds but the rooms with a row of their own. The page has other tables, too.
 set(names "")
 set(free_rows "")
-file(STRINGS ${page} rows REGEX "^\\| `")
+set(is_in_table FALSE)
+file(STRINGS ${page} rows REGEX "^\\| ")
 foreach(row IN LISTS rows)
+  if(row MATCHES "^\\| folder \\|")
+    string(COMPARE EQUAL "${row}" "| folder | may include |" is_in_table)
+  endif()
+  if(NOT is_in_table OR NOT row MATCHES "^\\| `")
+    continue()
+  endif()
   string(REPLACE "|" ";" cells "${row}")
   list(GET cells 1 about)
   list(GET cells 2 allowed)
