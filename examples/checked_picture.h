@@ -20,10 +20,16 @@ constexpr long kBmpHeaderBytes = 14 + 40;  // of the file, then of the bitmap
 inline long BytesBeforePixels(std::ifstream& file) {
   unsigned char header[kBmpHeaderBytes] = {};
   file.seekg(0);
-  if (!file.read(reinterpret_cast<char*>(header), sizeof header)) return 0;
-  if (header[14] != 40 || header[15] != 0) return 0;
+  if (!file.read(reinterpret_cast<char*>(header), sizeof header)) {
+    return 0;
+  }
+  if (header[14] != 40 || header[15] != 0) {
+    return 0;
+  }
   const long colors = header[46] | header[47] << 8;  // of the palette, lowest byte first
-  if (colors > 256 || header[48] != 0 || header[49] != 0) return 0;
+  if (colors > 256 || header[48] != 0 || header[49] != 0) {
+    return 0;
+  }
   return kBmpHeaderBytes + 4 * (colors == 0 ? 256 : colors);
 }
 
@@ -32,19 +38,25 @@ inline long BytesBeforePixels(std::ifstream& file) {
 // pixels, and whoever reads them all ends in memory that is not the picture's.
 inline const char* ReadChecked(const char* path, CheckedPicture& picture) {
   std::ifstream file(path, std::ios::binary | std::ios::ate);
-  if (!file) return "the picture cannot be opened";
+  if (!file) {
+    return "the picture cannot be opened";
+  }
   const long long fileBytes = static_cast<long long>(file.tellg());
   const long pixelOffset = BytesBeforePixels(file);
   file.close();
   if (!Read_Image(picture.pixels, picture.width, picture.height, picture.bits, path)) {
     return "the picture cannot be read; it must be an uncompressed BMP file";
   }
-  if (picture.bits != 8) return "the picture does not have 8 bits a pixel";
+  if (picture.bits != 8) {
+    return "the picture does not have 8 bits a pixel";
+  }
   if (picture.width < 4 || picture.width % 4 != 0 || picture.height < 4 ||
       picture.height % 4 != 0) {
     return "the picture's width and height are not multiples of 4";
   }
-  if (pixelOffset == 0) return "the picture's header is not the plain one of 40 bytes";
+  if (pixelOffset == 0) {
+    return "the picture's header is not the plain one of 40 bytes";
+  }
   // Rows of such a width have no padding. Divided, since the product may not fit into any integer.
   if ((fileBytes - pixelOffset) / picture.width < picture.height) {
     return "the picture's file ends before its last pixel";

@@ -54,7 +54,7 @@
 // "D:/sdf.txt" where that folder exists; failures to write them are ignored.
 //
 // When memory ends in mid-call, the exception leaves the list usable but not finished: what it held
-// before is there, and none, some or all of the grid's points behind it. They may not be refined
+// before is there, and none, some or all of the grid's points after it. They may not be refined
 // yet, their y may still count from the bottom row, points outside the image may be among them, and
 // the order may not yet be that of the ids. A host discards the list, or keeps a copy of what it
 // held.

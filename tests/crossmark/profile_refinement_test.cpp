@@ -32,7 +32,7 @@ Coefficients Refined(const GrayImage& patch, float x, float y, LineSegment line)
 }
 
 // Along a horizontal line with normal (0, -1) the stations run to the right and the samples from
-// ten rows behind the line to nine rows before it.
+// ten rows after the line to nine rows before it.
 Coefficients RefinedRow(const GrayImage& patch, float x, float y) {
   return Refined(patch, x, y, MakeLine(0.0f, -1.0f, y));
 }

@@ -170,7 +170,7 @@ TEST_F(OperatorRoad, EveryRecordOfEveryStep) {
   ExpectStep("right", columnByColumn, ColumnByColumn);
 }
 
-TEST_F(OperatorRoad, TellsThatThePictureCannotBeRead) {
+TEST_F(OperatorRoad, SaysThatThePictureCannotBeRead) {
   EXPECT_EQ(Run(QUORVEX_OPERATOR_ROAD, "none.bmp 9 9"), 1);
   EXPECT_TRUE(ReadSteps(folder.Path("steps.txt")).empty());
 }

@@ -128,7 +128,7 @@ TEST_F(LineTracingTest, ACrossCloserThan121StepsIsNeverFound) {
 
 TEST_F(LineTracingTest, TheTargetsBorderEndsTheWalkInItsDirectionOnly) {
   DrawGrid();
-  // To the right the walk from x = 400 must stay below step 122: it ends behind x = 520.
+  // To the right the walk from x = 400 must stay below step 122: it ends beyond x = 520.
   rowSpans.assign(rowSpans.size(), PixelSpan{0, 520 + 50});
   PointList points;
   Row(400, 400, points);

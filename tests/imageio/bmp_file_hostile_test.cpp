@@ -30,7 +30,7 @@ Bytes CoreHeader(std::uint32_t headerSize, int width, int height, int bits) {
                        U16(static_cast<std::uint64_t>(bits))});
 }
 
-// A file header and the bitmap, filled up to `size` bytes behind the file header with bytes that
+// A file header and the bitmap, filled up to `size` bytes after the file header with bytes that
 // tell their position.
 Bytes FileOf(Bytes dib, std::size_t size) {
   while (dib.size() < size) {
@@ -42,7 +42,7 @@ Bytes FileOf(Bytes dib, std::size_t size) {
 struct HeaderCase {
   const char* name;
   Bytes header;
-  std::size_t size;          // bytes behind the file header
+  std::size_t size;          // bytes after the file header
   std::int64_t pixelOffset;  // expected, from the start of the information header, or kRefused
   long width;
   long height;
@@ -140,7 +140,7 @@ class ReadImageTruncationTest : public ::testing::TestWithParam<TruncationCase> 
 };
 
 // Also where the bytes that are missing would have been zero: the fields must not be taken from
-// behind the end.
+// after the end.
 TEST_P(ReadImageTruncationTest, IsRefusedUntilThePixelsCanBeLocated) {
   const TruncationCase& truncation = GetParam();
   ASSERT_LT(truncation.shortestRead, truncation.file.size());

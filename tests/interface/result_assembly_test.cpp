@@ -108,7 +108,7 @@ TEST_F(AssembleResultTest, WithoutAFirstGridNothingHappensToTheList) {
 
 TEST_F(AssembleResultTest, PointsHeldBeforeTakePartInOrderFilterAndTurn) {
   PointList points = {
-      MakePoint(12, 7, 7, 30.0f, 10.0f),    // far from all: stays, behind the found 12th
+      MakePoint(12, 7, 7, 30.0f, 10.0f),    // far from all: stays, after the found 12th
       MakePoint(-4, 8, 8, 40.0f, 20.0f),    // a negative id is no reason to go here
       MakePoint(99, 8, 8, 100.0f, 100.0f),  // near a found point of a lower id
       MakePoint(0, 9, 9, 700.0f, 700.0f),   // near a found point of a higher id

@@ -197,7 +197,7 @@ TEST(OutlineTracing, EveryLevelButZeroIsTarget) {
 }
 
 TEST(OutlineTracing, WhiteOutsideTheImageIsNotLookedFor) {
-  // Of the six rows within reach the last would lie behind the image.
+  // Of the six rows within reach the last would lie beyond the image.
   GrayImage image = Uniform(128, 5, 0);
   Fill(image, 64, 69, 0, 4, 255);
   EXPECT_EQ(Traced(image)[kRight], (PixelPosition{70, 2}));

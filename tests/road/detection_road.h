@@ -19,7 +19,7 @@ constexpr int kRowSteps = 300;  // pixels
 // The input, a picture or a list that the detection left, or the points.
 struct RoadOutput {
   std::string name;
-  std::string bytes;  // lists and points as text with '\n' behind each line
+  std::string bytes;  // lists and points as text with '\n' after each line
   bool isNumbers;     // a list of numbers, which may differ in the last places between C libraries
 };
 

@@ -50,7 +50,7 @@ inline Bytes MakeBmp(const BmpFields& fields) {
   Bytes bytes = {'B', 'M'};
   Append(bytes, 0, 4);  // the file's size is not looked at
   Append(bytes, 0, 4);
-  // The masks lie behind a header of 40 bytes and inside the longer ones.
+  // The masks lie after a header of 40 bytes and inside the longer ones.
   const std::size_t headerEnd =
       14 + fields.headerBytes + (fields.headerBytes == 40 ? fields.masks.size() : 0);
   const std::size_t offset = headerEnd + fields.palette.size() + fields.gap.size();

@@ -90,7 +90,7 @@ TEST_F(DllFileTest, NeedsTheSystemsLibrariesOnly) {
 }
 
 // So that two builds of the same sources are the same file.
-TEST_F(DllFileTest, TellsNotWhenItWasBuilt) {
+TEST_F(DllFileTest, DoesNotSayWhenItWasBuilt) {
   EXPECT_EQ(library.Headers().FileHeader.TimeDateStamp, 0u);
   EXPECT_EQ(library.Directory<IMAGE_EXPORT_DIRECTORY>(IMAGE_DIRECTORY_ENTRY_EXPORT)->TimeDateStamp,
             0u);

@@ -1,5 +1,5 @@
 // Compiled, never run: the public header with the compiler of the DLL, as C++11 and in front of
-// everything else. It brings no macros of <windows.h> along and bears that header behind it.
+// everything else. It brings no macros of <windows.h> along and bears that header after it.
 #include "interface/quorvex.h"
 
 #if defined(_WINDOWS_) || defined(_INC_WINDOWS) || defined(ERROR)

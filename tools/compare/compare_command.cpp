@@ -3,8 +3,6 @@
 #include <filesystem>
 #include <memory>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "tools/compare/compare_points.h"
 #include "tools/compare/compare_report.h"
@@ -31,8 +29,8 @@ struct CompareOptions {
   bool details = false;  // also list what does not agree
 };
 
-const std::vector<std::pair<std::string, ReportFormat>> kReportFormats = {
-    {"text", ReportFormat::kText}, {"json", ReportFormat::kJson}};
+constexpr Choice<ReportFormat> kReportFormats[] = {{"text", ReportFormat::kText},
+                                                   {"json", ReportFormat::kJson}};
 
 int RunCompare(const CompareOptions& options) {
   const Comparison comparison =

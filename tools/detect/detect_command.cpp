@@ -66,12 +66,11 @@ void AddParameters(CLI::App& command, DetectParameters& parameters) {
           "number the points by their geometry, as 'points renumber' does; an image without a "
           "complete grid of this size counts as failed")
       ->option_text("ROWSxCOLUMNS");
-  command
-      .add_option_function<CameraSide>(
-          "--rearrange", [&parameters](const CameraSide& side) { parameters.rearrange = side; },
-          "then number them for the left or the right camera, as 'points rearrange' does with the "
-          "number of columns found; points without a column are dropped")
-      ->transform(CLI::CheckedTransformer(kCameraSides).description(""))
+  AddChoiceOption(
+      command, "--rearrange", kCameraSides,
+      [&parameters](CameraSide side) { parameters.rearrange = side; },
+      "then number them for the left or the right camera, as 'points rearrange' does with the "
+      "number of columns found; points without a column are dropped")
       ->option_text("left|right");
 }
 

@@ -22,7 +22,9 @@ DetectionResult ResultOfWorker(const DetectionJob& job, const std::filesystem::p
                                const std::string& failure) {
   DetectionResult result;
   try {
-    if (!failure.empty()) throw std::runtime_error(failure);
+    if (!failure.empty()) {
+      throw std::runtime_error(failure);
+    }
     result = ReadDetectionResult(directory / kResultFile);
   } catch (const std::runtime_error& error) {
     result.exitCode = kExitNothingFound;
@@ -30,7 +32,9 @@ DetectionResult ResultOfWorker(const DetectionJob& job, const std::filesystem::p
   }
   result.found.image = Utf8Name(job.image);
   // An input error comes before the detection, so there is nothing to keep.
-  if (job.diagnosticsFolder.empty() || result.exitCode == kExitBadInput) return result;
+  if (job.diagnosticsFolder.empty() || result.exitCode == kExitBadInput) {
+    return result;
+  }
   try {
     KeepDiagnostics(directory, job.diagnosticsFolder);
   } catch (const InputError& error) {
@@ -67,7 +71,9 @@ std::vector<DetectionResult> DetectImages(const std::vector<DetectionJob>& jobs,
     while (next < jobs.size() && pool.Count() < mostWorkers) {
       const int worker = static_cast<int>(next++);
       const std::filesystem::path directory = directories[worker].Path();
-      if (!jobs[worker].diagnosticsFolder.empty()) PrepareListFolder(directory);
+      if (!jobs[worker].diagnosticsFolder.empty()) {
+        PrepareListFolder(directory);
+      }
       pool.Start(worker, program, WorkerArguments(jobs[worker].image, directory, parameters));
     }
     const WorkerEnd end = pool.WaitForOne();
@@ -81,7 +87,10 @@ std::vector<DetectionResult> DetectImages(const std::vector<DetectionJob>& jobs,
   }
 
   std::vector<DetectionResult> results;
-  for (std::optional<DetectionResult>& result : finished) results.push_back(std::move(*result));
+  results.reserve(finished.size());
+  for (std::optional<DetectionResult>& result : finished) {
+    results.push_back(std::move(*result));
+  }
   return results;
 }
 

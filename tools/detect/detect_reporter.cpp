@@ -28,7 +28,9 @@ void DetectReporter::ShowProgress(int finished) {
 
 void DetectReporter::Report(const DetectionResult& result) {
   const bool failed = result.exitCode != kExitSuccess;
-  if (!failed && !settings_.showsSummaries) return;
+  if (!failed && !settings_.showsSummaries) {
+    return;
+  }
   Erase();
   if (failed) {
     fmt::print(stream_, "quorvex: {}\n", result.message);
@@ -46,7 +48,9 @@ void DetectReporter::Draw() const {
 }
 
 void DetectReporter::Erase() const {
-  if (settings_.showsProgress) fmt::print(stream_, "\r{:{}}\r", "", kWidest);
+  if (settings_.showsProgress) {
+    fmt::print(stream_, "\r{:{}}\r", "", kWidest);
+  }
 }
 
 }  // namespace quorvex::tools

@@ -62,7 +62,9 @@ ImageOutputs PrepareOutputs(const DetectOptions& options) {
   }
   if (!options.diagnostics.empty()) {
     outputs.diagnosticsFolders = DiagnosticsFolders(options.diagnostics, options.images);
-    for (const fs::path& folder : outputs.diagnosticsFolders) PrepareDiagnosticsFolder(folder);
+    for (const fs::path& folder : outputs.diagnosticsFolders) {
+      PrepareDiagnosticsFolder(folder);
+    }
   }
   return outputs;
 }
@@ -87,7 +89,9 @@ std::vector<DetectionResult> DetectAll(const DetectOptions& options, const Image
 void WriteOverlays(const std::vector<fs::path>& overlays, const std::vector<fs::path>& images,
                    const std::vector<DetectionResult>& results) {
   for (std::size_t i = 0; i < overlays.size(); ++i) {
-    if (results[i].exitCode != kExitSuccess) continue;
+    if (results[i].exitCode != kExitSuccess) {
+      continue;
+    }
     WriteColorPng(DrawOverlay(ReadPictureFile(images[i]), results[i].found.points), overlays[i]);
   }
 }
@@ -112,9 +116,13 @@ int RunDetect(const DetectOptions& options) {
     exitCode = std::max(exitCode, result.exitCode);
     hasSuccess = hasSuccess || result.exitCode == kExitSuccess;
     lists.push_back(result.found);
-    if (result.exitCode != kExitSuccess) lists.back().error = ReasonWithoutName(result);
+    if (result.exitCode != kExitSuccess) {
+      lists.back().error = ReasonWithoutName(result);
+    }
   }
-  if (!hasSuccess) return exitCode;
+  if (!hasSuccess) {
+    return exitCode;
+  }
   WriteOverlays(outputs.overlays, options.images, results);
   WriteText(options.output, FormatPoints(lists, FormatOf(options), lists.size() > 1));
   return exitCode;

@@ -22,8 +22,12 @@ namespace quorvex::tools {
 namespace {
 
 Picture DetectablePicture(const Picture& original, const std::filesystem::path& path, bool pad) {
-  if (HasDetectableSize(original)) return original;
-  if (pad) return PadToDetectableSize(original);
+  if (HasDetectableSize(original)) {
+    return original;
+  }
+  if (pad) {
+    return PadToDetectableSize(original);
+  }
   throw InputError(fmt::format(
       "{} is {} x {} pixels, but width and height must be multiples of 4; --pad grows the picture",
       Utf8Name(path), original.width, original.height));
@@ -52,8 +56,12 @@ void KeepPointsInside(int width, int height, PointList& points) {
 
 // Throws NothingChanged.
 void NumberAsWanted(const DetectParameters& parameters, PointList& points) {
-  if (parameters.renumber) Renumber(*parameters.renumber, points);
-  if (parameters.rearrange) Rearrange(*parameters.rearrange, CountColumns(points), points);
+  if (parameters.renumber) {
+    Renumber(*parameters.renumber, points);
+  }
+  if (parameters.rearrange) {
+    Rearrange(*parameters.rearrange, CountColumns(points), points);
+  }
 }
 
 bool DetectPoints(const Picture& picture, const DetectParameters& parameters, PointList& points) {
@@ -91,7 +99,9 @@ DetectionResult Detect(const std::filesystem::path& imagePath,
   try {
     NumberAsWanted(parameters, list);
     result.found.points = ToListedPoints(list);
-    for (ListedPoint& p : result.found.points) p.kind = JudgePoint(original, p.x, p.y);
+    for (ListedPoint& p : result.found.points) {
+      p.kind = JudgePoint(original, p.x, p.y);
+    }
   } catch (const NothingChanged& reason) {
     result.exitCode = kExitNothingFound;
     result.message = fmt::format(
@@ -114,7 +124,9 @@ std::vector<std::string> WorkerArguments(const std::filesystem::path& imagePath,
                                      std::to_string(parameters.columnSpan),
                                      "--row-steps",
                                      std::to_string(parameters.rowSteps)};
-  if (parameters.pad) arguments.push_back("--pad");
+  if (parameters.pad) {
+    arguments.push_back("--pad");
+  }
   if (parameters.renumber) {
     arguments.insert(arguments.end(), {"--renumber", GridSizeText(*parameters.renumber)});
   }

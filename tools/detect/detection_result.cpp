@@ -30,7 +30,9 @@ void WriteDetectionResult(const DetectionResult& result, const std::filesystem::
                   {"points", std::move(points)}};
   std::ofstream file(path);
   file << json.dump(-1, ' ', false, Json::error_handler_t::replace) << std::flush;
-  if (!file) throw std::runtime_error("the result of a worker cannot be written");
+  if (!file) {
+    throw std::runtime_error("the result of a worker cannot be written");
+  }
 }
 
 DetectionResult ReadDetectionResult(const std::filesystem::path& path) {

@@ -34,23 +34,31 @@ void KeepFile(const fs::path& from, const fs::path& to) {
   } else {
     fs::remove(to, error);
   }
-  if (error) FailToKeep(to.parent_path(), error.message());
+  if (error) {
+    FailToKeep(to.parent_path(), error.message());
+  }
 }
 
 }  // namespace
 
 std::vector<fs::path> DiagnosticsFolders(const std::filesystem::path& folder,
                                          const std::vector<std::filesystem::path>& images) {
-  if (images.size() == 1) return {folder};
+  if (images.size() == 1) {
+    return {folder};
+  }
   std::vector<fs::path> folders;
-  for (const fs::path& name : NamesOfImages(images)) folders.push_back(folder / name);
+  for (const fs::path& name : NamesOfImages(images)) {
+    folders.push_back(folder / name);
+  }
   return folders;
 }
 
 void PrepareDiagnosticsFolder(const std::filesystem::path& folder) {
   std::error_code error;
   fs::create_directories(folder, error);
-  if (error) FailToKeep(folder, error.message());
+  if (error) {
+    FailToKeep(folder, error.message());
+  }
   RequireWritable(folder / kPictures[0]);
 }
 

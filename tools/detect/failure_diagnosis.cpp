@@ -26,7 +26,7 @@ constexpr int kBorderMargin = 2;  // pixels; the outline itself takes the outerm
 constexpr std::int64_t kFewestStrokePixels = 100;  // less than one stroke of a mark
 constexpr int kCentreReach = 250;                  // pixels to each side of the centre
 
-constexpr double kMostNoise = 4;    // grey levels; grids begin to have gaps at 3
+constexpr double kMostNoise = 4;    // grey levels; grids begin to have gaps at 2.5
 constexpr int kFewestShapes = 4;    // of one kind, to be a pattern
 constexpr int kShapesPerCross = 3;  // so many times the crosses, to be a pattern of something else
 
@@ -62,7 +62,9 @@ std::optional<Evidence> ReadEvidence(const std::filesystem::path& directory) {
   std::optional<Picture> mask = ReadKeptPicture(directory, "Mask.bmp");
   std::optional<Picture> edges = ReadKeptPicture(directory, "Sobel.bmp");
   std::optional<Picture> strokes = ReadKeptPicture(directory, "Eliminate.bmp");
-  if (!input || !mask || !edges || !strokes) return std::nullopt;
+  if (!input || !mask || !edges || !strokes) {
+    return std::nullopt;
+  }
   return Evidence{std::move(*input), std::move(*mask), std::move(*edges), std::move(*strokes),
                   ReadKeptPicture(directory, "LineSegment.bmp")};
 }
@@ -72,7 +74,9 @@ double Area(const Picture& picture) { return static_cast<double>(picture.pixels.
 // Too dark for anything to be found. Empty when the picture is bright enough somewhere.
 std::string DescribeDarkness(const Picture& input, int bitsPerSample) {
   const int brightest = BrightestLevel(input);
-  if (brightest >= kTargetLevel) return "";
+  if (brightest >= kTargetLevel) {
+    return "";
+  }
   if (bitsPerSample == 16) {
     return fmt::format(
         "the file has 16 bits a pixel but uses only the lowest {:.0f} % of their range; stretch "
@@ -86,7 +90,9 @@ std::string DescribeDarkness(const Picture& input, int bitsPerSample) {
 
 std::string DescribeNoise(const Picture& input) {
   const double noise = NoiseLevel(input);
-  if (noise < kMostNoise) return "";
+  if (noise < kMostNoise) {
+    return "";
+  }
   return fmt::format(
       "the picture is noisy: sigma is about {:.0f} grey levels (ProImage.bmp), and marks are found "
       "up to 2.5; give more light or average several pictures",
@@ -117,7 +123,9 @@ std::string DescribeMissingTarget(const Picture& input) {
       FindShapes(input, Foreground::kBright, kTargetLevel,
                  static_cast<std::int64_t>(kSmallestTargetShare * Area(input)) + 1);
   for (const PictureShape& shape : bright) {
-    if (largest == nullptr || shape.area > largest->area) largest = &shape;
+    if (largest == nullptr || shape.area > largest->area) {
+      largest = &shape;
+    }
   }
   const int x = input.width / 2;
   const int y = input.height / 2;
@@ -147,7 +155,9 @@ bool IsWellInside(const Picture& mask, int x, int y) {
 
 // Blurred marks do not, and their edges run into each other far from the strokes.
 bool HasMarksThatStandOut(std::vector<std::uint8_t>& levels) {
-  if (levels.size() <= kFewestStrokePixels) return false;
+  if (levels.size() <= kFewestStrokePixels) {
+    return false;
+  }
   const auto darkest = levels.begin() + kFewestStrokePixels;
   std::nth_element(levels.begin(), darkest, levels.end());
   const int mark = *darkest;
@@ -168,7 +178,9 @@ bool DoMarksTouch(const Evidence& evidence) {
       }
     }
   }
-  if (!HasMarksThatStandOut(levels)) return false;
+  if (!HasMarksThatStandOut(levels)) {
+    return false;
+  }
   const std::vector<PictureShape> pieces =
       FindShapes(edges, Foreground::kBright, 128, kFewestStrokePixels);
   return std::any_of(pieces.begin(), pieces.end(),
@@ -227,15 +239,23 @@ std::string DescribeFailure(const FailedDetection& failure) {
            (shortage.empty() ? "; is the disk full?" : ": " + shortage);
   }
   std::string reason = DescribeDarkness(evidence->input, failure.bitsPerSample);
-  if (reason.empty()) reason = DescribeNoise(evidence->input);
-  if (reason.empty()) reason = DescribeWrongPattern(evidence->input);
-  if (!reason.empty()) return reason;
+  if (reason.empty()) {
+    reason = DescribeNoise(evidence->input);
+  }
+  if (reason.empty()) {
+    reason = DescribeWrongPattern(evidence->input);
+  }
+  if (!reason.empty()) {
+    return reason;
+  }
   const double smallestTarget = kSmallestTargetShare * Area(evidence->mask);
   if (static_cast<double>(FindWhite(evidence->mask).count) < smallestTarget) {
     return DescribeMissingTarget(evidence->input);
   }
   reason = DescribeMissingMarks(*evidence);
-  if (!reason.empty()) return reason;
+  if (!reason.empty()) {
+    return reason;
+  }
   return "a mark was found near the picture's centre but no grid around it; neighbours must be "
          "more than 121 pixels apart, and --row-steps at least 10 more than the widest spacing";
 }

@@ -38,7 +38,9 @@ class Canvas {
     picture_.width = grey.width;
     picture_.height = grey.height;
     picture_.rgb.reserve(grey.pixels.size() * 3);
-    for (const std::uint8_t level : grey.pixels) picture_.rgb.insert(picture_.rgb.end(), 3, level);
+    for (const std::uint8_t level : grey.pixels) {
+      picture_.rgb.insert(picture_.rgb.end(), 3, level);
+    }
   }
 
   ColorPicture Take() { return std::move(picture_); }
@@ -58,7 +60,9 @@ class Canvas {
   void Line(double x0, double y0, double x1, double y1, int thickness, int dash, Color color) {
     const int steps = static_cast<int>(std::ceil(std::max(std::abs(x1 - x0), std::abs(y1 - y0))));
     for (int i = 0; i <= steps; ++i) {
-      if (dash > 0 && i / dash % 2 == 1) continue;
+      if (dash > 0 && i / dash % 2 == 1) {
+        continue;
+      }
       const double t = steps == 0 ? 0.0 : static_cast<double>(i) / steps;
       Dot(x0 + t * (x1 - x0), y0 + t * (y1 - y0), thickness, color);
     }
@@ -68,7 +72,9 @@ class Canvas {
   void Ring(double x, double y, int radius, int thickness, int dashes, Color color) {
     const int steps = radius * 8;  // a little more than one per pixel of the circumference
     for (int i = 0; i < steps; ++i) {
-      if (i * 2 * dashes / steps % 2 == 1) continue;
+      if (i * 2 * dashes / steps % 2 == 1) {
+        continue;
+      }
       const double angle = 2 * kPi * i / steps;
       Dot(x + radius * std::cos(angle), y + radius * std::sin(angle), thickness, color);
     }
@@ -79,7 +85,9 @@ class Canvas {
       const int left = x0 + static_cast<int>(i) * (kGlyphWidth + 1) * scale;
       for (int row = 0; row < kGlyphHeight; ++row) {
         for (int column = 0; column < kGlyphWidth; ++column) {
-          if (!IsGlyphPixelSet(text[i], column, row)) continue;
+          if (!IsGlyphPixelSet(text[i], column, row)) {
+            continue;
+          }
           Square(left + column * scale, y0 + row * scale, scale, color);
         }
       }
@@ -100,14 +108,20 @@ using GridPosition = std::pair<int, int>;  // row, column
 // Lines end at the rings, so that nothing hides the marks themselves.
 void DrawGridLines(Canvas& canvas, const std::vector<ListedPoint>& points, int scale) {
   std::map<GridPosition, const ListedPoint*> grid;
-  for (const ListedPoint& p : points) grid[{p.row, p.col}] = &p;
+  for (const ListedPoint& p : points) {
+    grid[{p.row, p.col}] = &p;
+  }
   const double ring = kRingRadius * scale;
   const auto join = [&](const ListedPoint& from, GridPosition position, Color color) {
     const auto neighbour = grid.find(position);
-    if (neighbour == grid.end()) return;
+    if (neighbour == grid.end()) {
+      return;
+    }
     const ListedPoint& to = *neighbour->second;
     const double distance = std::hypot(to.x - from.x, to.y - from.y);
-    if (distance <= 2 * ring) return;
+    if (distance <= 2 * ring) {
+      return;
+    }
     const double dx = (to.x - from.x) * ring / distance;
     const double dy = (to.y - from.y) * ring / distance;
     const bool isSure = from.kind != PointKind::kFilled && to.kind != PointKind::kFilled;
@@ -155,8 +169,12 @@ ColorPicture DrawOverlay(const Picture& picture, const std::vector<ListedPoint>&
   const int scale = 1 + std::min(picture.width, picture.height) / kPixelsPerScale;
   Canvas canvas(picture);
   DrawGridLines(canvas, inside, scale);
-  for (const ListedPoint& p : inside) DrawMark(canvas, p, scale);
-  for (const ListedPoint& p : inside) DrawLabel(canvas, p, scale, picture.width, picture.height);
+  for (const ListedPoint& p : inside) {
+    DrawMark(canvas, p, scale);
+  }
+  for (const ListedPoint& p : inside) {
+    DrawLabel(canvas, p, scale, picture.width, picture.height);
+  }
   return canvas.Take();
 }
 

@@ -2,8 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <cctype>
 #include <string>
 #include <system_error>
 
@@ -27,10 +25,9 @@ bool IsFolder(const fs::path& target) {
 bool IsPattern(const std::string& target) { return target.find(kPlaceOfName) != std::string::npos; }
 
 void RequirePngEnding(const fs::path& path) {
-  std::string ending = Utf8Name(path.extension());
-  std::transform(ending.begin(), ending.end(), ending.begin(),
-                 [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
-  if (ending != ".png") throw InputError(fmt::format("{} must end in .png", Utf8Name(path)));
+  if (SmallEnding(path) != ".png") {
+    throw InputError(fmt::format("{} must end in .png", Utf8Name(path)));
+  }
 }
 
 fs::path PutName(std::string pattern, const fs::path& name) {
@@ -49,13 +46,17 @@ std::vector<fs::path> OverlayFiles(const fs::path& target, const std::vector<fs:
       IsFolder(target) ? Utf8Name(target / fmt::format("{}.png", kPlaceOfName)) : Utf8Name(target);
   RequirePngEnding(PathFromUtf8(pattern));
   if (!IsPattern(pattern)) {
-    if (images.size() == 1) return {target};
+    if (images.size() == 1) {
+      return {target};
+    }
     throw InputError(fmt::format(
         "--overlay {} is one file for {} images; give a folder, or put {} in the file's name",
         Utf8Name(target), images.size(), kPlaceOfName));
   }
   std::vector<fs::path> files;
-  for (const fs::path& name : NamesOfImages(images)) files.push_back(PutName(pattern, name));
+  for (const fs::path& name : NamesOfImages(images)) {
+    files.push_back(PutName(pattern, name));
+  }
   return files;
 }
 
@@ -63,7 +64,9 @@ void PrepareOverlayFiles(const fs::path& target, const std::vector<fs::path>& fi
   const bool makesFolders = IsFolder(target) || IsPattern(Utf8Name(target));
   for (const fs::path& file : files) {
     std::error_code error;
-    if (makesFolders && file.has_parent_path()) fs::create_directories(file.parent_path(), error);
+    if (makesFolders && file.has_parent_path()) {
+      fs::create_directories(file.parent_path(), error);
+    }
     if (error) {
       throw InputError(fmt::format("cannot make the folder {} for overlays: {}",
                                    Utf8Name(file.parent_path()), error.message()));

@@ -17,7 +17,9 @@ constexpr double kBrightestShare = 0.001;  // of the pixels
 bool IsCutOff(const Picture& picture, int x, int y) {
   for (int row = y - 1; row <= y + 1; ++row) {
     for (int column = x - 1; column <= x + 1; ++column) {
-      if (picture.At(column, row) == 0 || picture.At(column, row) == kLevels - 1) return true;
+      if (picture.At(column, row) == 0 || picture.At(column, row) == kLevels - 1) {
+        return true;
+      }
     }
   }
   return false;
@@ -26,11 +28,15 @@ bool IsCutOff(const Picture& picture, int x, int y) {
 // The value that `share` of the counted ones do not exceed.
 std::size_t Quantile(const std::vector<std::int64_t>& counts, double share) {
   double total = 0;
-  for (const std::int64_t count : counts) total += static_cast<double>(count);
+  for (const std::int64_t count : counts) {
+    total += static_cast<double>(count);
+  }
   double passed = 0;
   for (std::size_t value = 0; value < counts.size(); ++value) {
     passed += static_cast<double>(counts[value]);
-    if (passed > 0 && passed >= share * total) return value;
+    if (passed > 0 && passed >= share * total) {
+      return value;
+    }
   }
   return 0;
 }
@@ -41,8 +47,12 @@ WhitePixels FindWhite(const Picture& picture, int x0, int y0, int x1, int y1) {
   WhitePixels white;
   for (int y = std::max(y0, 0); y < std::min(y1, picture.height); ++y) {
     for (int x = std::max(x0, 0); x < std::min(x1, picture.width); ++x) {
-      if (picture.At(x, y) < kWhite) continue;
-      if (white.count++ == 0) white.left = white.right = x, white.top = white.bottom = y;
+      if (picture.At(x, y) < kWhite) {
+        continue;
+      }
+      if (white.count++ == 0) {
+        white.left = white.right = x, white.top = white.bottom = y;
+      }
       white.left = std::min(white.left, x);
       white.right = std::max(white.right, x);
       white.bottom = y;
@@ -72,7 +82,9 @@ double Elongation(const WhitePixels& white) {
 
 int BrightestLevel(const Picture& picture) {
   std::vector<std::int64_t> counts(kLevels);
-  for (const std::uint8_t level : picture.pixels) ++counts[level];
+  for (const std::uint8_t level : picture.pixels) {
+    ++counts[level];
+  }
   return static_cast<int>(Quantile(counts, 1 - kBrightestShare));
 }
 
@@ -88,7 +100,9 @@ double NoiseLevel(const Picture& picture) {
       const auto second = [&](int row) {
         return picture.At(x - 1, row) - 2 * picture.At(x, row) + picture.At(x + 1, row);
       };
-      if (IsCutOff(picture, x, y)) continue;
+      if (IsCutOff(picture, x, y)) {
+        continue;
+      }
       ++counts[static_cast<std::size_t>(std::abs(second(y - 1) - 2 * second(y) + second(y + 1)))];
     }
   }

@@ -59,7 +59,9 @@ ShapeKind Classify(const std::vector<PixelPlace>& pixels, const PictureShape& sh
   const double determinant = m.xx * m.yy - m.xy * m.xy;
   const double mean = (m.xx + m.yy) / 2;
   const double half = std::hypot((m.xx - m.yy) / 2, m.xy);
-  if (mean + half > kMostStretched * (mean - half)) return ShapeKind::kOther;
+  if (mean + half > kMostStretched * (mean - half)) {
+    return ShapeKind::kOther;
+  }
 
   double reach = 0;
   double tail = 0;
@@ -76,8 +78,12 @@ ShapeKind Classify(const std::vector<PixelPlace>& pixels, const PictureShape& sh
   if (solidity >= kLeastSolid) {
     return reach < kReachBetweenDotAndSquare ? ShapeKind::kDot : ShapeKind::kSquare;
   }
-  if (tail <= kMostRingTail) return ShapeKind::kRing;
-  if (solidity <= kMostSolidCross && tail >= kLeastCrossTail) return ShapeKind::kCross;
+  if (tail <= kMostRingTail) {
+    return ShapeKind::kRing;
+  }
+  if (solidity <= kMostSolidCross && tail >= kLeastCrossTail) {
+    return ShapeKind::kCross;
+  }
   return ShapeKind::kOther;
 }
 
@@ -126,10 +132,14 @@ class Unvisited {
 
  private:
   void Take(PixelPlace p, std::vector<PixelPlace>& piece) {
-    if (p.x < 0 || p.x >= width_ || p.y < 0 || p.y >= height_) return;
+    if (p.x < 0 || p.x >= width_ || p.y < 0 || p.y >= height_) {
+      return;
+    }
     const std::size_t index = static_cast<std::size_t>(p.y) * static_cast<std::size_t>(width_) +
                               static_cast<std::size_t>(p.x);
-    if (!isLeft_[index]) return;
+    if (!isLeft_[index]) {
+      return;
+    }
     isLeft_[index] = false;
     piece.push_back(p);
   }
@@ -181,7 +191,9 @@ std::vector<PictureShape> FindShapes(const Picture& picture, Foreground foregrou
   for (int y = 0; y < picture.height; ++y) {
     for (int x = 0; x < picture.width; ++x) {
       const std::vector<PixelPlace> pixels = unvisited.TakePiece(x, y);
-      if (pixels.empty() || static_cast<std::int64_t>(pixels.size()) < smallestArea) continue;
+      if (pixels.empty() || static_cast<std::int64_t>(pixels.size()) < smallestArea) {
+        continue;
+      }
       shapes.push_back(MeasureShape(pixels));
     }
   }
@@ -196,16 +208,32 @@ ShapeCounts CountShapes(const Picture& picture, Foreground foreground) {
     Pattern dots;
     Pattern squares;
     for (const PictureShape& shape : FindShapes(picture, foreground, level, kSmallestMark)) {
-      if (ReachesBorder(shape, picture)) continue;
-      if (shape.kind == ShapeKind::kCross) crosses.Add(shape);
-      if (shape.kind == ShapeKind::kDot || shape.kind == ShapeKind::kRing) dots.Add(shape);
-      if (shape.kind == ShapeKind::kSquare) squares.Add(shape);
+      if (ReachesBorder(shape, picture)) {
+        continue;
+      }
+      if (shape.kind == ShapeKind::kCross) {
+        crosses.Add(shape);
+      }
+      if (shape.kind == ShapeKind::kDot || shape.kind == ShapeKind::kRing) {
+        dots.Add(shape);
+      }
+      if (shape.kind == ShapeKind::kSquare) {
+        squares.Add(shape);
+      }
     }
     ShapeCounts counts{crosses.count, 0, 0};
-    if (dots.FilledShare() >= kLeastDotShare) counts.dots = dots.count;
-    if (squares.FilledShare() >= kLeastSquareShare) counts.squares = squares.count;
-    if (Sum(counts) > Sum(most)) std::swap(counts, most);
-    if (Sum(counts) > Sum(secondMost)) secondMost = counts;
+    if (dots.FilledShare() >= kLeastDotShare) {
+      counts.dots = dots.count;
+    }
+    if (squares.FilledShare() >= kLeastSquareShare) {
+      counts.squares = squares.count;
+    }
+    if (Sum(counts) > Sum(most)) {
+      std::swap(counts, most);
+    }
+    if (Sum(counts) > Sum(secondMost)) {
+      secondMost = counts;
+    }
   }
   return secondMost;
 }

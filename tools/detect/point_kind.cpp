@@ -83,7 +83,9 @@ double SecondStrokeDepth(const LineLevels& levels) {
 }  // namespace
 
 PointKind JudgePoint(const Picture& picture, double x, double y) {
-  if (!IsInside(picture, x, y)) return PointKind::kFilled;
+  if (!IsInside(picture, x, y)) {
+    return PointKind::kFilled;
+  }
   for (int down = -kSearchRadius; down <= kSearchRadius; ++down) {
     for (int right = -kSearchRadius; right <= kSearchRadius; ++right) {
       if (SecondStrokeDepth(MeasureLines(picture, x + right, y + down)) >= kLeastDepth) {

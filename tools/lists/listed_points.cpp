@@ -84,7 +84,7 @@ void NameEmptyPlaces(const Grid& grid, std::vector<std::string>& parts) {
 
 }  // namespace
 
-bool TellsKinds(const std::vector<ListedPoint>& points) {
+bool HasKinds(const std::vector<ListedPoint>& points) {
   return std::any_of(points.begin(), points.end(),
                      [](const ListedPoint& p) { return p.kind != PointKind::kUnknown; });
 }

@@ -28,7 +28,7 @@ struct PointsOfImage {
 };
 
 // Whether a point of the list tells its kind.
-bool TellsKinds(const std::vector<ListedPoint>& points);
+bool HasKinds(const std::vector<ListedPoint>& points);
 
 // "name: 80 points, 9 rows x 9 columns, empty: place (2,4)"; without a name from the number of
 // points on. Rows and columns are those that the ids count: the largest + 1. Empty rows and columns

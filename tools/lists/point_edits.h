@@ -3,13 +3,12 @@
 #ifndef QUORVEX_TOOLS_LISTS_POINT_EDITS_H_
 #define QUORVEX_TOOLS_LISTS_POINT_EDITS_H_
 
-#include <map>
 #include <optional>
 #include <stdexcept>
-#include <string>
 
 #include "interface/calibration_point.h"
 #include "tools/lists/grid_position.h"
+#include "tools/system/choice_option.h"
 
 namespace quorvex::tools {
 
@@ -26,8 +25,8 @@ struct Position {
 
 enum class CameraSide { kLeft, kRight };
 // Their names in options.
-inline const std::map<std::string, CameraSide> kCameraSides = {{"left", CameraSide::kLeft},
-                                                               {"right", CameraSide::kRight}};
+constexpr Choice<CameraSide> kCameraSides[] = {{"left", CameraSide::kLeft},
+                                               {"right", CameraSide::kRight}};
 
 constexpr int kMostGridLines = 32768;  // rows or columns; as many as the widest picture has pixels
 

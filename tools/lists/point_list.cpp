@@ -44,7 +44,7 @@ std::vector<ListedPoint> ToListedPoints(const PointList& points) {
 std::vector<ListedPoint> ToListedPoints(const PointList& points,
                                         const std::vector<ListedPoint>& before) {
   std::vector<ListedPoint> listedPoints = ToListedPoints(points);
-  if (!TellsKinds(before)) {
+  if (!HasKinds(before)) {
     return listedPoints;
   }
   std::map<std::pair<float, float>, PointKind> kinds;  // by position, as the library holds it

@@ -14,7 +14,7 @@ namespace {
 
 bool NeedsKindColumn(const std::vector<PointsOfImage>& images) {
   return std::any_of(images.begin(), images.end(), [](const PointsOfImage& image) {
-    return !image.error.empty() || TellsKinds(image.points);
+    return !image.error.empty() || HasKinds(image.points);
   });
 }
 
@@ -52,9 +52,9 @@ std::string FormatPointsCsv(const std::vector<PointsOfImage>& images, bool withI
 std::vector<PointsOfImage> ParsePointsCsv(const std::string& text, const std::string& name) {
   const CsvTable table(text, name);
   const bool isNamed = table.HasColumn("image");
-  const bool tellsKind = table.HasColumn("kind");
+  const bool hasKind = table.HasColumn("kind");
   const std::size_t image = isNamed ? table.ColumnNamed("image") : 0;
-  const std::size_t kind = tellsKind ? table.ColumnNamed("kind") : 0;
+  const std::size_t kind = hasKind ? table.ColumnNamed("kind") : 0;
   const std::size_t id = table.ColumnNamed("id");
   const std::size_t row = table.ColumnNamed("row");
   const std::size_t col = table.ColumnNamed("col");
@@ -64,7 +64,7 @@ std::vector<PointsOfImage> ParsePointsCsv(const std::string& text, const std::st
   std::vector<PointsOfImage> images;
   for (std::size_t i = 0; i < table.RowCount(); ++i) {
     PointsOfImage& list = ImageNamed(isNamed ? table.Text(i, image) : "", images);
-    const std::string kindName = tellsKind ? table.Text(i, kind) : "";
+    const std::string kindName = hasKind ? table.Text(i, kind) : "";
     if (kindName == kFailedKind) {
       list.error = "the detection failed";
       continue;

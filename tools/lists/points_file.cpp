@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cstddef>
 #include <iterator>
 
@@ -22,7 +21,7 @@ std::string FormatText(const std::vector<PointsOfImage>& images) {
   std::string text;
   for (const PointsOfImage& image : images) {
     if (image.error.empty()) {
-      const bool withKind = TellsKinds(image.points);
+      const bool withKind = HasKinds(image.points);
       text += fmt::format("{:>6} {:>5} {:>5} {:>13} {:>13}{}\n", "id", "row", "col", "x [px]",
                           "y [px]", withKind ? " kind" : "");
       for (const ListedPoint& p : image.points) {
@@ -90,10 +89,7 @@ std::size_t IndexOf(const std::string& image, const std::vector<PointsOfImage>& 
 }  // namespace
 
 PointsFormat FormatByName(const std::filesystem::path& path, PointsFormat otherwise) {
-  std::string ending = Utf8Name(path.extension());
-  for (char& letter : ending) {
-    letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
-  }
+  const std::string ending = SmallEnding(path);
   if (ending == ".csv") {
     return PointsFormat::kCsv;
   }

@@ -6,17 +6,17 @@
 
 #include <filesystem>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "tools/lists/listed_points.h"
+#include "tools/system/choice_option.h"
 
 namespace quorvex::tools {
 
 enum class PointsFormat { kCsv, kJson, kText };
 
 // Their names in options.
-inline const std::vector<std::pair<std::string, PointsFormat>> kPointsFormats = {
+constexpr Choice<PointsFormat> kPointsFormats[] = {
     {"csv", PointsFormat::kCsv}, {"json", PointsFormat::kJson}, {"text", PointsFormat::kText}};
 
 // The format that a file's name asks for by its ending: .csv, .json or .txt, capitals allowed;

@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <cctype>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -24,10 +23,7 @@ namespace {
 enum class PictureFormat { kBmp, kPng };
 
 PictureFormat FormatByEnding(const std::filesystem::path& path) {
-  std::string ending = path.extension().u8string();
-  for (char& letter : ending) {
-    letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
-  }
+  const std::string ending = SmallEnding(path);
   if (ending == ".bmp") {
     return PictureFormat::kBmp;
   }

@@ -18,7 +18,7 @@ constexpr std::array<std::uint8_t, 8> kSignature = {0x89, 'P', 'N', 'G', '\r', '
 
 // Deflate packs at most 1032 bytes into one; a file that promises more pixels than that cannot hold
 // them, at no less than one bit a pixel.
-constexpr std::uint64_t kMaxPixelsPerByte = 1032 * 8;
+constexpr std::uint64_t kMaxPixelsPerByte = std::uint64_t{1032} * 8;
 
 // Frees libpng's state on every path.
 struct PngImage {
@@ -90,7 +90,9 @@ Picture DecodePng(const std::vector<std::uint8_t>& bytes, const std::string& nam
   picture.height = static_cast<int>(image.height);
   picture.pixels =
       isColor ? GreyPixels(samples, picture.width, picture.height, 24, name) : std::move(samples);
-  if (has16Bits) picture.bitsPerSample = 16;
+  if (has16Bits) {
+    picture.bitsPerSample = 16;
+  }
   return picture;
 }
 

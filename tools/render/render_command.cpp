@@ -7,7 +7,6 @@
 #include <new>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "tools/errors.h"
@@ -42,10 +41,9 @@ top row, integer values at pixel centres, row 0 and column 0 at the top left.)";
 // Changes that the options make to the preset, which is known only after all of them are parsed.
 using Changes = std::vector<std::function<void(RenderSettings&)>>;
 
-const std::vector<std::pair<std::string, CameraModel>> kModels = {
-    {"equidistant", CameraModel::kEquidistant},
-    {"kannala-brandt", CameraModel::kKannalaBrandt},
-    {"pinhole", CameraModel::kPinhole}};
+constexpr Choice<CameraModel> kModels[] = {{"equidistant", CameraModel::kEquidistant},
+                                           {"kannala-brandt", CameraModel::kKannalaBrandt},
+                                           {"pinhole", CameraModel::kPinhole}};
 
 struct RenderRequest {
   std::string preset = kDefaultPreset;

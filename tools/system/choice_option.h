@@ -6,10 +6,16 @@
 
 #include <CLI/CLI.hpp>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace quorvex::tools {
 
-// `choices` is a range of pairs of a word, in small letters, and a value; `take` gets the value of
+// A word, in small letters, and the value it stands for.
+template <typename Value>
+using Choice = std::pair<std::string_view, Value>;
+
+// `choices` is an array of Choice; `take` gets the value of
 // the word that was given, in capitals or not. Any other word is a parse error that lists them:
 // "--format: xml is not one of csv, json, text".
 template <typename Choices, typename Take>
@@ -25,7 +31,7 @@ CLI::Option* AddChoiceOption(CLI::App& command, const std::string& name, const C
             take(value);
             return;
           }
-          known += (known.empty() ? "" : ", ") + word;
+          known.append(known.empty() ? "" : ", ").append(word);
         }
         throw CLI::ValidationError(shownName, fmt::format("{} is not one of {}", text, known));
       },

@@ -30,8 +30,12 @@ std::string DescribeSignal(int number) {
   if (number == SIGTERM || number == SIGINT || number == SIGHUP) {
     return fmt::format("the detection was ended from outside ({})", name);
   }
-  if (number == SIGXFSZ) return fmt::format("the detection may not write large files ({})", name);
-  if (number == SIGXCPU) return fmt::format("the detection ran out of its time ({})", name);
+  if (number == SIGXFSZ) {
+    return fmt::format("the detection may not write large files ({})", name);
+  }
+  if (number == SIGXCPU) {
+    return fmt::format("the detection ran out of its time ({})", name);
+  }
   return fmt::format("the detection crashed ({})", name);
 }
 
@@ -134,7 +138,7 @@ WorkerEnd WorkerPool::WaitForOne() {
 
 std::filesystem::path OwnProgramPath() {
   std::error_code error;
-  const std::filesystem::path path = std::filesystem::read_symlink("/proc/self/exe", error);
+  std::filesystem::path path = std::filesystem::read_symlink("/proc/self/exe", error);
   if (error) {
     throw std::runtime_error("cannot find the command's own program file");
   }

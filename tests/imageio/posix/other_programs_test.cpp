@@ -154,7 +154,7 @@ struct WriterCase {
 
 void PrintTo(const WriterCase& writerCase, std::ostream* stream) { *stream << writerCase.name; }
 
-// Compression is not looked at. Behind a header of 108 or 124 bytes the palette is taken for the
+// Compression is not looked at. After a header of 108 or 124 bytes the palette is taken for the
 // pixels.
 const WriterCase kCases[] = {
     {"Palette", "-type Palette -compress none", "bmp3", 40, 14 + 40 + 1024, 14 + 40 + 1024, 8},

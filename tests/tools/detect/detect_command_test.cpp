@@ -64,7 +64,7 @@ TEST_F(DetectCommand, RefusesATruncatedPicture) {
   EXPECT_TRUE(LeftNothingTemporary());
 }
 
-TEST_F(DetectCommand, TellsThatNothingWasFound) {
+TEST_F(DetectCommand, SaysThatNothingWasFound) {
   EXPECT_EQ(Run("detect dark.bmp --quiet"), 1);
   EXPECT_THAT(errors, HasSubstr("dark.bmp: no bright target"));
   EXPECT_EQ(output, "");
@@ -130,7 +130,7 @@ TEST_F(DetectCommand, TakesANameThatBeginsWithADash) {
   EXPECT_THAT(errors, HasSubstr("-d.bmp: no bright target"));
 }
 
-TEST_F(DetectCommand, TellsThatThereIsNoTemporaryFolder) {
+TEST_F(DetectCommand, SaysThatThereIsNoTemporaryFolder) {
   std::filesystem::remove(folder.Path("temporary"));
   EXPECT_EQ(Run("detect dark.bmp"), 2);
   EXPECT_THAT(errors, HasSubstr("temporary"));

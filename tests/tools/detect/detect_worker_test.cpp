@@ -66,7 +66,7 @@ TEST_F(DetectWorker, TellsWhatIsWrongWithTheInput) {
   EXPECT_THAT(result.message, HasSubstr("multiples of 4"));
 }
 
-TEST_F(DetectWorker, TellsThatItsDirectoryIsGone) {
+TEST_F(DetectWorker, SaysThatItsDirectoryIsGone) {
   WritePictureFile(FlatPicture(64, 48, 20), folder.Path("dark.bmp"));
   const DetectionResult result = DetectInDirectory(folder.Path("dark.bmp"), work.Path("none"), {});
   EXPECT_EQ(result.exitCode, kExitNothingFound);

@@ -68,11 +68,11 @@ TEST(DescribePoints, SaysWhyThereAreNone) {
   EXPECT_EQ(DescribePoints({"a.bmp", 0, 0, {}, "no target was seen"}), "a.bmp: no target was seen");
 }
 
-TEST(TellsKinds, WhenOnePointDoes) {
+TEST(HasKinds, WhenOnePointDoes) {
   PointsOfImage list = GridWithout(2, 2, {});
-  EXPECT_FALSE(TellsKinds(list.points));
+  EXPECT_FALSE(HasKinds(list.points));
   list.points[3].kind = PointKind::kFilled;
-  EXPECT_TRUE(TellsKinds(list.points));
+  EXPECT_TRUE(HasKinds(list.points));
 }
 
 }  // namespace

@@ -37,7 +37,7 @@ TEST(PointList, AListWithoutKindsGetsNone) {
   PointList points = ToPointList(before, "p.csv");
   points.push_back(points[0]);
   points.back().x = 31;
-  EXPECT_FALSE(TellsKinds(ToListedPoints(points, before)));
+  EXPECT_FALSE(HasKinds(ToListedPoints(points, before)));
 }
 
 }  // namespace

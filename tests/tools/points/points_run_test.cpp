@@ -94,7 +94,7 @@ TEST_F(PointsFiles, NothingIsWrittenWhenNothingChanges) {
   }
 }
 
-TEST_F(PointsFiles, TellsThatTheOutputCannotBeWritten) {
+TEST_F(PointsFiles, SaysThatTheOutputCannotBeWritten) {
   EXPECT_EQ(Run("points add p.csv --at 1,2 --output no/such/q.csv"), 2);
   EXPECT_THAT(errors, HasSubstr("no/such/q.csv"));
   EXPECT_EQ(Run("points add p.csv --at 1,2 --output temporary"), 2);

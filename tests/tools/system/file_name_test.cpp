@@ -17,6 +17,14 @@ TEST(FileName, Utf8SurvivesTheWayToAPathAndBack) {
   }
 }
 
+TEST(FileName, EndingsComeInSmallLetters) {
+  EXPECT_EQ(SmallEnding("Seen.PNG"), ".png");
+  EXPECT_EQ(SmallEnding("folder.BMP/points.cSv"), ".csv");
+  EXPECT_EQ(SmallEnding("points.csv.AZ@[`{"), ".az@[`{");
+  EXPECT_EQ(SmallEnding(PathFromUtf8("x.\xC3\x84")), ".\xC3\x84");
+  EXPECT_EQ(SmallEnding("none"), "");
+}
+
 TEST(FileName, IsTheNameThatTheSystemSees) {
   const TemporaryFolder folder;
   folder.File("\xC3\xA4.txt", "text");

@@ -32,7 +32,7 @@ TEST(CreateNewFile, LeavesAFileThatIsThereAlone) {
   EXPECT_EQ(ReadWhole(folder.Path("kept")), "text");
 }
 
-TEST(CreateNewFile, TellsThatTheFolderIsMissing) {
+TEST(CreateNewFile, SaysThatTheFolderIsMissing) {
   const TemporaryFolder folder;
   EXPECT_EQ(CreateNewFile(folder.Path("absent/file")), nullptr);
   EXPECT_EQ(errno, ENOENT);

@@ -141,7 +141,7 @@ unsigned long caughtException = 0;
 
 int Catch(unsigned long code) {
   caughtException = code;
-  return 1;  // go on behind the __try block
+  return 1;  // go on after the __try block
 }
 
 // The code of the structured exception that leaves the library; 0 when there is none.

@@ -56,7 +56,7 @@ TEST_F(DetectOnPosix, ShowsNoProgressOfOneImageOrWhenQuiet) {
   EXPECT_THAT(seen.looks, Not(Contains(HasSubstr("of 2"))));
 }
 
-TEST_F(DetectOnPosix, TellsThatMemoryIsShort) {
+TEST_F(DetectOnPosix, SaysThatMemoryIsShort) {
 #ifdef QUORVEX_NEEDS_ADDRESS_SPACE
   GTEST_SKIP() << "the address sanitizer does not start within the limit";
 #endif
@@ -68,7 +68,7 @@ TEST_F(DetectOnPosix, TellsThatMemoryIsShort) {
   EXPECT_THAT(errors, HasSubstr("big.png"));
 }
 
-TEST_F(DetectOnPosix, TellsThatTheTemporaryFolderTakesNoFiles) {
+TEST_F(DetectOnPosix, SaysThatTheTemporaryFolderTakesNoFiles) {
   WritePictureFile(FlatPicture(64, 48, 20), folder.Path("dark.bmp"));
   // Writing then fails instead of ending the program; only a terminal takes what it says.
   const TerminalRun seen =

@@ -80,7 +80,7 @@ TEST_F(ListsOfEarlierDetections, DoNotMisleadTheDiagnosis) {
   for (const char* name : kListFiles) EXPECT_TRUE(std::filesystem::exists(ListFolder("") / name));
 }
 
-TEST_F(ListsOfEarlierDetections, HelpTellsThatImagesWait) {
+TEST_F(ListsOfEarlierDetections, HelpSaysThatImagesWait) {
   EXPECT_EQ(Run("detect --help"), 0);
   EXPECT_THAT(output, HasSubstr("drive D:"));
 }
