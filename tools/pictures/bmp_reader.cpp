@@ -18,7 +18,8 @@ constexpr std::uint32_t kCoreHeaderBytes = 12;  // sizes of 16 bits, palette ent
 constexpr std::uint32_t kV4HeaderBytes = 108;
 constexpr std::uint32_t kV5HeaderBytes = 124;
 constexpr std::uint32_t kBitFields = 3;
-constexpr std::uint64_t kMaskBytes = 3 * 4;  // after a header of 40 bytes, inside the longer ones
+constexpr std::uint64_t kMaskBytes =
+    std::uint64_t{3} * 4;  // after a header of 40 bytes, inside the longer ones
 
 struct BmpLayout {
   int width = 0;
@@ -158,12 +159,12 @@ BmpLayout ReadLayout(const ByteReader& reader) {
   return layout;
 }
 
-using Palette = std::array<std::uint8_t, 3 * kBmpPaletteColors>;  // blue, green, red
+using Palette = std::array<std::uint8_t, std::size_t{3} * kBmpPaletteColors>;  // blue, green, red
 
 Palette ReadPalette(const BmpLayout& layout, const ByteReader& reader) {
   Palette colors{};
-  for (std::uint32_t i = 0; i < layout.paletteColors; ++i) {
-    for (std::uint32_t channel = 0; channel < 3; ++channel) {
+  for (std::size_t i = 0; i < layout.paletteColors; ++i) {
+    for (std::size_t channel = 0; channel < 3; ++channel) {
       colors[3 * i + channel] =
           reader.U8(layout.paletteOffset + i * layout.paletteEntryBytes + channel);
     }

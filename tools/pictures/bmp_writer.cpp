@@ -47,7 +47,7 @@ void AppendHeaders(std::vector<std::uint8_t>& bytes, const Picture& picture,
 
 std::vector<std::uint8_t> EncodeBmp(const Picture& picture, const std::string& name) {
   const std::uint64_t pixelOffset =
-      kBmpFileHeaderBytes + kBmpInfoHeaderBytes + kBmpPaletteColors * 4;
+      kBmpFileHeaderBytes + kBmpInfoHeaderBytes + std::uint64_t{kBmpPaletteColors} * 4;
   const std::uint64_t stride = BmpStride(picture.width, 8);
   const std::uint64_t fileBytes = pixelOffset + stride * static_cast<std::uint64_t>(picture.height);
   if (fileBytes > std::numeric_limits<std::uint32_t>::max()) {

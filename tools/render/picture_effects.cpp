@@ -15,13 +15,15 @@ constexpr double kBlurReach = 4;  // sigmas; what lies beyond is below 1e-4 of t
 std::vector<double> PixelWeights(double sigma) {
   const double sampleSigma = sigma * kSamplesPerPixelSide;
   const int reach = static_cast<int>(std::ceil(kBlurReach * sampleSigma));
-  std::vector<double> weights(static_cast<std::size_t>(2 * reach + kSamplesPerPixelSide), 0.0);
+  const int count = 2 * reach + kSamplesPerPixelSide;
+  std::vector<double> weights(static_cast<std::size_t>(count), 0.0);
   double sum = 0;
   for (int offset = -reach; offset <= reach; ++offset) {
     const double distance = sigma == 0 ? 0 : offset / sampleSigma;
     const double weight = std::exp(-0.5 * distance * distance);
     for (int sample = 0; sample < kSamplesPerPixelSide; ++sample) {
-      weights[static_cast<std::size_t>(reach + offset + sample)] += weight;
+      const int index = reach + offset + sample;
+      weights[static_cast<std::size_t>(index)] += weight;
       sum += weight;
     }
   }

@@ -112,7 +112,8 @@ std::vector<TruthMark> ProjectMarks(const RenderSettings& settings) {
     }
   }
   for (const GridPosition& mark : settings.missing) {
-    marks[static_cast<std::size_t>(mark.row * settings.columns + mark.column)].isMissing = true;
+    const int index = mark.row * settings.columns + mark.column;
+    marks[static_cast<std::size_t>(index)].isMissing = true;
   }
   return marks;
 }

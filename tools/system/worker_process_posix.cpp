@@ -125,7 +125,7 @@ WorkerEnd WorkerPool::WaitForOne() {
       if (waitpid(process, &status, WNOHANG) != process) {
         continue;
       }
-      const WorkerEnd end{worker, DescribeEnd(status)};
+      WorkerEnd end{worker, DescribeEnd(status)};
       state_->workers.erase(process);
       return end;
     }
