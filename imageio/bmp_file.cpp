@@ -103,7 +103,8 @@ void FillHeader(unsigned char* header, long width, long height, int bitsPerPixel
 
 void FillGreyRamp(unsigned char* table, int entries) {
   for (int i = 0; i < entries; ++i) {
-    std::memset(table + kColorEntrySize * i, i, 3);
+    std::memset(table, i, 3);
+    table += kColorEntrySize;
   }
 }
 
@@ -142,8 +143,8 @@ bool ParseDib(const unsigned char* dib, std::uint64_t size, DibContents& content
                                                    : static_cast<std::uint64_t>(ColorTableEntries(
                                                          GetU16(dib + kBitCountOffset))));
   } else {
-    tableSize = static_cast<std::uint64_t>(kCoreColorEntrySize *
-                                           ColorTableEntries(GetU16(dib + kCoreBitCountOffset)));
+    const int entries = ColorTableEntries(GetU16(dib + kCoreBitCountOffset));
+    tableSize = std::uint64_t{kCoreColorEntrySize} * static_cast<std::uint64_t>(entries);
   }
   contents.pixelOffset = headerSize + tableSize;
 
