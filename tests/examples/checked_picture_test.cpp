@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <fstream>
+#include <iterator>
 #include <string>
 
 #include "tests/support/run_program.h"
@@ -42,7 +44,8 @@ class CheckedPicture : public testing::Test {
                           folder.Path(),
                           {{"LSAN_OPTIONS", "suppressions=" QUORVEX_LEAKS}}}),
               1);
-    return ReadWhole(folder.Path("err.txt"));
+    std::ifstream errors(folder.Path("err.txt"));  // as text: Windows ends its lines otherwise
+    return {std::istreambuf_iterator<char>(errors), {}};
   }
 
   TemporaryFolder folder;
