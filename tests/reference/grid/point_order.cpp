@@ -1,0 +1,26 @@
+#include "tests/reference/grid.h"
+
+#include "base/bubble_sort.h"
+#include "grid/point_order.h"
+
+namespace quorvex::plain {
+
+void SortPointsByX(PointList& points) {
+  BubbleSort(points, [](const CalibrationPoint& earlier, const CalibrationPoint& later) {
+    return earlier.x > later.x;
+  });
+}
+
+void SortPointsByY(PointList& points, int direction) {
+  if (direction == kAscending) {
+    BubbleSort(points, [](const CalibrationPoint& earlier, const CalibrationPoint& later) {
+      return earlier.y > later.y;
+    });
+  } else if (direction == kDescending) {
+    BubbleSort(points, [](const CalibrationPoint& earlier, const CalibrationPoint& later) {
+      return later.y > earlier.y;
+    });
+  }
+}
+
+}  // namespace quorvex::plain
