@@ -1,24 +1,19 @@
 #include "grid/point_order.h"
 
-#include "base/bubble_sort.h"
+#include "base/stable_sort.h"
 
 namespace quorvex {
 
 void SortPointsByX(PointList& points) {
-  BubbleSort(points, [](const CalibrationPoint& earlier, const CalibrationPoint& later) {
-    return earlier.x > later.x;
-  });
+  SortAscending(points, [](const CalibrationPoint& point) { return point.x; });
 }
 
 void SortPointsByY(PointList& points, SortDirection direction) {
+  const auto y = [](const CalibrationPoint& point) { return point.y; };
   if (direction == kAscending) {
-    BubbleSort(points, [](const CalibrationPoint& earlier, const CalibrationPoint& later) {
-      return earlier.y > later.y;
-    });
+    SortAscending(points, y);
   } else if (direction == kDescending) {
-    BubbleSort(points, [](const CalibrationPoint& earlier, const CalibrationPoint& later) {
-      return later.y > earlier.y;
-    });
+    SortDescending(points, y);
   }
 }
 

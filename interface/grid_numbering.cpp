@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
-#include "base/bubble_sort.h"
 #include "base/largest_field.h"
+#include "base/stable_sort.h"
 #include "grid/missing_points.h"
 
 namespace quorvex {
@@ -41,9 +41,7 @@ void AppendNumberedPoints(const PointList& grid, PointList& points) {
 }
 
 void SortPointsById(PointList& points) {
-  BubbleSort(points, [](const CalibrationPoint& earlier, const CalibrationPoint& later) {
-    return earlier.id > later.id;
-  });
+  SortAscending(points, [](const CalibrationPoint& point) { return point.id; });
 }
 
 }  // namespace quorvex
