@@ -3,6 +3,7 @@
 add_library(quorvex_objects OBJECT
   base/point_geometry.cpp
   imageio/bmp_file.cpp
+  imageio/bmp_header.cpp
   imageio/diagnostic_picture.cpp
   imageio/grey_conversion.cpp
   preprocess/binarize.cpp

@@ -10,4 +10,11 @@
 #include "platform/mfc_subset.h"
 #endif
 
+// Whether what CFile::SetLength adds to a file reads as zeros: POSIX promises it, Windows does not.
+#if defined(_WIN32)
+constexpr bool kNewLengthIsZeros = false;
+#else
+constexpr bool kNewLengthIsZeros = true;
+#endif
+
 #endif  // QUORVEX_PLATFORM_MFC_H_

@@ -56,7 +56,8 @@ class CFile {
     modeRead = 0x0000,
     modeWrite = 0x0001,
     modeReadWrite = 0x0002,
-    modeCreate = 0x1000
+    modeCreate = 0x1000,
+    modeNoTruncate = 0x2000  // with modeCreate: an existing file keeps its contents
   };
 
   CFile() = default;
@@ -71,6 +72,7 @@ class CFile {
   virtual ULONGLONG GetLength() const;
   virtual UINT Read(void* buffer, UINT count);         // bytes read, fewer at the end of the file
   virtual void Write(const void* buffer, UINT count);  // throws unless every byte was written
+  virtual void SetLength(ULONGLONG length);            // throws; cuts or extends the file
   virtual void Close();
 
  private:

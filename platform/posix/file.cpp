@@ -85,8 +85,9 @@ BOOL CFile::Open(LPCTSTR path, UINT openFlags, CFileException* error) {
   }
   const int descriptor = ::open(path, flags, kNewFileMode);
   int systemError = descriptor < 0 ? errno : CheckOpened(descriptor, access != O_RDONLY);
+  const bool empties = create && (openFlags & modeNoTruncate) == 0;
   struct stat status;
-  if (systemError == 0 && create && fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) &&
+  if (systemError == 0 && empties && fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) &&
       ::ftruncate(descriptor, 0) != 0) {
     systemError = errno;
   }
@@ -146,6 +147,12 @@ void CFile::Write(const void* buffer, UINT count) {
       throw new CFileException(CFileException::diskFull, ENOSPC);
     }
     total += static_cast<UINT>(written);
+  }
+}
+
+void CFile::SetLength(ULONGLONG length) {
+  if (::ftruncate(DescriptorOf(handle_), static_cast<off_t>(length)) != 0) {
+    throw new CFileException(CauseOf(errno), errno);
   }
 }
 

@@ -60,7 +60,9 @@ CFile::~CFile() {
 
 BOOL CFile::Open(LPCTSTR path, UINT openFlags, CFileException* error) {
   constexpr DWORD kExclusive = 0;
-  const DWORD disposition = (openFlags & modeCreate) != 0 ? CREATE_ALWAYS : OPEN_EXISTING;
+  const bool keeps = (openFlags & modeNoTruncate) != 0;
+  const DWORD creation = keeps ? OPEN_ALWAYS : CREATE_ALWAYS;
+  const DWORD disposition = (openFlags & modeCreate) != 0 ? creation : OPEN_EXISTING;
   const HANDLE handle = CreateFileW(path, AccessMode(openFlags), kExclusive, nullptr, disposition,
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
   if (handle == INVALID_HANDLE_VALUE) {
@@ -99,6 +101,15 @@ void CFile::Write(const void* buffer, UINT count) {
   // A full disk may be reported as success with fewer bytes.
   if (written != count) {
     throw new CFileException(CFileException::diskFull, ERROR_DISK_FULL);
+  }
+}
+
+void CFile::SetLength(ULONGLONG length) {
+  LARGE_INTEGER end;
+  end.QuadPart = static_cast<LONGLONG>(length);
+  if (SetFilePointerEx(HandleOf(handle_), end, nullptr, FILE_BEGIN) == 0 ||
+      SetEndOfFile(HandleOf(handle_)) == 0) {
+    ThrowLastError();
   }
 }
 

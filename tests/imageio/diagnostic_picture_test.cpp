@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <filesystem>
+#include <vector>
 
 #include "imageio/bmp_file.h"
 #include "tests/support/bytes.h"
@@ -51,11 +54,39 @@ TEST_F(DiagnosticPictureTest, FileThatCannotBeCreatedIsIgnored) {
   EXPECT_TRUE(TakeMessages().empty());
 }
 
-TEST_F(DiagnosticPictureTest, MissingMemoryIsIgnored) {
+TEST_F(DiagnosticPictureTest, TakesNoBlockOfMemory) {
   const FailNth fault(Fault::kGlobalAlloc, 1);
-  EXPECT_NO_THROW(SaveDiagnosticPicture(kPixels, 4, 2, kName));
-  EXPECT_TRUE(fault.HasHappened());
-  EXPECT_FALSE(fs::exists(kName));
+  SaveDiagnosticPicture(kPixels, 4, 2, kName);
+  EXPECT_FALSE(fault.HasHappened());
+  EXPECT_EQ(ReadBytes(kName).size(), 1078u + 8u);
+}
+
+TEST_F(DiagnosticPictureTest, AFailedWriteLeavesNothingOfAnEarlierPicture) {
+  SaveDiagnosticPicture(kPixels, 4, 2, kName);
+  const FailNth fault(Fault::kWrite, 2);
+  SaveDiagnosticPicture(kPixels, 4, 2, kName);
+  EXPECT_TRUE(ReadBytes(kName).empty());
+}
+
+TEST_F(DiagnosticPictureTest, RowsThatAreNotGivenAreBlackOverAnyEarlierPicture) {
+  const std::vector<unsigned char> white(64 * 50, 255);
+  SaveDiagnosticPicture(white.data(), 64, 50, kName);
+  for (const int height : {2, 3, 40, 200}) {
+    SaveTopOfDiagnosticPicture(kPixels, 2, 4, height, kName);
+    Bytes expected(static_cast<std::size_t>(4 * height));
+    std::copy(kPixels, kPixels + 8, expected.begin());
+    ASSERT_TRUE(Save_Image(expected.data(), 4, height, 8, "same.bmp"));
+    EXPECT_EQ(ReadBytes(kName), ReadBytes("same.bmp")) << height;
+  }
+}
+
+TEST_F(DiagnosticPictureTest, RowsOfAnyWidthAreStoredAsSaveImageDoes) {
+  for (const int width : {1, 2, 3, 5, 6, 7}) {
+    const std::vector<unsigned char> pixels(static_cast<std::size_t>(width) * 5, 200);
+    SaveDiagnosticPicture(pixels.data(), width, 5, kName);
+    ASSERT_TRUE(Save_Image(pixels.data(), width, 5, 8, "same.bmp"));
+    EXPECT_EQ(ReadBytes(kName), ReadBytes("same.bmp")) << width;
+  }
 }
 
 }  // namespace
