@@ -3,8 +3,10 @@
 #ifndef QUORVEX_BASE_GRAY_IMAGE_H_
 #define QUORVEX_BASE_GRAY_IMAGE_H_
 
+#include <algorithm>
 #include <cstddef>
-#include <vector>
+#include <memory>
+#include <utility>
 
 namespace quorvex {
 
@@ -33,25 +35,46 @@ class GrayImage {
   GrayImage() = default;
 
   // A black image; width and height are at least 0.
-  GrayImage(int width, int height)
-      : width_(width), height_(height), pixels_(PixelOffset(0, height, width)) {}
+  GrayImage(int width, int height) : GrayImage(Unset(width, height)) { Fill(0); }
 
   // A copy of width * height bytes.
-  GrayImage(const unsigned char* source, int width, int height)
-      : width_(width), height_(height), pixels_(source, source + PixelOffset(0, height, width)) {}
+  GrayImage(const unsigned char* source, int width, int height) : GrayImage(Unset(width, height)) {
+    std::copy(source, source + Size(), Data());
+  }
+
+  // An image whose pixels hold anything until they are written.
+  static GrayImage Unset(int width, int height) {
+    GrayImage image;
+    image.width_ = width;
+    image.height_ = height;
+    image.pixels_.reset(new unsigned char[image.Size()]);
+    return image;
+  }
+
+  GrayImage(const GrayImage& other) : GrayImage(other.Data(), other.Width(), other.Height()) {}
+  GrayImage(GrayImage&& other) noexcept
+      : width_(std::exchange(other.width_, 0)),
+        height_(std::exchange(other.height_, 0)),
+        pixels_(std::move(other.pixels_)) {}
+  GrayImage& operator=(GrayImage other) noexcept {
+    width_ = other.width_;
+    height_ = other.height_;
+    pixels_ = std::move(other.pixels_);
+    return *this;
+  }
 
   int Width() const { return width_; }
   int Height() const { return height_; }
-  std::size_t Size() const { return pixels_.size(); }
-  unsigned char* Data() { return pixels_.data(); }
-  const unsigned char* Data() const { return pixels_.data(); }
+  std::size_t Size() const { return PixelOffset(0, height_, width_); }
+  unsigned char* Data() { return pixels_.get(); }
+  const unsigned char* Data() const { return pixels_.get(); }
 
-  void Fill(unsigned char value) { pixels_.assign(pixels_.size(), value); }
+  void Fill(unsigned char value) { std::fill(Data(), Data() + Size(), value); }
 
  private:
   int width_ = 0;
   int height_ = 0;
-  std::vector<unsigned char> pixels_;
+  std::unique_ptr<unsigned char[]> pixels_;
 };
 
 }  // namespace quorvex

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <vector>
 
 #include "base/gray_image.h"
@@ -21,62 +22,96 @@ constexpr int kSearchLimit = 10'000'000;     // pixels that one search adds befo
 constexpr PixelPosition kNeighbours[8] = {{-1, 0},  {0, 1},  {1, 0},  {0, -1},
                                           {-1, -1}, {1, -1}, {-1, 1}, {1, 1}};
 
-std::size_t Offset(PixelPosition position, int width) {
-  return BitmapStride(width) * static_cast<std::size_t>(position.y) +
-         static_cast<std::size_t>(position.x);
-}
+// Searches components breadth first, level by level. Once a component is known to be too large its
+// pixels need not be remembered: those found so far and those still to come are removed as the
+// search goes on. What the search does not reach before it gives up stays for the next one.
+class ComponentSearch {
+ public:
+  ComponentSearch(unsigned char* image, int width, int height)
+      : image_(image), width_(width), height_(height), stride_(BitmapStride(width)) {}
 
-// Fills `component` with the pixels connected to the seed, breadth first, each set to kVisited.
-void CollectComponent(unsigned char* image, int width, int height, PixelPosition seed,
-                      std::vector<PixelPosition>& component) {
-  component.assign(1, seed);
-  image[Offset(seed, width)] = kVisited;
-  int added = 0;
-  for (std::size_t next = 0; next < component.size(); ++next) {
-    const PixelPosition centre = component[next];
+  void Run(PixelPosition seed) {
+    lowest_ = highest_ = seed;
+    found_.assign(1, seed);
+    level_.assign(1, seed);
+    mark_ = kVisited;
+    At(seed) = mark_;
+    int added = 0;
+    while (!level_.empty()) {
+      next_.clear();
+      for (const PixelPosition centre : level_) {
+        if (!VisitNeighbours(centre, added)) {
+          return;
+        }
+      }
+      level_.swap(next_);
+    }
+  }
+
+ private:
+  unsigned char& At(PixelPosition position) {
+    return image_[stride_ * static_cast<std::size_t>(position.y) +
+                  static_cast<std::size_t>(position.x)];
+  }
+
+  // False when the search gives up.
+  bool VisitNeighbours(PixelPosition centre, int& added) {
     for (const PixelPosition& step : kNeighbours) {
       const PixelPosition neighbour{centre.x + step.x, centre.y + step.y};
-      if (!IsInside(neighbour.x, neighbour.y, width, height) ||
-          image[Offset(neighbour, width)] != kStroke) {
+      if (!IsInside(neighbour.x, neighbour.y, width_, height_) || At(neighbour) != kStroke) {
         continue;
       }
-      component.push_back(neighbour);
-      image[Offset(neighbour, width)] = kVisited;
+      At(neighbour) = mark_;
+      next_.push_back(neighbour);
+      if (mark_ == kVisited) {
+        Remember(neighbour);
+      }
       if (++added > kSearchLimit) {
-        return;
+        return false;
+      }
+    }
+    return true;
+  }
+
+  void Remember(PixelPosition position) {
+    found_.push_back(position);
+    lowest_ = {std::min(lowest_.x, position.x), std::min(lowest_.y, position.y)};
+    highest_ = {std::max(highest_.x, position.x), std::max(highest_.y, position.y)};
+    const bool isTooLarge = highest_.x - lowest_.x + 1 > kLargestExtent ||
+                            highest_.y - lowest_.y + 1 > kLargestExtent ||
+                            found_.size() > kLargestArea;
+    if (isTooLarge) {
+      mark_ = kRemoved;
+      for (const PixelPosition& earlier : found_) {
+        At(earlier) = kRemoved;
       }
     }
   }
-}
 
-bool IsTooLarge(const std::vector<PixelPosition>& component, int width, int height) {
-  PixelPosition lowest{width, height};
-  PixelPosition highest{0, 0};
-  for (const PixelPosition& position : component) {
-    lowest.x = std::min(lowest.x, position.x);
-    lowest.y = std::min(lowest.y, position.y);
-    highest.x = std::max(highest.x, position.x);
-    highest.y = std::max(highest.y, position.y);
-  }
-  return highest.x - lowest.x + 1 > kLargestExtent || highest.y - lowest.y + 1 > kLargestExtent ||
-         component.size() > kLargestArea;
-}
+  unsigned char* image_;
+  int width_;
+  int height_;
+  std::size_t stride_;
+  unsigned char mark_ = kVisited;
+  PixelPosition lowest_ = {0, 0};
+  PixelPosition highest_ = {0, 0};
+  std::vector<PixelPosition> found_;  // while the component may stay
+  std::vector<PixelPosition> level_;  // pixels at one distance from the seed, in the order found
+  std::vector<PixelPosition> next_;
+};
 
 }  // namespace
 
 bool RemoveLargeComponents(unsigned char* image, int width, int height) {
-  std::vector<PixelPosition> component;
+  ComponentSearch search(image, width, height);
   for (int y = 0; y < height; ++y) {
-    for (int x = 0; x < width; ++x) {
-      if (image[Offset({x, y}, width)] != kStroke) {
-        continue;
-      }
-      CollectComponent(image, width, height, {x, y}, component);
-      if (IsTooLarge(component, width, height)) {
-        for (const PixelPosition& position : component) {
-          image[Offset(position, width)] = kRemoved;
-        }
-      }
+    unsigned char* row = image + BitmapStride(width) * static_cast<std::size_t>(y);
+    const unsigned char* end = row + std::max(width, 0);
+    const unsigned char* seed = row;
+    while (seed < end && (seed = static_cast<const unsigned char*>(std::memchr(
+                              seed, kStroke, static_cast<std::size_t>(end - seed)))) != nullptr) {
+      search.Run({static_cast<int>(seed - row), y});
+      ++seed;
     }
   }
   return true;

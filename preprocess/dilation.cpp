@@ -1,5 +1,6 @@
 #include "preprocess/dilation.h"
 
+#include <cstddef>
 #include <cstring>
 
 #include "base/gray_image.h"
@@ -12,23 +13,36 @@ constexpr unsigned char kBlack = 0;
 constexpr unsigned char kWhite = 255;
 constexpr int kIgnoredNeighbour = -1;
 
-// The image lies in memory as one run of pixels: beyond the left or right end of a row its
-// neighbour is the far end of the next row. What would lie outside the run is not black.
-bool IsBlack(const unsigned char* image, std::ptrdiff_t size, std::ptrdiff_t offset) {
-  return offset >= 0 && offset < size && image[offset] == kBlack;
+bool IsBlackAndWhite(const unsigned char* pixels, std::size_t count) {
+  unsigned char other = 0;
+  for (std::size_t i = 0; i < count; ++i) {
+    other |= static_cast<unsigned char>(pixels[i] != kBlack && pixels[i] != kWhite);
+  }
+  return other == 0;
 }
 
-bool HasBlackNeighbour(const unsigned char* image, std::ptrdiff_t size, std::ptrdiff_t offset,
-                       int width, const int* element) {
+// Makes every pixel of `result` black whose counterpart in `neighbours` is.
+void SpreadBlack(const unsigned char* neighbours, std::ptrdiff_t count, unsigned char* result) {
+  for (std::ptrdiff_t i = 0; i < count; ++i) {
+    result[i] = neighbours[i] == kBlack ? kBlack : result[i];
+  }
+}
+
+// The image lies in memory as one run of pixels: beyond the left or right end of a row its
+// neighbour is the far end of the next row. What would lie outside the run is not black.
+void DilateRow(const unsigned char* image, std::ptrdiff_t size, std::ptrdiff_t rowStart, int width,
+               const int* element, unsigned char* result) {
   for (int dy = 1; dy >= -1; --dy) {
     for (int dx = -1; dx <= 1; ++dx, ++element) {
-      if (*element != kIgnoredNeighbour &&
-          IsBlack(image, size, offset + static_cast<std::ptrdiff_t>(dy) * width + dx)) {
-        return true;
+      if (*element == kIgnoredNeighbour) {
+        continue;
       }
+      const std::ptrdiff_t start = rowStart + static_cast<std::ptrdiff_t>(dy) * width + dx;
+      const std::ptrdiff_t before = start < 0 ? -start : 0;
+      const std::ptrdiff_t beyond = start + width > size ? start + width - size : 0;
+      SpreadBlack(image + start + before, width - before - beyond, result + before);
     }
   }
-  return false;
 }
 
 }  // namespace
@@ -42,18 +56,15 @@ bool DilateImage(unsigned char* image, int width, int height, int, const int* el
   if (!dilated.IsValid()) {
     return false;
   }
+  if (height > 2 &&
+      !IsBlackAndWhite(image + PixelOffset(0, 1, width), PixelOffset(0, height - 2, width))) {
+    return false;
+  }
   std::memset(dilated.Data(), kWhite, size);
   for (int y = 1; y <= height - 2; ++y) {
-    for (int x = 0; x < width; ++x) {
-      const std::size_t offset = PixelOffset(x, y, width);
-      if (image[offset] != kBlack && image[offset] != kWhite) {
-        return false;
-      }
-      if (HasBlackNeighbour(image, static_cast<std::ptrdiff_t>(size),
-                            static_cast<std::ptrdiff_t>(offset), width, element)) {
-        dilated.Data()[offset] = kBlack;
-      }
-    }
+    const std::size_t row = PixelOffset(0, y, width);
+    DilateRow(image, static_cast<std::ptrdiff_t>(size), static_cast<std::ptrdiff_t>(row), width,
+              element, dilated.Data() + row);
   }
   std::memcpy(image, dilated.Data(), size);
   return true;

@@ -1,7 +1,6 @@
 #include "preprocess/outline_tracing.h"
 
 #include <cmath>
-#include <vector>
 
 #include "base/gray_image.h"
 #include "base/rounding.h"
@@ -15,29 +14,35 @@ constexpr int kDarkRun = 16;      // pixels from the first black to the last tha
 constexpr int kAcrossReach = 3;   // pixels to either side of a ray
 constexpr int kWhiteAbove = 254;  // grey level
 
-struct RaySample {
-  int radius;  // pixels
-  int value;   // grey level
-};
+// A ray from the centre. The offsets along it are made a stretch at a time, as far as the ray is
+// followed: a loop without calls is vectorised.
+class Ray {
+ public:
+  Ray(double cosine, double sine) : cosine_(cosine), sine_(sine) {}
 
-struct Ray {
-  double cosine;
-  double sine;
-  std::vector<RaySample> samples;
-};
-
-void SampleRay(const GrayView& image, PixelPosition centre, int rayLength, Ray& ray) {
-  ray.samples.clear();
-  for (int radius = 1; radius <= rayLength - 1; ++radius) {
-    const PixelPosition offset = RayOffset(radius, ray.cosine, ray.sine);
-    const int x = centre.x + offset.x;
-    const int y = centre.y + offset.y;
-    if (!image.Holds(x, y)) {
-      break;
+  // The pixel offset at a radius from 1 on; as RayOffset, whose careful cut no radius within an
+  // image needs.
+  PixelPosition OffsetAt(int radius) {
+    if (radius < first_ || radius >= first_ + kStretch) {
+      first_ = radius;
+      for (int i = 0; i < kStretch; ++i) {
+        const double r = static_cast<double>(radius) + i;
+        x_[i] = static_cast<int>(static_cast<double>(static_cast<float>(r * cosine_)) + 0.5);
+        y_[i] = static_cast<int>(static_cast<double>(static_cast<float>(r * sine_)) + 0.5);
+      }
     }
-    ray.samples.push_back({radius, image.At(x, y)});
+    return {x_[radius - first_], y_[radius - first_]};
   }
-}
+
+ private:
+  static constexpr int kStretch = 64;  // pixels
+
+  double cosine_;
+  double sine_;
+  int first_ = -kStretch;  // radius of the first offset that is there
+  int x_[kStretch];
+  int y_[kStretch];
+};
 
 // Whether white lies within reach across the ray at `offset`, `distance` pixels from the centre:
 // the black there then belongs to a thin dark line that the ray meets or runs along.
@@ -61,33 +66,55 @@ float DistanceFromCentre(PixelPosition offset) {
   return static_cast<float>(std::sqrt(static_cast<double>(x * x + y * y)));
 }
 
+// Where a ray is at a distance from the centre.
+PixelPosition RayPosition(PixelPosition centre, PixelPosition offset) {
+  return {centre.x + offset.x, centre.y + offset.y};
+}
+
+// The last radius of the ray inside the image, from one that is known to be inside.
+int LastRadius(const GrayView& image, PixelPosition centre, Ray& ray, int rayLength, int known) {
+  int last = known;
+  while (last < rayLength - 1) {
+    const PixelPosition next = RayPosition(centre, ray.OffsetAt(last + 1));
+    if (!image.Holds(next.x, next.y)) {
+      break;
+    }
+    ++last;
+  }
+  return last;
+}
+
 // The radius at which the target ends along the ray. The dark run is counted from the last radius
 // at which black followed white (0 at first), also across the skipped white of thin lines.
-int FindOutlineRadius(const GrayView& image, PixelPosition centre, const Ray& ray) {
+int FindOutlineRadius(const GrayView& image, PixelPosition centre, Ray& ray, int rayLength) {
   bool isWhite = false;
   int darkStart = 0;
-  for (const RaySample& sample : ray.samples) {
-    if (sample.value != 0) {
+  for (int radius = 1; radius <= rayLength - 1; ++radius) {
+    const PixelPosition offset = ray.OffsetAt(radius);
+    const PixelPosition position = RayPosition(centre, offset);
+    if (!image.Holds(position.x, position.y)) {
+      return radius - 1;
+    }
+    if (image.At(position.x, position.y) != 0) {
       isWhite = true;
       continue;
     }
     if (!isWhite) {
-      if (sample.radius - darkStart >= kDarkRun) {
+      if (radius - darkStart >= kDarkRun) {
         return darkStart;
       }
       continue;
     }
-    const PixelPosition offset = RayOffset(sample.radius, ray.cosine, ray.sine);
     const float distance = DistanceFromCentre(offset);
     if (distance == 0.0f) {
-      break;
+      return LastRadius(image, centre, ray, rayLength, radius);
     }
     if (!HasWhiteAcross(image, centre, offset, distance)) {
-      darkStart = sample.radius;
+      darkStart = radius;
       isWhite = false;
     }
   }
-  return ray.samples.empty() ? 0 : ray.samples.back().radius;
+  return rayLength > 1 ? rayLength - 1 : 0;
 }
 
 }  // namespace
@@ -107,14 +134,13 @@ bool TraceTargetOutline(const unsigned char* image, int width, int height, Outli
   const double cx = centre.x;
   const double cy = centre.y;
   const int rayLength = TruncateToInt(std::sqrt(cx * cx + cy * cy));
-  Ray ray;
   for (int k = 0; k < kRayCount; ++k) {
     const float angle = static_cast<float>(k) * kRayStep;
-    ray.cosine = std::cos(static_cast<double>(angle));
-    ray.sine = std::sin(static_cast<double>(angle));
-    SampleRay(view, centre, rayLength, ray);
-    const int radius = FindOutlineRadius(view, centre, ray);
-    const PixelPosition offset = RayOffset(radius, ray.cosine, ray.sine);
+    const double cosine = std::cos(static_cast<double>(angle));
+    const double sine = std::sin(static_cast<double>(angle));
+    Ray ray(cosine, sine);
+    const int radius = FindOutlineRadius(view, centre, ray, rayLength);
+    const PixelPosition offset = RayOffset(radius, cosine, sine);
     outline.push_back({centre.x + offset.x, centre.y + offset.y});
   }
   return true;
