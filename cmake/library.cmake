@@ -23,6 +23,7 @@ add_library(quorvex_objects OBJECT
   crossmark/cross_center.cpp
   crossmark/cross_lines.cpp
   crossmark/cross_location.cpp
+  crossmark/cross_mark_search.cpp
   crossmark/cross_refinement.cpp
   crossmark/cross_strokes.cpp
   crossmark/hough_lines.cpp
@@ -31,6 +32,7 @@ add_library(quorvex_objects OBJECT
   crossmark/line_intersection.cpp
   crossmark/line_picture.cpp
   crossmark/line_splitting.cpp
+  crossmark/mark_pictures.cpp
   crossmark/patch_binarization.cpp
   crossmark/profile_refinement.cpp
   crossmark/thinning.cpp

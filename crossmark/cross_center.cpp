@@ -1,5 +1,7 @@
 #include "crossmark/cross_center.h"
 
+#include <memory>
+
 #include "crossmark/cross_strokes.h"
 #include "crossmark/line_intersection.h"
 #include "crossmark/patch.h"
@@ -10,9 +12,19 @@ namespace quorvex {
 bool LocateCrossCenter(const unsigned char* greyPatch, const unsigned char* thinnedPatch, float& x,
                        float& y) {
   constexpr int kThinnedStroke = 0;
+  const StrokePatch thinned{std::make_shared<const GrayImage>(thinnedPatch, kPatchSize, kPatchSize),
+                            kThinnedStroke, kPatchSize, kPatchSize};
+  HoughTransform hough(kPatchSize, kPatchSize);
+  MarkPictures pictures;
+  return LocateCrossCenter(greyPatch, thinned, hough, pictures, x, y);
+}
+
+bool LocateCrossCenter(const unsigned char* greyPatch, const StrokePatch& thinned,
+                       HoughTransform& hough, MarkPictures& pictures, float& x, float& y) {
   CrossStrokes strokes;
-  if (!FindCrossStrokes({thinnedPatch, kPatchSize, kThinnedStroke, kPatchSize, kPatchSize},
-                        strokes)) {
+  const StrokeFinding finding = FindCrossStrokes(thinned, hough, strokes);
+  ShowStrokes(thinned, finding, pictures);
+  if (finding != StrokeFinding::kCross) {
     return false;
   }
   // Both strokes are re-fitted around the first centre.

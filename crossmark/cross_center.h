@@ -2,6 +2,9 @@
 #ifndef QUORVEX_CROSSMARK_CROSS_CENTER_H_
 #define QUORVEX_CROSSMARK_CROSS_CENTER_H_
 
+#include "crossmark/hough_lines.h"
+#include "crossmark/mark_pictures.h"
+
 namespace quorvex {
 
 // Finds the crossing of the two strokes on a 160 x 160 grey patch; `thinnedPatch` holds its thinned
@@ -10,6 +13,11 @@ namespace quorvex {
 // "./LineSegment.bmp".
 bool LocateCrossCenter(const unsigned char* greyPatch, const unsigned char* thinnedPatch, float& x,
                        float& y);
+
+// The same for one patch of many: `thinned` is the patch with its thinned strokes, the transform is
+// one for 160 x 160 images, and the pictures show what was found.
+bool LocateCrossCenter(const unsigned char* greyPatch, const StrokePatch& thinned,
+                       HoughTransform& hough, MarkPictures& pictures, float& x, float& y);
 
 }  // namespace quorvex
 

@@ -25,30 +25,38 @@ float FoldedDifference(float angle, float reference) {
 
 }  // namespace
 
+bool ChooseCrossLines(const LineSegmentList& segments, std::size_t& first, std::size_t& second) {
+  first = 0;
+  for (std::size_t i = 1; i < segments.size(); ++i) {
+    if (segments[i].points.size() > segments[first].points.size()) {
+      first = i;
+    }
+  }
+  bool hasSecond = false;
+  for (std::size_t i = 0; i < segments.size(); ++i) {
+    const float difference = FoldedDifference(segments[i].angle, segments[first].angle);
+    const bool qualifies = static_cast<double>(std::fabs(difference)) > kAngleAbove;
+    if (qualifies && (!hasSecond || segments[i].points.size() > segments[second].points.size())) {
+      second = i;
+      hasSecond = true;
+    }
+  }
+  return hasSecond;
+}
+
 bool SelectCrossLines(const LineSegmentList& segments, float& x, float& y, LineSegment& firstLine,
                       LineSegment& secondLine) {
   if (segments.size() < 2) {
     return false;
   }
-  const LineSegment* first = &segments.front();
-  for (const LineSegment& segment : segments) {
-    if (segment.points.size() > first->points.size()) {
-      first = &segment;
-    }
-  }
-  firstLine = *first;
-  const LineSegment* second = nullptr;
-  for (const LineSegment& segment : segments) {
-    const float difference = FoldedDifference(segment.angle, first->angle);
-    const bool qualifies = static_cast<double>(std::fabs(difference)) > kAngleAbove;
-    if (qualifies && (second == nullptr || segment.points.size() > second->points.size())) {
-      second = &segment;
-    }
-  }
-  if (second == nullptr) {
+  std::size_t first = 0;
+  std::size_t second = 0;
+  const bool hasSecond = ChooseCrossLines(segments, first, second);
+  firstLine = segments[first];
+  if (!hasSecond) {
     return false;
   }
-  secondLine = *second;
+  secondLine = segments[second];
   return IntersectLines(firstLine, secondLine, x, y);
 }
 

@@ -2,6 +2,8 @@
 #ifndef QUORVEX_CROSSMARK_CROSS_LINES_H_
 #define QUORVEX_CROSSMARK_CROSS_LINES_H_
 
+#include <cstddef>
+
 #include "crossmark/line_segment.h"
 
 namespace quorvex {
@@ -12,6 +14,9 @@ namespace quorvex {
 // nothing.
 bool SelectCrossLines(const LineSegmentList& segments, float& x, float& y, LineSegment& firstLine,
                       LineSegment& secondLine);
+
+// The choice alone, as positions in the list; false when there is no second line.
+bool ChooseCrossLines(const LineSegmentList& segments, std::size_t& first, std::size_t& second);
 
 }  // namespace quorvex
 

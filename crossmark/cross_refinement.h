@@ -3,6 +3,7 @@
 #define QUORVEX_CROSSMARK_CROSS_REFINEMENT_H_
 
 #include "base/calibration_point.h"
+#include "crossmark/mark_pictures.h"
 
 namespace quorvex {
 
@@ -13,6 +14,10 @@ namespace quorvex {
 // point that had one.
 bool RefineCrossMarks(const unsigned char* image, int width, int height, const unsigned char* mask,
                       PointList& points);
+
+// The same with pictures that the caller writes.
+bool RefineCrossMarks(const unsigned char* image, int width, int height, const unsigned char* mask,
+                      PointList& points, MarkPictures& pictures);
 
 }  // namespace quorvex
 

@@ -3,17 +3,11 @@
 #ifndef QUORVEX_CROSSMARK_CROSS_STROKES_H_
 #define QUORVEX_CROSSMARK_CROSS_STROKES_H_
 
+#include "crossmark/hough_lines.h"
 #include "crossmark/line_segment.h"
+#include "crossmark/mark_pictures.h"
 
 namespace quorvex {
-
-struct StrokePatch {
-  const unsigned char* pixels;  // size * size bytes
-  int size;                     // pixels
-  int strokeValue;              // grey level of a stroke pixel
-  int pictureWidth;             // pixels, of the line pictures that are left behind
-  int pictureHeight;
-};
 
 struct CrossStrokes {
   LineSegment first;  // the longer one
@@ -21,9 +15,21 @@ struct CrossStrokes {
   PointF crossing = {0.0f, 0.0f};  // patch coordinates
 };
 
-// False, the strokes then mean nothing, when the patch has no two strokes that cross. Leaves
-// "./Lines.bmp" when there are lines and "./LineSegment.bmp" when there are segments.
-bool FindCrossStrokes(const StrokePatch& patch, CrossStrokes& strokes);
+// How far the way from stroke pixels to a crossing led.
+enum class StrokeFinding {
+  kNothing,
+  kLines,     // lines, but no segment of one is long enough
+  kSegments,  // segments, but no two of them cross
+  kCross
+};
+
+// Sets the strokes of a patch; they mean nothing unless the result is kCross. The transform is one
+// for images of the patch's size.
+StrokeFinding FindCrossStrokes(const StrokePatch& patch, HoughTransform& hough,
+                               CrossStrokes& strokes);
+
+// Shows what was found on the patch: its lines and its segments, as far as there are any.
+void ShowStrokes(const StrokePatch& patch, StrokeFinding finding, MarkPictures& pictures);
 
 }  // namespace quorvex
 

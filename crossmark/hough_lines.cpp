@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstddef>
-#include <cstdlib>
-#include <vector>
+#include <cstring>
+#include <limits>
+#include <utility>
 
 #include "base/gray_image.h"
 #include "base/rounding.h"
@@ -19,117 +19,247 @@ constexpr int kVotesAbove = 30;     // votes that a line must exceed
 constexpr int kMergeDegrees = 10;   // lines nearer than this in both are one line
 constexpr int kMergeBins = 30;
 constexpr std::size_t kLineLimit = 1'000'000;
+constexpr std::size_t kStepVoteLimit = std::numeric_limits<std::uint16_t>::max();
+static_assert(kDegrees % 4 == 0, "votes are cast for four degrees a turn");
 
-struct Bin {
-  int degree;    // of the line's normal
-  int distance;  // index
-};
+std::size_t TableRow(int coordinate) { return static_cast<std::size_t>(coordinate) * kDegrees; }
 
-class Accumulator {
- public:
-  Accumulator(int width, int height)
-      : bins_(TruncateToInt(std::sqrt(static_cast<double>(width) * width +
-                                      static_cast<double>(height) * height)) +
-              1),
-        votes_(static_cast<std::size_t>(kDegrees) * static_cast<std::size_t>(bins_)) {
-    for (int degree = 0; degree < kDegrees; ++degree) {
-      const double angle = degree * kPi / 180.0;
-      cosines_[degree] = static_cast<float>(std::cos(angle));
-      sines_[degree] = static_cast<float>(std::sin(angle));
-    }
-  }
+std::size_t BinIndex(int degree, int distance, int bins) {
+  return static_cast<std::size_t>(degree) * static_cast<std::size_t>(bins) +
+         static_cast<std::size_t>(distance);
+}
 
-  int Bins() const { return bins_; }
-
-  int DistanceIndex(int x, int y, int degree) const {
-    const float distance =
-        static_cast<float>(x) * cosines_[degree] + static_cast<float>(y) * sines_[degree];
-    return static_cast<int>(distance) / kDistancePerBin + bins_ / 2;
-  }
-
-  void Vote(int x, int y) {
-    for (int degree = 0; degree < kDegrees; ++degree) {
-      ++votes_[Index({degree, DistanceIndex(x, y, degree)})];
-    }
-  }
-
-  int Votes(Bin bin) const { return votes_[Index(bin)]; }
-
- private:
-  std::size_t Index(Bin bin) const {
-    return static_cast<std::size_t>(bin.degree) * static_cast<std::size_t>(bins_) +
-           static_cast<std::size_t>(bin.distance);
-  }
-
-  int bins_;
-  std::vector<int> votes_;
-  float cosines_[kDegrees];
-  float sines_[kDegrees];
-};
-
-// Calls `visit(x, y)` for every stroke pixel, row by row. The last column is left out on purpose.
-template <typename Visitor>
-void VisitStrokes(const unsigned char* image, int width, int height, int strokeValue,
-                  Visitor visit) {
-  for (int y = 0; y < height; ++y) {
-    for (int x = 0; x <= width - 2; ++x) {
-      if (image[PixelOffset(x, y, width)] == strokeValue) {
-        visit(x, y);
-      }
-    }
+void AddPairs(const std::uint16_t* __restrict steps, int count, int* __restrict votes) {
+  for (int i = 0; i < count; ++i) {
+    votes[i] += steps[2 * i] + steps[2 * i + 1];
   }
 }
 
-std::vector<Bin> FindCandidates(const Accumulator& accumulator) {
-  std::vector<Bin> candidates;
-  for (int degree = 0; degree < kDegrees; ++degree) {
-    for (int distance = 0; distance < accumulator.Bins(); ++distance) {
-      if (accumulator.Votes({degree, distance}) > kVotesAbove) {
-        candidates.push_back({degree, distance});
-      }
-    }
-  }
-  return candidates;
-}
+// Bins are looked at in blocks of this size, most of which hold nothing of interest.
+constexpr int kBlockSize = 16;
 
-// Takes the strongest candidate (the first of equals) and drops its surroundings, until none is
-// left. Degrees do not wrap around: 179 and 0 are far apart.
-std::vector<Bin> PickPeaks(const Accumulator& accumulator, std::vector<Bin> candidates) {
-  std::vector<Bin> peaks;
-  while (!candidates.empty()) {
-    const Bin peak = *std::max_element(candidates.begin(), candidates.end(), [&](Bin l, Bin r) {
-      return accumulator.Votes(l) < accumulator.Votes(r);
-    });
-    peaks.push_back(peak);
-    const auto isNear = [peak](Bin bin) {
-      return std::abs(bin.degree - peak.degree) < kMergeDegrees &&
-             std::abs(bin.distance - peak.distance) < kMergeBins;
-    };
-    candidates.erase(std::remove_if(candidates.begin(), candidates.end(), isNear),
-                     candidates.end());
+int WholeBlocks(int bins) { return (bins + kBlockSize - 1) / kBlockSize * kBlockSize; }
+
+int LargestOfBlock(const int* votes) {
+  int largest = 0;
+  for (int i = 0; i < kBlockSize; ++i) {
+    largest = std::max(largest, votes[i]);
   }
-  if (peaks.size() > kLineLimit) {
-    peaks.resize(kLineLimit);
-  }
-  return peaks;
+  return largest;
 }
 
 }  // namespace
 
-void HoughLines(const unsigned char* image, int width, int height, int strokeValue,
-                LineSegmentList& lines) {
-  Accumulator accumulator(width, height);
-  VisitStrokes(image, width, height, strokeValue, [&](int x, int y) { accumulator.Vote(x, y); });
-  const std::vector<Bin> peaks = PickPeaks(accumulator, FindCandidates(accumulator));
-  LineSegmentList found(peaks.size());
-  VisitStrokes(image, width, height, strokeValue, [&](int x, int y) {
-    for (std::size_t i = 0; i < peaks.size(); ++i) {
-      if (accumulator.DistanceIndex(x, y, peaks[i].degree) == peaks[i].distance) {
-        found[i].points.push_back({static_cast<float>(x), static_cast<float>(y)});
+HoughTransform::HoughTransform(int width, int height)
+    : width_(width),
+      height_(height),
+      bins_(TruncateToInt(std::sqrt(static_cast<double>(width) * width +
+                                    static_cast<double>(height) * height)) +
+            1),
+      stride_(WholeBlocks(bins_)),
+      steps_(2 * bins_ + 4),
+      cosineProducts_(TableRow(std::max(width, 0))),
+      sineProducts_(TableRow(std::max(height, 0))),
+      stepVotes_(BinIndex(kDegrees, 0, steps_)),
+      votes_(BinIndex(kDegrees, 0, stride_)),
+      mostVotes_(votes_.size() / kBlockSize),
+      isDropped_(votes_.size()) {
+  for (int degree = 0; degree < kDegrees; ++degree) {
+    const double angle = degree * kPi / 180.0;
+    const float cosine = static_cast<float>(std::cos(angle));
+    const float sine = static_cast<float>(std::sin(angle));
+    for (int x = 0; x < width; ++x) {
+      cosineProducts_[TableRow(x) + static_cast<std::size_t>(degree)] =
+          static_cast<float>(x) * cosine;
+    }
+    for (int y = 0; y < height; ++y) {
+      sineProducts_[TableRow(y) + static_cast<std::size_t>(degree)] = static_cast<float>(y) * sine;
+    }
+  }
+}
+
+void HoughTransform::Vote(const unsigned char* image, int strokeValue) {
+  image_ = image;
+  strokeValue_ = strokeValue;
+  CollectStrokes();
+  std::fill(votes_.begin(), votes_.end(), 0);
+  CastVotes();
+  std::fill(isDropped_.begin(), isDropped_.end(), static_cast<unsigned char>(0));
+  // Who looks for the strongest lines alone stops long before the weaker half of the bins.
+  const int mostVotes = *std::max_element(mostVotes_.begin(), mostVotes_.end());
+  queue_.clear();
+  next_ = 0;
+  queuedAbove_ = std::max(mostVotes / 2, kVotesAbove);
+  QueueLines(queuedAbove_, mostVotes);
+}
+
+bool HoughTransform::NextLine(Line& line) {
+  for (;;) {
+    for (; next_ < queue_.size(); ++next_) {
+      line = queue_[next_];
+      if (isDropped_[BinIndex(line.degree, line.distance, stride_)] == 0) {
+        DropSurroundings(line);
+        return true;
       }
     }
-  });
-  lines.insert(lines.end(), found.begin(), found.end());
+    if (queuedAbove_ == kVotesAbove) {
+      return false;
+    }
+    QueueLines(kVotesAbove, queuedAbove_);
+    queuedAbove_ = kVotesAbove;
+  }
+}
+
+// The stroke pixels, row by row. The last column is left out on purpose.
+void HoughTransform::CollectStrokes() {
+  strokes_.clear();
+  if (width_ < 2 || strokeValue_ < 0 || strokeValue_ > std::numeric_limits<unsigned char>::max()) {
+    return;
+  }
+  for (int y = 0; y < height_; ++y) {
+    const unsigned char* row = image_ + PixelOffset(0, y, width_);
+    const unsigned char* end = row + width_ - 1;
+    const unsigned char* pixel = row;
+    while (pixel < end &&
+           (pixel = static_cast<const unsigned char*>(std::memchr(
+                pixel, strokeValue_, static_cast<std::size_t>(end - pixel)))) != nullptr) {
+      for (; pixel < end && *pixel == strokeValue_; ++pixel) {
+        strokes_.push_back({static_cast<int>(pixel - row), y});
+      }
+    }
+  }
+}
+
+// Votes for the whole pixels of distance, for all degrees at once; what DistanceIndex does with
+// them is done once for all strokes. The tables hold the rounded products, so that no compiler can
+// leave the rounding out.
+void HoughTransform::CastVotes() {
+  const std::size_t stride = static_cast<std::size_t>(steps_);
+  std::size_t untilFull = kStepVoteLimit;
+  for (const Stroke& stroke : strokes_) {
+    const float* cosines = cosineProducts_.data() + TableRow(stroke.x);
+    const float* sines = sineProducts_.data() + TableRow(stroke.y);
+    int distances[kDegrees];
+    for (int degree = 0; degree < kDegrees; ++degree) {
+      distances[degree] = static_cast<int>(cosines[degree] + sines[degree]);
+    }
+    std::uint16_t* votes = stepVotes_.data() + steps_ / 2;
+    for (int degree = 0; degree < kDegrees; degree += 4, votes += 4 * stride) {
+      ++votes[distances[degree]];
+      ++(votes + stride)[distances[degree + 1]];
+      ++(votes + 2 * stride)[distances[degree + 2]];
+      ++(votes + 3 * stride)[distances[degree + 3]];
+    }
+    if (--untilFull == 0) {
+      AddStepVotes();
+      untilFull = kStepVoteLimit;
+    }
+  }
+  AddStepVotes();
+}
+
+// Moves the votes of the steps to their bins. Two steps make a bin, counted from zero to both sides
+// as integer division does, so that three of them fall into the one at zero.
+void HoughTransform::AddStepVotes() {
+  const int centre = bins_ / 2;
+  for (int degree = 0; degree < kDegrees; ++degree) {
+    const std::uint16_t* steps = stepVotes_.data() + BinIndex(degree, steps_ / 2, steps_);
+    int* votes = votes_.data() + BinIndex(degree, 0, stride_);
+    AddPairs(steps - 2 * centre - 1, centre, votes);
+    votes[centre] += steps[-1];
+    AddPairs(steps, bins_ - centre, votes + centre);
+    for (int first = 0; first < stride_; first += kBlockSize) {
+      mostVotes_[BinIndex(degree, first, stride_) / kBlockSize] = LargestOfBlock(votes + first);
+    }
+  }
+  std::fill(stepVotes_.begin(), stepVotes_.end(), static_cast<std::uint16_t>(0));
+}
+
+// Appends the bins of more than `votesAbove` and at most `largestVotes` votes to the queue,
+// strongest first; equals stand in the order of degree and distance.
+void HoughTransform::QueueLines(int votesAbove, int largestVotes) {
+  std::vector<Line> lines;
+  // How many bins have each number of votes, then where they go.
+  std::vector<std::size_t> places(static_cast<std::size_t>(std::max(largestVotes, 0)) + 1);
+  for (std::size_t block = 0; block < mostVotes_.size(); ++block) {
+    if (mostVotes_[block] <= votesAbove) {
+      continue;
+    }
+    const int first = static_cast<int>(block * kBlockSize);
+    const int degree = first / stride_;
+    for (int bin = first; bin < first + kBlockSize; ++bin) {
+      const int votes = votes_[static_cast<std::size_t>(bin)];
+      if (votes > votesAbove && votes <= largestVotes) {
+        lines.push_back({degree, bin - degree * stride_, votes});
+        ++places[static_cast<std::size_t>(votes)];
+      }
+    }
+  }
+  std::size_t next = queue_.size();
+  for (std::size_t votes = places.size(); votes-- > 0;) {
+    next += std::exchange(places[votes], next);
+  }
+  queue_.resize(next);
+  for (const Line& line : lines) {
+    queue_[places[static_cast<std::size_t>(line.votes)]++] = line;
+  }
+}
+
+// Lines nearer than this in both are one line. Degrees do not wrap around: 179 and 0 are far apart.
+void HoughTransform::DropSurroundings(const Line& line) {
+  const int firstDegree = std::max(line.degree - kMergeDegrees + 1, 0);
+  const int lastDegree = std::min(line.degree + kMergeDegrees - 1, kDegrees - 1);
+  const int firstBin = std::max(line.distance - kMergeBins + 1, 0);
+  const int lastBin = std::min(line.distance + kMergeBins - 1, bins_ - 1);
+  for (int degree = firstDegree; degree <= lastDegree; ++degree) {
+    unsigned char* dropped = isDropped_.data() + BinIndex(degree, 0, stride_);
+    std::fill(dropped + firstBin, dropped + lastBin + 1, static_cast<unsigned char>(1));
+  }
+}
+
+int HoughTransform::DistanceIndex(Stroke stroke, int degree) const {
+  const float distance = cosineProducts_[TableRow(stroke.x) + static_cast<std::size_t>(degree)] +
+                         sineProducts_[TableRow(stroke.y) + static_cast<std::size_t>(degree)];
+  return static_cast<int>(distance) / kDistancePerBin + bins_ / 2;
+}
+
+// In a row the distance grows with x or falls with it, so that the line covers one interval of x;
+// from row to row the distance grows, so that the ends of the interval move to one side only.
+PointFList HoughTransform::Collect(const Line& line) const {
+  PointFList points;
+  points.reserve(static_cast<std::size_t>(line.votes));
+  const bool grows = line.degree <= kDegrees / 2;
+  const int columns = width_ - 1;
+  int begin = grows ? columns : 0;
+  int end = begin;
+  for (int y = 0; y < height_; ++y) {
+    if (grows) {
+      while (begin > 0 && DistanceIndex({begin - 1, y}, line.degree) >= line.distance) --begin;
+      while (end > 0 && DistanceIndex({end - 1, y}, line.degree) > line.distance) --end;
+    } else {
+      while (begin < columns && DistanceIndex({begin, y}, line.degree) > line.distance) ++begin;
+      while (end < columns && DistanceIndex({end, y}, line.degree) >= line.distance) ++end;
+    }
+    const unsigned char* row = image_ + PixelOffset(0, y, width_);
+    for (int x = begin; x < end; ++x) {
+      if (row[x] == strokeValue_) {
+        points.push_back({static_cast<float>(x), static_cast<float>(y)});
+      }
+    }
+  }
+  return points;
+}
+
+void HoughLines(const unsigned char* image, int width, int height, int strokeValue,
+                LineSegmentList& lines) {
+  HoughTransform hough(width, height);
+  hough.Vote(image, strokeValue);
+  HoughTransform::Line found;
+  for (std::size_t count = 0; count < kLineLimit && hough.NextLine(found); ++count) {
+    LineSegment line;
+    line.points = hough.Collect(found);
+    lines.push_back(std::move(line));
+  }
 }
 
 }  // namespace quorvex

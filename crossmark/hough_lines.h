@@ -2,14 +2,74 @@
 #ifndef QUORVEX_CROSSMARK_HOUGH_LINES_H_
 #define QUORVEX_CROSSMARK_HOUGH_LINES_H_
 
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
 #include "crossmark/line_segment.h"
 
 namespace quorvex {
 
-// Finds the lines on which more than 30 pixels of value `strokeValue` lie and appends one record
-// for each to `lines`, strongest first. Only the point list of a record is set: the stroke pixels
-// on the line, row by row. The image is width * height bytes; its last column is never examined.
+// The search for lines on images of one size, with the tables that all of them share. A line holds
+// more than 30 pixels of the stroke value; the image's last column is never examined.
 // Method: Hough transform in the normal form of Duda and Hart, 1972; bins of 1 degree and 2 pixels.
+class HoughTransform {
+ public:
+  struct Line {
+    int degree;    // of the line's normal
+    int distance;  // index
+    int votes;     // stroke pixels on the line
+  };
+
+  // Images of width * height bytes.
+  HoughTransform(int width, int height);
+
+  // Lets the strokes of an image vote. The image is read until the last of its lines is collected.
+  void Vote(const unsigned char* image, int strokeValue);
+
+  // The image's next line, strongest first. False when there is none left.
+  bool NextLine(Line& line);
+
+  // The stroke pixels on a line, row by row.
+  PointFList Collect(const Line& line) const;
+
+ private:
+  struct Stroke {
+    int x;
+    int y;
+  };
+
+  void CollectStrokes();
+  void CastVotes();
+  void AddStepVotes();
+  void QueueLines(int votesAbove, int largestVotes);
+  void DropSurroundings(const Line& line);
+  int DistanceIndex(Stroke stroke, int degree) const;
+
+  int width_;
+  int height_;
+  int bins_;    // distances of a degree
+  int stride_;  // the same, up to whole blocks
+  int steps_;   // of one pixel, distances of a degree; two to a bin
+  // A row of 180 products for each x and each y: x * cos and y * sin, rounded to single precision.
+  std::vector<float> cosineProducts_;
+  std::vector<float> sineProducts_;
+
+  const unsigned char* image_ = nullptr;
+  int strokeValue_ = 0;
+  std::vector<Stroke> strokes_;
+  std::vector<std::uint16_t> stepVotes_;  // of the steps, degree by degree
+  std::vector<int> votes_;                // of the bins, degree by degree
+  std::vector<int> mostVotes_;            // in each block of bins
+
+  std::vector<unsigned char> isDropped_;  // of the bins: near a line that was given out
+  std::vector<Line> queue_;               // strongest first
+  std::size_t next_ = 0;                  // in the queue
+  int queuedAbove_ = 0;                   // votes; bins of fewer are not queued yet
+};
+
+// Appends one record for each line of an image to `lines`, strongest first. Only the point list of
+// a record is set.
 void HoughLines(const unsigned char* image, int width, int height, int strokeValue,
                 LineSegmentList& lines);
 

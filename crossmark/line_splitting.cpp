@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <utility>
 
-#include "base/bubble_sort.h"
+#include "base/stable_sort.h"
 #include "crossmark/line_fit.h"
 
 namespace quorvex {
@@ -36,6 +37,7 @@ PointFList RotateIntoLine(const PointFList& points, float angle, PointF centroid
   const double cosine = std::cos(static_cast<double>(angle));
   const double sine = std::sin(static_cast<double>(angle));
   PointFList rotated;
+  rotated.reserve(points.size());
   for (const PointF& point : points) {
     const double dx = static_cast<double>(point.x) - static_cast<double>(centroid.x);
     const double dy = static_cast<double>(point.y) - static_cast<double>(centroid.y);
@@ -63,21 +65,26 @@ void AppendLongRuns(const LineSegment& line, const PointFList& sorted, PointF ce
       const PointFList run(sorted.begin() + static_cast<std::ptrdiff_t>(begin),
                            sorted.begin() + static_cast<std::ptrdiff_t>(end));
       LineSegment segment = line;
+      segment.points.reserve(run.size());
       RotatePointsBack(run, -line.angle, centroid.x, centroid.y, segment.points);
       if (segment.points.size() > kPointsAbove) {
         segment.start = segment.points.front();
         segment.end = segment.points.back();
-        segments.push_back(segment);
+        segments.push_back(std::move(segment));
       }
     }
     begin = end;
   }
 }
 
+void SortAlong(PointFList& points) {
+  SortAscending(points, [](PointF point) { return point.x; });
+}
+
 }  // namespace
 
 void SortPointsByU(PointFList points, PointF* sorted) {
-  BubbleSort(points, [](PointF earlier, PointF later) { return earlier.x > later.x; });
+  SortAlong(points);
   std::copy(points.begin(), points.end(), sorted);
 }
 
@@ -93,17 +100,20 @@ void RotatePointsBack(const PointFList& points, float angle, float x0, float y0,
   }
 }
 
+void SplitLine(const PointFList& points, LineSegmentList& segments) {
+  LineSegment fitted;
+  if (!FitLine(points, fitted.a, fitted.b, fitted.c, fitted.angle)) {
+    return;  // a single point has no run of any length
+  }
+  const PointF centroid = Centroid(points);
+  PointFList along = RotateIntoLine(points, fitted.angle, centroid);
+  SortAlong(along);
+  AppendLongRuns(fitted, along, centroid, segments);
+}
+
 void SplitLineSegments(const LineSegmentList& lines, LineSegmentList& segments) {
   for (const LineSegment& line : lines) {
-    LineSegment fitted;
-    if (!FitLine(line.points, fitted.a, fitted.b, fitted.c, fitted.angle)) {
-      continue;  // a single point has no run of any length
-    }
-    const PointF centroid = Centroid(line.points);
-    const PointFList rotated = RotateIntoLine(line.points, fitted.angle, centroid);
-    PointFList sorted(rotated.size());
-    SortPointsByU(rotated, sorted.data());
-    AppendLongRuns(fitted, sorted, centroid, segments);
+    SplitLine(line.points, segments);
   }
 }
 

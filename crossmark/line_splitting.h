@@ -20,6 +20,9 @@ void RotatePointsBack(const PointFList& points, float angle, float x0, float y0,
 // coefficients and the angle of the line fitted through all of its points.
 void SplitLineSegments(const LineSegmentList& lines, LineSegmentList& segments);
 
+// The same for the points of one line.
+void SplitLine(const PointFList& points, LineSegmentList& segments);
+
 }  // namespace quorvex
 
 #endif  // QUORVEX_CROSSMARK_LINE_SPLITTING_H_

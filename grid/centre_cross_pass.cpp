@@ -3,7 +3,7 @@
 #include <cstddef>
 
 #include "base/rounding.h"
-#include "crossmark/cross_location.h"
+#include "crossmark/cross_mark_search.h"
 #include "grid/line_growing.h"
 #include "grid/line_tracing.h"
 #include "grid/outlier_rejection.h"
@@ -14,18 +14,24 @@ namespace quorvex {
 bool BuildGridFromCentreCross(const unsigned char* image, int width, int height, int rowSpan, int,
                               int rowSteps, const PixelSpanList& rowSpans,
                               const PixelSpanList& columnSpans, PointList& output) {
+  MarkPictures pictures;
+  CrossMarkSearch search({image, width, height}, pictures);
+  return BuildGridFromCentreCross(search, rowSpan, rowSteps, rowSpans, columnSpans, output);
+}
+
+bool BuildGridFromCentreCross(CrossMarkSearch& search, int rowSpan, int rowSteps,
+                              const PixelSpanList& rowSpans, const PixelSpanList& columnSpans,
+                              PointList& output) {
   constexpr int kCentreSearchSize = 500;        // pixels
   constexpr float kRejectionTolerance = 10.0f;  // pixels
-  LineSegment firstLine;
-  LineSegment secondLine;
-  PointF centre;
-  if (LocateCrossMark(image, width, height, width / 2, height / 2, kCentreSearchSize, firstLine,
-                      secondLine, centre) == 0) {
+  const CrossMark* centre =
+      search.Locate(search.Image().width / 2, search.Image().height / 2, kCentreSearchSize);
+  if (centre == nullptr) {
     return false;
   }
 
   PointList centreRow;
-  TraceRow(image, width, height, TruncateToInt(centre.x), TruncateToInt(centre.y), rowSteps,
+  TraceRow(search, TruncateToInt(centre->centre.x), TruncateToInt(centre->centre.y), rowSteps,
            rowSpans, columnSpans, 0, centreRow);
   QuadraticCoefficients seedCurve;
   RejectRowOutliers(centreRow, kRejectionTolerance, seedCurve);
@@ -38,8 +44,8 @@ bool BuildGridFromCentreCross(const unsigned char* image, int width, int height,
   PointList points;
   for (std::size_t i = 0; i < centreRow.size(); ++i) {
     PointList column;
-    TraceColumn(image, width, height, TruncateToInt(centreRow[i].x), TruncateToInt(centreRow[i].y),
-                0, rowSpans, columnSpans, static_cast<int>(i), column);
+    TraceColumn(search, TruncateToInt(centreRow[i].x), TruncateToInt(centreRow[i].y), rowSpans,
+                columnSpans, static_cast<int>(i), column);
     QuadraticCoefficients unusedCurve;
     RejectColumnOutliers(column, kRejectionTolerance, unusedCurve);
     SortPointsByY(column, kDescending);

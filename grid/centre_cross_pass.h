@@ -4,6 +4,7 @@
 
 #include "base/calibration_point.h"
 #include "base/pixel_span.h"
+#include "crossmark/cross_mark_search.h"
 
 namespace quorvex {
 
@@ -16,6 +17,11 @@ namespace quorvex {
 bool BuildGridFromCentreCross(const unsigned char* image, int width, int height, int rowSpan,
                               int reserved, int rowSteps, const PixelSpanList& rowSpans,
                               const PixelSpanList& columnSpans, PointList& output);
+
+// The same on the image of a search that later stages go on with.
+bool BuildGridFromCentreCross(CrossMarkSearch& search, int rowSpan, int rowSteps,
+                              const PixelSpanList& rowSpans, const PixelSpanList& columnSpans,
+                              PointList& output);
 
 }  // namespace quorvex
 

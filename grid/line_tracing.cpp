@@ -5,7 +5,7 @@
 
 #include "base/gray_image.h"
 #include "base/rounding.h"
-#include "crossmark/cross_location.h"
+#include "crossmark/cross_mark_search.h"
 #include "grid/cross_probe.h"
 
 namespace quorvex {
@@ -16,12 +16,6 @@ constexpr int kColumnSteps = 500;      // pixels from one mark of a column to th
 constexpr double kSamePosition = 3.0;  // pixels in x and in y
 constexpr std::size_t kPointLimit = 101;
 
-struct Cross {
-  PointF centre;
-  LineSegment firstLine;
-  LineSegment secondLine;
-};
-
 struct Direction {
   float dx;
   float dy;
@@ -31,7 +25,7 @@ struct Direction {
 // it.
 struct Walk {
   ProbeMode mode;
-  const LineSegment& (*chooseStroke)(const Cross&);
+  const LineSegment& (*chooseStroke)(const CrossMark&);
   Direction (*orient)(Direction);
 };
 
@@ -44,7 +38,7 @@ struct TraceAxis {
 // What all steps of one row or column share.
 struct Trace {
   const TraceAxis& axis;
-  GrayView image;  // strokes 255
+  CrossMarkSearch& search;
   const PixelSpanList& rowSpans;
   const PixelSpanList& columnSpans;
   int steps;  // pixels from one mark to the next at the most
@@ -56,19 +50,19 @@ float Slope(const LineSegment& line) { return std::fabs(line.b); }
 
 // A row follows the stroke with the larger |b|, a column the one with the smaller. The comparisons
 // are strict, so that equal strokes are told apart by the walk.
-const LineSegment& RowStrokeOrSecond(const Cross& cross) {
+const LineSegment& RowStrokeOrSecond(const CrossMark& cross) {
   return Slope(cross.firstLine) > Slope(cross.secondLine) ? cross.firstLine : cross.secondLine;
 }
 
-const LineSegment& RowStrokeOrFirst(const Cross& cross) {
+const LineSegment& RowStrokeOrFirst(const CrossMark& cross) {
   return Slope(cross.secondLine) > Slope(cross.firstLine) ? cross.secondLine : cross.firstLine;
 }
 
-const LineSegment& ColumnStrokeOrFirst(const Cross& cross) {
+const LineSegment& ColumnStrokeOrFirst(const CrossMark& cross) {
   return Slope(cross.secondLine) < Slope(cross.firstLine) ? cross.secondLine : cross.firstLine;
 }
 
-const LineSegment& ColumnStrokeOrSecond(const Cross& cross) {
+const LineSegment& ColumnStrokeOrSecond(const CrossMark& cross) {
   return Slope(cross.firstLine) < Slope(cross.secondLine) ? cross.firstLine : cross.secondLine;
 }
 
@@ -86,20 +80,18 @@ constexpr TraceAxis kColumnTrace = {{kProbeDown, ColumnStrokeOrFirst, TowardsLar
                                     {kProbeUp, ColumnStrokeOrSecond, TowardsSmallerY},
                                     &CalibrationPoint::col};
 
-bool LocateCross(const GrayView& image, int x, int y, Cross& cross) {
-  return LocateCrossMark(image.pixels, image.width, image.height, x, y, kSearchSize,
-                         cross.firstLine, cross.secondLine, cross.centre) != 0;
-}
-
-// One step of a walk: the cross that follows `current`.
-bool FindNextCross(const Trace& trace, const Walk& walk, const Cross& current, Cross& found) {
+// One step of a walk: the cross that follows `current`, null when there is none.
+const CrossMark* FindNextCross(const Trace& trace, const Walk& walk, const CrossMark& current) {
   const LineSegment& stroke = walk.chooseStroke(current);
   const Direction direction = walk.orient({stroke.b, -stroke.a});
+  const GrayView& image = trace.search.Image();
   PointF next;
-  return ProbeNextCross(trace.image.pixels, trace.image.width, trace.image.height, current.centre,
-                        walk.mode, direction.dx, direction.dy, trace.steps, trace.rowSpans,
-                        trace.columnSpans, next) &&
-         LocateCross(trace.image, TruncateToInt(next.x), TruncateToInt(next.y), found);
+  if (!ProbeNextCross(image.pixels, image.width, image.height, current.centre, walk.mode,
+                      direction.dx, direction.dy, trace.steps, trace.rowSpans, trace.columnSpans,
+                      next)) {
+    return nullptr;
+  }
+  return trace.search.Locate(TruncateToInt(next.x), TruncateToInt(next.y), kSearchSize);
 }
 
 bool IsSamePosition(const CalibrationPoint& point, PointF position) {
@@ -114,7 +106,7 @@ bool IsTaken(const PointList& points, PointF position) {
          (size >= 2 && IsSamePosition(points[size - 2], position));
 }
 
-void AppendCross(const Trace& trace, const Cross& cross) {
+void AppendCross(const Trace& trace, const CrossMark& cross) {
   CalibrationPoint point = {};
   point.*trace.axis.label = trace.label;
   point.x = cross.centre.x;
@@ -124,26 +116,26 @@ void AppendCross(const Trace& trace, const Cross& cross) {
 
 // Follows one walk until a step fails, a mark is met again or the limit is reached. `counted` is
 // the size of the list at which the limit's count starts.
-void FollowWalk(const Trace& trace, const Walk& walk, Cross current, std::size_t counted) {
+void FollowWalk(const Trace& trace, const Walk& walk, const CrossMark& start, std::size_t counted) {
+  const CrossMark* current = &start;
   do {
-    Cross found;
-    if (!FindNextCross(trace, walk, current, found) || IsTaken(trace.output, found.centre)) {
+    current = FindNextCross(trace, walk, *current);
+    if (current == nullptr || IsTaken(trace.output, current->centre)) {
       return;
     }
-    AppendCross(trace, found);
-    current = found;
+    AppendCross(trace, *current);
   } while (trace.output.size() - counted < kPointLimit);
 }
 
 void TraceLine(const Trace& trace, int x, int y) {
-  Cross start;
-  if (!LocateCross(trace.image, x, y, start)) {
+  const CrossMark* start = trace.search.Locate(x, y, kSearchSize);
+  if (start == nullptr) {
     return;
   }
-  AppendCross(trace, start);
+  AppendCross(trace, *start);
   // The first walk's limit counts all that the list holds, the second's only its own points.
-  FollowWalk(trace, trace.axis.firstWalk, start, 0);
-  FollowWalk(trace, trace.axis.secondWalk, start, trace.output.size());
+  FollowWalk(trace, trace.axis.firstWalk, *start, 0);
+  FollowWalk(trace, trace.axis.secondWalk, *start, trace.output.size());
 }
 
 }  // namespace
@@ -151,17 +143,28 @@ void TraceLine(const Trace& trace, int x, int y) {
 bool TraceRow(const unsigned char* image, int width, int height, int x, int y, int rowSteps,
               const PixelSpanList& rowSpans, const PixelSpanList& columnSpans, int label,
               PointList& output) {
-  TraceLine({kRowTrace, {image, width, height}, rowSpans, columnSpans, rowSteps, label, output}, x,
-            y);
+  MarkPictures pictures;
+  CrossMarkSearch search({image, width, height}, pictures);
+  return TraceRow(search, x, y, rowSteps, rowSpans, columnSpans, label, output);
+}
+
+bool TraceRow(CrossMarkSearch& search, int x, int y, int rowSteps, const PixelSpanList& rowSpans,
+              const PixelSpanList& columnSpans, int label, PointList& output) {
+  TraceLine({kRowTrace, search, rowSpans, columnSpans, rowSteps, label, output}, x, y);
   return true;
 }
 
 bool TraceColumn(const unsigned char* image, int width, int height, int x, int y, int,
                  const PixelSpanList& rowSpans, const PixelSpanList& columnSpans, int label,
                  PointList& output) {
-  TraceLine(
-      {kColumnTrace, {image, width, height}, rowSpans, columnSpans, kColumnSteps, label, output}, x,
-      y);
+  MarkPictures pictures;
+  CrossMarkSearch search({image, width, height}, pictures);
+  return TraceColumn(search, x, y, rowSpans, columnSpans, label, output);
+}
+
+bool TraceColumn(CrossMarkSearch& search, int x, int y, const PixelSpanList& rowSpans,
+                 const PixelSpanList& columnSpans, int label, PointList& output) {
+  TraceLine({kColumnTrace, search, rowSpans, columnSpans, kColumnSteps, label, output}, x, y);
   return true;
 }
 

@@ -4,6 +4,7 @@
 
 #include "base/calibration_point.h"
 #include "base/pixel_span.h"
+#include "crossmark/cross_mark_search.h"
 
 namespace quorvex {
 
@@ -20,6 +21,12 @@ bool TraceRow(const unsigned char* image, int width, int height, int x, int y, i
 bool TraceColumn(const unsigned char* image, int width, int height, int x, int y, int unused,
                  const PixelSpanList& rowSpans, const PixelSpanList& columnSpans, int label,
                  PointList& output);
+
+// The same for one line of many on the image of a search.
+bool TraceRow(CrossMarkSearch& search, int x, int y, int rowSteps, const PixelSpanList& rowSpans,
+              const PixelSpanList& columnSpans, int label, PointList& output);
+bool TraceColumn(CrossMarkSearch& search, int x, int y, const PixelSpanList& rowSpans,
+                 const PixelSpanList& columnSpans, int label, PointList& output);
 
 }  // namespace quorvex
 

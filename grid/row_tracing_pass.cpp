@@ -1,5 +1,7 @@
 #include "grid/row_tracing_pass.h"
 
+#include <utility>
+
 #include "base/rounding.h"
 #include "grid/line_growing.h"
 #include "grid/line_tracing.h"
@@ -11,12 +13,21 @@ namespace quorvex {
 bool TraceRowsFromSeeds(const unsigned char* image, int width, int height, int, int columnSpan,
                         int rowSteps, PointList seeds, const PixelSpanList& rowSpans,
                         const PixelSpanList& columnSpans, PointList& output) {
+  MarkPictures pictures;
+  CrossMarkSearch search({image, width, height}, pictures);
+  return TraceRowsFromSeeds(search, columnSpan, rowSteps, std::move(seeds), rowSpans, columnSpans,
+                            output);
+}
+
+bool TraceRowsFromSeeds(CrossMarkSearch& search, int columnSpan, int rowSteps, PointList seeds,
+                        const PixelSpanList& rowSpans, const PixelSpanList& columnSpans,
+                        PointList& output) {
   constexpr float kRejectionTolerance = 10.0f;  // pixels
   PointList points;
   for (const CalibrationPoint& seed : seeds) {
     PointList row;
-    TraceRow(image, width, height, TruncateToInt(seed.x), TruncateToInt(seed.y), rowSteps, rowSpans,
-             columnSpans, seed.row, row);
+    TraceRow(search, TruncateToInt(seed.x), TruncateToInt(seed.y), rowSteps, rowSpans, columnSpans,
+             seed.row, row);
     QuadraticCoefficients unusedCurve;
     RejectRowOutliers(row, kRejectionTolerance, unusedCurve);
     SortPointsByX(row);

@@ -4,6 +4,7 @@
 
 #include "base/calibration_point.h"
 #include "base/pixel_span.h"
+#include "crossmark/cross_mark_search.h"
 
 namespace quorvex {
 
@@ -13,6 +14,11 @@ namespace quorvex {
 // pixels; `unused` is ignored. False, the output as it was, when no point received a column.
 bool TraceRowsFromSeeds(const unsigned char* image, int width, int height, int unused,
                         int columnSpan, int rowSteps, PointList seeds,
+                        const PixelSpanList& rowSpans, const PixelSpanList& columnSpans,
+                        PointList& output);
+
+// The same on the image of a search.
+bool TraceRowsFromSeeds(CrossMarkSearch& search, int columnSpan, int rowSteps, PointList seeds,
                         const PixelSpanList& rowSpans, const PixelSpanList& columnSpans,
                         PointList& output);
 

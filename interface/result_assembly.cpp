@@ -1,6 +1,8 @@
 #include "interface/result_assembly.h"
 
+#include "crossmark/cross_mark_search.h"
 #include "crossmark/cross_refinement.h"
+#include "crossmark/mark_pictures.h"
 #include "grid/centre_cross_pass.h"
 #include "grid/dominant_group.h"
 #include "grid/point_merging.h"
@@ -13,21 +15,22 @@ namespace quorvex {
 
 bool AssembleResult(const unsigned char* input, const StrokeImage& image,
                     const GridParameters& parameters, PointList& points) {
-  const unsigned char* const strokes = image.strokes.Data();
   const int width = image.strokes.Width();
   const int height = image.strokes.Height();
+  MarkPictures pictures;  // written on every way out
+  CrossMarkSearch search({image.strokes.Data(), width, height}, pictures);
 
   PointList firstGrid;
-  if (!BuildGridFromCentreCross(strokes, width, height, parameters.rowSpan, 0, parameters.rowSteps,
-                                image.rowSpans, image.columnSpans, firstGrid)) {
+  if (!BuildGridFromCentreCross(search, parameters.rowSpan, parameters.rowSteps, image.rowSpans,
+                                image.columnSpans, firstGrid)) {
     return false;
   }
   PointList seeds;
   SelectDominantGroup(firstGrid, seeds);
   // A second pass without a result leaves the first grid to stand alone.
   PointList secondGrid;
-  TraceRowsFromSeeds(strokes, width, height, 0, parameters.columnSpan, parameters.rowSteps, seeds,
-                     image.rowSpans, image.columnSpans, secondGrid);
+  TraceRowsFromSeeds(search, parameters.columnSpan, parameters.rowSteps, seeds, image.rowSpans,
+                     image.columnSpans, secondGrid);
   WritePointTextFile("D:/Row.txt", secondGrid);
   WritePointTextFile("D:/Col.txt", firstGrid);
 
@@ -38,7 +41,7 @@ bool AssembleResult(const unsigned char* input, const StrokeImage& image,
   AppendNumberedPoints(grid, points);
   SortPointsById(points);
 
-  RefineCrossMarks(input, width, height, image.mask.Data(), points);
+  RefineCrossMarks(input, width, height, image.mask.Data(), points, pictures);
   RemoveStrayPoints(width, height, points);
   TurnUpsideDown(height, points);
   return true;
