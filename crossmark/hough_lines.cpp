@@ -20,25 +20,34 @@ constexpr int kMergeDegrees = 10;   // lines nearer than this in both are one li
 constexpr int kMergeBins = 30;
 constexpr std::size_t kLineLimit = 1'000'000;
 constexpr std::size_t kStepVoteLimit = std::numeric_limits<std::uint16_t>::max();
-static_assert(kDegrees % 4 == 0, "votes are cast for four degrees a turn");
+
+// Bins are looked at in blocks of this size, most of which hold nothing of interest.
+constexpr int kBlockSize = 16;
 
 std::size_t TableRow(int coordinate) { return static_cast<std::size_t>(coordinate) * kDegrees; }
 
-std::size_t BinIndex(int degree, int distance, int bins) {
-  return static_cast<std::size_t>(degree) * static_cast<std::size_t>(bins) +
-         static_cast<std::size_t>(distance);
+// Pixels from one corner of the image to the opposite one, rounded up.
+int Diagonal(int width, int height) {
+  return TruncateToInt(
+             std::sqrt(static_cast<double>(width) * width + static_cast<double>(height) * height)) +
+         1;
 }
 
+// The lowest distance is negative where the normal points to the left.
+int FirstStep(int width, float cosine) {
+  const float lowest = std::min(static_cast<float>(width) * cosine, 0.0f);
+  return static_cast<int>(lowest) / kDistancePerBin * kDistancePerBin -
+         (lowest < 0.0f ? kDistancePerBin : 0);
+}
+
+int WholeBlocks(int bins) { return (bins + kBlockSize - 1) / kBlockSize * kBlockSize; }
+
+// Each bin is given the votes of two steps.
 void AddPairs(const std::uint16_t* __restrict steps, int count, int* __restrict votes) {
   for (int i = 0; i < count; ++i) {
     votes[i] += steps[2 * i] + steps[2 * i + 1];
   }
 }
-
-// Bins are looked at in blocks of this size, most of which hold nothing of interest.
-constexpr int kBlockSize = 16;
-
-int WholeBlocks(int bins) { return (bins + kBlockSize - 1) / kBlockSize * kBlockSize; }
 
 int LargestOfBlock(const int* votes) {
   int largest = 0;
@@ -53,28 +62,31 @@ int LargestOfBlock(const int* votes) {
 HoughTransform::HoughTransform(int width, int height)
     : width_(width),
       height_(height),
-      bins_(TruncateToInt(std::sqrt(static_cast<double>(width) * width +
-                                    static_cast<double>(height) * height)) +
-            1),
-      stride_(WholeBlocks(bins_)),
-      steps_(2 * bins_ + 4),
+      // A range begins up to two bins before its first distance and is cut to whole bins.
+      bins_(WholeBlocks(Diagonal(width, height) / kDistancePerBin + 4)),
       cosineProducts_(TableRow(std::max(width, 0))),
       sineProducts_(TableRow(std::max(height, 0))),
-      stepVotes_(BinIndex(kDegrees, 0, steps_)),
-      votes_(BinIndex(kDegrees, 0, stride_)),
+      ranges_(kDegrees),
+      rows_(kDegrees),
+      stepVotes_(static_cast<std::size_t>(kDegrees) * static_cast<std::size_t>(bins_) *
+                 kDistancePerBin),
+      votes_(static_cast<std::size_t>(kDegrees) * static_cast<std::size_t>(bins_)),
       mostVotes_(votes_.size() / kBlockSize),
       isDropped_(votes_.size()) {
   for (int degree = 0; degree < kDegrees; ++degree) {
+    const std::size_t d = static_cast<std::size_t>(degree);
     const double angle = degree * kPi / 180.0;
     const float cosine = static_cast<float>(std::cos(angle));
     const float sine = static_cast<float>(std::sin(angle));
     for (int x = 0; x < width; ++x) {
-      cosineProducts_[TableRow(x) + static_cast<std::size_t>(degree)] =
-          static_cast<float>(x) * cosine;
+      cosineProducts_[TableRow(x) + d] = static_cast<float>(x) * cosine;
     }
     for (int y = 0; y < height; ++y) {
-      sineProducts_[TableRow(y) + static_cast<std::size_t>(degree)] = static_cast<float>(y) * sine;
+      sineProducts_[TableRow(y) + d] = static_cast<float>(y) * sine;
     }
+    ranges_[d].firstStep = FirstStep(width, cosine);
+    ranges_[d].row = degree * bins_ * kDistancePerBin - ranges_[d].firstStep;
+    rows_[d] = ranges_[d].row;
   }
 }
 
@@ -97,7 +109,7 @@ bool HoughTransform::NextLine(Line& line) {
   for (;;) {
     for (; next_ < queue_.size(); ++next_) {
       line = queue_[next_];
-      if (isDropped_[BinIndex(line.degree, line.distance, stride_)] == 0) {
+      if (isDropped_[BinOf(line.degree, line.distance)] == 0) {
         DropSurroundings(line);
         return true;
       }
@@ -130,25 +142,25 @@ void HoughTransform::CollectStrokes() {
   }
 }
 
-// Votes for the whole pixels of distance, for all degrees at once; what DistanceIndex does with
-// them is done once for all strokes. The tables hold the rounded products, so that no compiler can
-// leave the rounding out.
+// Votes for the whole pixels of distance, for all degrees at once; what DistanceOf does with them
+// is done once for all strokes. The tables hold the rounded products, so that no compiler can leave
+// the rounding out.
 void HoughTransform::CastVotes() {
-  const std::size_t stride = static_cast<std::size_t>(steps_);
+  std::uint16_t* votes = stepVotes_.data();
+  const int* rows = rows_.data();
   std::size_t untilFull = kStepVoteLimit;
   for (const Stroke& stroke : strokes_) {
     const float* cosines = cosineProducts_.data() + TableRow(stroke.x);
     const float* sines = sineProducts_.data() + TableRow(stroke.y);
-    int distances[kDegrees];
+    int steps[kDegrees];
     for (int degree = 0; degree < kDegrees; ++degree) {
-      distances[degree] = static_cast<int>(cosines[degree] + sines[degree]);
+      steps[degree] = rows[degree] + static_cast<int>(cosines[degree] + sines[degree]);
     }
-    std::uint16_t* votes = stepVotes_.data() + steps_ / 2;
-    for (int degree = 0; degree < kDegrees; degree += 4, votes += 4 * stride) {
-      ++votes[distances[degree]];
-      ++(votes + stride)[distances[degree + 1]];
-      ++(votes + 2 * stride)[distances[degree + 2]];
-      ++(votes + 3 * stride)[distances[degree + 3]];
+    for (int degree = 0; degree < kDegrees; degree += 4) {
+      ++votes[steps[degree]];
+      ++votes[steps[degree + 1]];
+      ++votes[steps[degree + 2]];
+      ++votes[steps[degree + 3]];
     }
     if (--untilFull == 0) {
       AddStepVotes();
@@ -161,18 +173,22 @@ void HoughTransform::CastVotes() {
 // Moves the votes of the steps to their bins. Two steps make a bin, counted from zero to both sides
 // as integer division does, so that three of them fall into the one at zero.
 void HoughTransform::AddStepVotes() {
-  const int centre = bins_ / 2;
   for (int degree = 0; degree < kDegrees; ++degree) {
-    const std::uint16_t* steps = stepVotes_.data() + BinIndex(degree, steps_ / 2, steps_);
-    int* votes = votes_.data() + BinIndex(degree, 0, stride_);
-    AddPairs(steps - 2 * centre - 1, centre, votes);
-    votes[centre] += steps[-1];
-    AddPairs(steps, bins_ - centre, votes + centre);
-    for (int first = 0; first < stride_; first += kBlockSize) {
-      mostVotes_[BinIndex(degree, first, stride_) / kBlockSize] = LargestOfBlock(votes + first);
+    const std::size_t row = static_cast<std::size_t>(degree) * static_cast<std::size_t>(bins_);
+    std::uint16_t* steps = stepVotes_.data() + row * kDistancePerBin;
+    int* votes = votes_.data() + row;
+    const int zero = -ranges_[static_cast<std::size_t>(degree)].firstStep / kDistancePerBin;
+    if (zero > 0) {
+      AddPairs(steps + 1, zero - 1, votes + 1);
+      votes[zero] += steps[kDistancePerBin * zero - 1];
     }
+    AddPairs(steps + kDistancePerBin * zero, bins_ - zero, votes + zero);
+    for (int first = 0; first < bins_; first += kBlockSize) {
+      mostVotes_[(row + static_cast<std::size_t>(first)) / kBlockSize] =
+          LargestOfBlock(votes + first);
+    }
+    std::fill(steps, steps + kDistancePerBin * bins_, static_cast<std::uint16_t>(0));
   }
-  std::fill(stepVotes_.begin(), stepVotes_.end(), static_cast<std::uint16_t>(0));
 }
 
 // Appends the bins of more than `votesAbove` and at most `largestVotes` votes to the queue,
@@ -186,11 +202,13 @@ void HoughTransform::QueueLines(int votesAbove, int largestVotes) {
       continue;
     }
     const int first = static_cast<int>(block * kBlockSize);
-    const int degree = first / stride_;
+    const int degree = first / bins_;
+    const int distance =
+        ranges_[static_cast<std::size_t>(degree)].firstStep / kDistancePerBin - degree * bins_;
     for (int bin = first; bin < first + kBlockSize; ++bin) {
       const int votes = votes_[static_cast<std::size_t>(bin)];
       if (votes > votesAbove && votes <= largestVotes) {
-        lines.push_back({degree, bin - degree * stride_, votes});
+        lines.push_back({degree, bin + distance, votes});
         ++places[static_cast<std::size_t>(votes)];
       }
     }
@@ -209,18 +227,27 @@ void HoughTransform::QueueLines(int votesAbove, int largestVotes) {
 void HoughTransform::DropSurroundings(const Line& line) {
   const int firstDegree = std::max(line.degree - kMergeDegrees + 1, 0);
   const int lastDegree = std::min(line.degree + kMergeDegrees - 1, kDegrees - 1);
-  const int firstBin = std::max(line.distance - kMergeBins + 1, 0);
-  const int lastBin = std::min(line.distance + kMergeBins - 1, bins_ - 1);
   for (int degree = firstDegree; degree <= lastDegree; ++degree) {
-    unsigned char* dropped = isDropped_.data() + BinIndex(degree, 0, stride_);
-    std::fill(dropped + firstBin, dropped + lastBin + 1, static_cast<unsigned char>(1));
+    const int firstDistance = ranges_[static_cast<std::size_t>(degree)].firstStep / kDistancePerBin;
+    const int first = std::max(line.distance - kMergeBins + 1, firstDistance);
+    const int last = std::min(line.distance + kMergeBins - 1, firstDistance + bins_ - 1);
+    if (first <= last) {
+      unsigned char* dropped = isDropped_.data() + BinOf(degree, first);
+      std::fill(dropped, dropped + (last - first + 1), static_cast<unsigned char>(1));
+    }
   }
 }
 
-int HoughTransform::DistanceIndex(Stroke stroke, int degree) const {
+int HoughTransform::DistanceOf(Stroke stroke, int degree) const {
   const float distance = cosineProducts_[TableRow(stroke.x) + static_cast<std::size_t>(degree)] +
                          sineProducts_[TableRow(stroke.y) + static_cast<std::size_t>(degree)];
-  return static_cast<int>(distance) / kDistancePerBin + bins_ / 2;
+  return static_cast<int>(distance) / kDistancePerBin;
+}
+
+std::size_t HoughTransform::BinOf(int degree, int distance) const {
+  const std::size_t d = static_cast<std::size_t>(degree);
+  return d * static_cast<std::size_t>(bins_) +
+         static_cast<std::size_t>(distance - ranges_[d].firstStep / kDistancePerBin);
 }
 
 // In a row the distance grows with x or falls with it, so that the line covers one interval of x;
@@ -234,11 +261,11 @@ PointFList HoughTransform::Collect(const Line& line) const {
   int end = begin;
   for (int y = 0; y < height_; ++y) {
     if (grows) {
-      while (begin > 0 && DistanceIndex({begin - 1, y}, line.degree) >= line.distance) --begin;
-      while (end > 0 && DistanceIndex({end - 1, y}, line.degree) > line.distance) --end;
+      while (begin > 0 && DistanceOf({begin - 1, y}, line.degree) >= line.distance) --begin;
+      while (end > 0 && DistanceOf({end - 1, y}, line.degree) > line.distance) --end;
     } else {
-      while (begin < columns && DistanceIndex({begin, y}, line.degree) > line.distance) ++begin;
-      while (end < columns && DistanceIndex({end, y}, line.degree) >= line.distance) ++end;
+      while (begin < columns && DistanceOf({begin, y}, line.degree) > line.distance) ++begin;
+      while (end < columns && DistanceOf({end, y}, line.degree) >= line.distance) ++end;
     }
     const unsigned char* row = image_ + PixelOffset(0, y, width_);
     for (int x = begin; x < end; ++x) {

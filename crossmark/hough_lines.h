@@ -17,7 +17,7 @@ class HoughTransform {
  public:
   struct Line {
     int degree;    // of the line's normal
-    int distance;  // index
+    int distance;  // 2 pixels; its bin holds the distances that integer division takes to it
     int votes;     // stroke pixels on the line
   };
 
@@ -39,26 +39,33 @@ class HoughTransform {
     int y;
   };
 
+  // The distances that strokes of an image have at one degree.
+  struct Range {
+    int firstStep;  // pixels, even
+    int row;        // where the degree's steps begin, less the first step
+  };
+
   void CollectStrokes();
   void CastVotes();
   void AddStepVotes();
   void QueueLines(int votesAbove, int largestVotes);
   void DropSurroundings(const Line& line);
-  int DistanceIndex(Stroke stroke, int degree) const;
+  int DistanceOf(Stroke stroke, int degree) const;
+  std::size_t BinOf(int degree, int distance) const;
 
   int width_;
   int height_;
-  int bins_;    // distances of a degree
-  int stride_;  // the same, up to whole blocks
-  int steps_;   // of one pixel, distances of a degree; two to a bin
+  int bins_;  // of each degree, in whole blocks
   // A row of 180 products for each x and each y: x * cos and y * sin, rounded to single precision.
   std::vector<float> cosineProducts_;
   std::vector<float> sineProducts_;
+  std::vector<Range> ranges_;  // of the degrees
+  std::vector<int> rows_;      // of the ranges, side by side
 
   const unsigned char* image_ = nullptr;
   int strokeValue_ = 0;
   std::vector<Stroke> strokes_;
-  std::vector<std::uint16_t> stepVotes_;  // of the steps, degree by degree
+  std::vector<std::uint16_t> stepVotes_;  // of the pixels of distance, degree by degree
   std::vector<int> votes_;                // of the bins, degree by degree
   std::vector<int> mostVotes_;            // in each block of bins
 
