@@ -97,12 +97,9 @@ void HoughTransform::Vote(const unsigned char* image, int strokeValue) {
   std::fill(votes_.begin(), votes_.end(), 0);
   CastVotes();
   std::fill(isDropped_.begin(), isDropped_.end(), static_cast<unsigned char>(0));
-  // Who looks for the strongest lines alone stops long before the weaker half of the bins.
-  const int mostVotes = *std::max_element(mostVotes_.begin(), mostVotes_.end());
   queue_.clear();
   next_ = 0;
-  queuedAbove_ = std::max(mostVotes / 2, kVotesAbove);
-  QueueLines(queuedAbove_, mostVotes);
+  queuedAbove_ = *std::max_element(mostVotes_.begin(), mostVotes_.end());
 }
 
 bool HoughTransform::NextLine(Line& line) {
@@ -114,11 +111,13 @@ bool HoughTransform::NextLine(Line& line) {
         return true;
       }
     }
-    if (queuedAbove_ == kVotesAbove) {
+    if (queuedAbove_ <= kVotesAbove) {
       return false;
     }
-    QueueLines(kVotesAbove, queuedAbove_);
-    queuedAbove_ = kVotesAbove;
+    // In portions: who looks for the strongest lines alone needs few of the bins.
+    const int largestVotes = queuedAbove_;
+    queuedAbove_ = std::max(largestVotes * 3 / 4, kVotesAbove);
+    QueueLines(queuedAbove_, largestVotes);
   }
 }
 

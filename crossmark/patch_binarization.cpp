@@ -133,15 +133,19 @@ void BinarizeRow(const unsigned char* source, const WindowRow& windows,
   } else {
     std::fill(decisions, decisions + kPatchSize, kUndecided);
   }
+  int undecided = 0;
   for (int x = 0; x < kPatchSize; ++x) {
-    if (decisions[x] != kUndecided) {
-      destination[x] = static_cast<unsigned char>(decisions[x]);
-    } else {
-      // A pixel equal to the threshold is white.
+    destination[x] = static_cast<unsigned char>(decisions[x]);
+    undecided += decisions[x] == kUndecided ? 1 : 0;
+  }
+  for (int x = 0; undecided > 0; ++x) {
+    if (decisions[x] == kUndecided) {
       const int area = windows.rows * WindowColumns(x);
       const double threshold =
           Threshold(windows.sums[x], windows.squares[x], area, static_cast<double>(k));
+      // A pixel equal to the threshold is white.
       destination[x] = threshold > static_cast<double>(source[x]) ? 0 : 255;
+      --undecided;
     }
   }
 }

@@ -56,12 +56,18 @@ class ComponentSearch {
 
   // False when the search gives up.
   bool VisitNeighbours(PixelPosition centre, int& added) {
+    const bool isInner =
+        centre.x > 0 && centre.x < width_ - 1 && centre.y > 0 && centre.y < height_ - 1;
     for (const PixelPosition& step : kNeighbours) {
       const PixelPosition neighbour{centre.x + step.x, centre.y + step.y};
-      if (!IsInside(neighbour.x, neighbour.y, width_, height_) || At(neighbour) != kStroke) {
+      if (!isInner && !IsInside(neighbour.x, neighbour.y, width_, height_)) {
         continue;
       }
-      At(neighbour) = mark_;
+      unsigned char& level = At(neighbour);
+      if (level != kStroke) {
+        continue;
+      }
+      level = mark_;
       next_.push_back(neighbour);
       if (mark_ == kVisited) {
         Remember(neighbour);

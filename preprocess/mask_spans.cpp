@@ -25,13 +25,42 @@ PixelSpan RowSpan(const unsigned char* row, int width) {
   return first < last ? PixelSpan{first, last} : PixelSpan{width, 0};
 }
 
-void ExtendColumns(const unsigned char* row, int y, int width, int* first, int* last) {
-  for (int x = 0; x < width; ++x) {
-    const bool isInside = row[x] == kInsideMask;
-    first[x] = isInside && y < first[x] ? y : first[x];
-    last[x] = isInside ? y : last[x];
+// The columns whose first inner pixel is still looked for, a row at a time.
+class ColumnSearch {
+ public:
+  explicit ColumnSearch(int width)
+      : isOpen_(static_cast<std::size_t>(width), kOpen), isHit_(isOpen_.size()) {}
+
+  // Sets ends[x] to y for the open columns that are inside in this row.
+  void VisitRow(const unsigned char* row, int y, std::vector<int>& ends) {
+    MarkHits(row, static_cast<int>(isOpen_.size()), isOpen_.data(), isHit_.data());
+    const unsigned char* begin = isHit_.data();
+    const unsigned char* end = begin + isHit_.size();
+    for (const unsigned char* hit = begin;
+         hit < end && (hit = static_cast<const unsigned char*>(std::memchr(
+                           hit, kOpen, static_cast<std::size_t>(end - hit)))) != nullptr;
+         ++hit) {
+      ends[static_cast<std::size_t>(hit - begin)] = y;
+    }
   }
-}
+
+ private:
+  static constexpr unsigned char kOpen = 255;
+
+  // A column that is hit is closed.
+  static void MarkHits(const unsigned char* __restrict row, int width,
+                       unsigned char* __restrict isOpen, unsigned char* __restrict isHit) {
+    for (int x = 0; x < width; ++x) {
+      const unsigned char open = isOpen[x];
+      const unsigned char hit = row[x] == kInsideMask ? open : 0;
+      isHit[x] = hit;
+      isOpen[x] = static_cast<unsigned char>(open & ~hit);
+    }
+  }
+
+  std::vector<unsigned char> isOpen_;  // kOpen or 0
+  std::vector<unsigned char> isHit_;   // by the row that was visited last
+};
 
 }  // namespace
 
@@ -51,8 +80,13 @@ PixelSpanList ComputeColumnSpans(const unsigned char* mask, int width, int heigh
   const PixelSpan empty{height, 0};
   std::vector<int> first(static_cast<std::size_t>(width), height);
   std::vector<int> last(static_cast<std::size_t>(width), 0);
+  ColumnSearch fromTop(width);
   for (int y = 0; y < height; ++y) {
-    ExtendColumns(mask + PixelOffset(0, y, width), y, width, first.data(), last.data());
+    fromTop.VisitRow(mask + PixelOffset(0, y, width), y, first);
+  }
+  ColumnSearch fromBottom(width);
+  for (int y = height - 1; y >= 0; --y) {
+    fromBottom.VisitRow(mask + PixelOffset(0, y, width), y, last);
   }
   PixelSpanList spans;
   spans.reserve(first.size());
