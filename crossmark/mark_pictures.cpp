@@ -1,7 +1,5 @@
 #include "crossmark/mark_pictures.h"
 
-#include <new>
-
 #include "crossmark/hough_lines.h"
 #include "crossmark/line_picture.h"
 #include "crossmark/line_splitting.h"
@@ -47,8 +45,9 @@ MarkPictures::~MarkPictures() {
     WritePatch(thinned_, "./Thining.bmp");
     WriteLines(lines_);
     WriteSegments(segments_);
-  } catch (const std::bad_alloc&) {
-    // Without memory there are fewer pictures, and the call ends as it would have.
+  } catch (...) {
+    // Without memory, which MFC tells by an exception of its own, there are fewer pictures, and the
+    // call ends as it would have.
   }
 }
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <iterator>
 
 #include "crossmark/patch.h"
 
@@ -54,13 +53,13 @@ int WindowColumns(int x) {
 using RunningTotals = int[kPatchSize + 2 * kWindowReach + 1];
 
 void AddUp(const int (&columns)[kPatchSize], RunningTotals& totals) {
+  int* next = std::fill_n(totals, kWindowReach + 1, 0);
   int total = 0;
-  std::fill(totals, totals + kWindowReach + 1, 0);
-  for (int x = 0; x < kPatchSize; ++x) {
-    total += columns[x];
-    totals[kWindowReach + 1 + x] = total;
+  for (const int column : columns) {
+    total += column;
+    *next++ = total;
   }
-  std::fill(totals + kWindowReach + 1 + kPatchSize, std::end(totals), total);
+  std::fill_n(next, kWindowReach, total);
 }
 
 void SumWindows(const ColumnTotals& columns, WindowRow& windows) {
