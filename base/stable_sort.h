@@ -23,9 +23,8 @@ void SortAscending(Sequence& sequence, Key key) {
     std::stable_sort(sequence.begin(), sequence.end(),
                      [&](const auto& left, const auto& right) { return key(left) < key(right); });
   } else {
-    BubbleSort(sequence, [&](const auto& earlier, const auto& later) {
-      return key(earlier) > key(later);
-    });
+    BubbleSort(sequence,
+               [&](const auto& earlier, const auto& later) { return key(earlier) > key(later); });
   }
 }
 
@@ -36,9 +35,8 @@ void SortDescending(Sequence& sequence, Key key) {
     std::stable_sort(sequence.begin(), sequence.end(),
                      [&](const auto& left, const auto& right) { return key(left) > key(right); });
   } else {
-    BubbleSort(sequence, [&](const auto& earlier, const auto& later) {
-      return key(later) > key(earlier);
-    });
+    BubbleSort(sequence,
+               [&](const auto& earlier, const auto& later) { return key(later) > key(earlier); });
   }
 }
 

@@ -43,9 +43,9 @@ int FirstStep(int width, float cosine) {
 int WholeBlocks(int bins) { return (bins + kBlockSize - 1) / kBlockSize * kBlockSize; }
 
 // Each bin is given the votes of two steps.
-void AddPairs(const std::uint16_t* __restrict steps, int count, int* __restrict votes) {
-  for (int i = 0; i < count; ++i) {
-    votes[i] += steps[2 * i] + steps[2 * i + 1];
+void AddPairs(const std::uint16_t* __restrict steps, std::ptrdiff_t count, int* __restrict votes) {
+  for (std::ptrdiff_t i = 0; i < count; ++i) {
+    votes[i] += steps[kDistancePerBin * i] + steps[kDistancePerBin * i + 1];
   }
 }
 
@@ -176,7 +176,8 @@ void HoughTransform::AddStepVotes() {
     const std::size_t row = static_cast<std::size_t>(degree) * static_cast<std::size_t>(bins_);
     std::uint16_t* steps = stepVotes_.data() + row * kDistancePerBin;
     int* votes = votes_.data() + row;
-    const int zero = -ranges_[static_cast<std::size_t>(degree)].firstStep / kDistancePerBin;
+    const std::ptrdiff_t zero =
+        -ranges_[static_cast<std::size_t>(degree)].firstStep / kDistancePerBin;
     if (zero > 0) {
       AddPairs(steps + 1, zero - 1, votes + 1);
       votes[zero] += steps[kDistancePerBin * zero - 1];
@@ -186,7 +187,8 @@ void HoughTransform::AddStepVotes() {
       mostVotes_[(row + static_cast<std::size_t>(first)) / kBlockSize] =
           LargestOfBlock(votes + first);
     }
-    std::fill(steps, steps + kDistancePerBin * bins_, static_cast<std::uint16_t>(0));
+    std::fill(steps, steps + kDistancePerBin * std::ptrdiff_t{bins_},
+              static_cast<std::uint16_t>(0));
   }
 }
 
@@ -260,11 +262,19 @@ PointFList HoughTransform::Collect(const Line& line) const {
   int end = begin;
   for (int y = 0; y < height_; ++y) {
     if (grows) {
-      while (begin > 0 && DistanceOf({begin - 1, y}, line.degree) >= line.distance) --begin;
-      while (end > 0 && DistanceOf({end - 1, y}, line.degree) > line.distance) --end;
+      while (begin > 0 && DistanceOf({begin - 1, y}, line.degree) >= line.distance) {
+        --begin;
+      }
+      while (end > 0 && DistanceOf({end - 1, y}, line.degree) > line.distance) {
+        --end;
+      }
     } else {
-      while (begin < columns && DistanceOf({begin, y}, line.degree) > line.distance) ++begin;
-      while (end < columns && DistanceOf({end, y}, line.degree) >= line.distance) ++end;
+      while (begin < columns && DistanceOf({begin, y}, line.degree) > line.distance) {
+        ++begin;
+      }
+      while (end < columns && DistanceOf({end, y}, line.degree) >= line.distance) {
+        ++end;
+      }
     }
     const unsigned char* row = image_ + PixelOffset(0, y, width_);
     for (int x = begin; x < end; ++x) {

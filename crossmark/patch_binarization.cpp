@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "base/gray_image.h"
 #include "crossmark/patch.h"
 
 namespace quorvex {
@@ -149,6 +150,10 @@ void BinarizeRow(const unsigned char* source, const WindowRow& windows,
   }
 }
 
+const unsigned char* RowOf(const unsigned char* patch, int y) {
+  return patch + PixelOffset(0, y, kPatchSize);
+}
+
 }  // namespace
 
 void SauvolaBinarize(const unsigned char* source, unsigned char* destination, float k) {
@@ -159,20 +164,21 @@ void SauvolaBinarize(const unsigned char* source, unsigned char* destination, fl
     inverseColumns[x] = 1.0f / static_cast<float>(WindowColumns(x));
   }
   for (int y = 0; y < kWindowReach; ++y) {
-    AddRow(source + y * kPatchSize, totals);
+    AddRow(RowOf(source, y), totals);
   }
   for (int y = 0; y < kPatchSize; ++y) {
     const int top = std::max(y - kWindowReach, 0);
     const int bottom = std::min(y + kWindowReach, kPatchSize - 1);
     if (y + kWindowReach < kPatchSize) {
-      AddRow(source + bottom * kPatchSize, totals);
+      AddRow(RowOf(source, bottom), totals);
     }
     if (y > kWindowReach) {
-      DropRow(source + (top - 1) * kPatchSize, totals);
+      DropRow(RowOf(source, top - 1), totals);
     }
     windows.rows = bottom - top + 1;
     SumWindows(totals, windows);
-    BinarizeRow(source + y * kPatchSize, windows, inverseColumns, k, destination + y * kPatchSize);
+    BinarizeRow(RowOf(source, y), windows, inverseColumns, k,
+                destination + PixelOffset(0, y, kPatchSize));
   }
 }
 

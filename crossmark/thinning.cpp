@@ -5,6 +5,7 @@
 #include <cstring>
 #include <vector>
 
+#include "base/gray_image.h"
 #include "base/local_buffer.h"
 #include "crossmark/patch.h"
 
@@ -77,8 +78,8 @@ bool CanBeDeleted(const unsigned char* pixel) {
 std::vector<int> CollectStroke(const unsigned char* patch) {
   std::vector<int> stroke;
   for (int y = kBorder; y < kPatchSize - kBorder; ++y) {
-    const unsigned char* pixel = patch + y * kPatchSize + kBorder;
-    const unsigned char* end = patch + (y + 1) * kPatchSize - kBorder;
+    const unsigned char* pixel = patch + PixelOffset(kBorder, y, kPatchSize);
+    const unsigned char* end = patch + PixelOffset(kPatchSize - kBorder, y, kPatchSize);
     while (pixel < end &&
            (pixel = static_cast<const unsigned char*>(
                 std::memchr(pixel, kStroke, static_cast<std::size_t>(end - pixel)))) != nullptr) {

@@ -86,7 +86,8 @@ void FillBmpInfo(unsigned char* info, long width, long height, int bitsPerPixel)
   PutU32(info + kYResolutionOffset, kResolution);
   unsigned char* table = info + kBmpInfoHeaderSize;
   for (int i = 0; i < BmpColorTableEntries(bitsPerPixel); ++i) {
-    std::memset(table + kColorEntrySize * i, i, 3);
+    std::memset(table, i, 3);
+    table += kColorEntrySize;
   }
 }
 

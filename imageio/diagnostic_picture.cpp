@@ -39,7 +39,8 @@ void EndWithZeros(CFile& file, std::int64_t written, std::int64_t count) {
   } else {
     WriteZeros(file, count);
   }
-  file.SetLength(static_cast<ULONGLONG>(written + count));
+  const std::int64_t length = written + count;
+  file.SetLength(static_cast<ULONGLONG>(length));
 }
 
 // Over the file of an earlier detection, without emptying it first: giving its blocks back and

@@ -27,15 +27,16 @@ class Ray {
       first_ = radius;
       for (int i = 0; i < kStretch; ++i) {
         const double r = static_cast<double>(radius) + i;
-        x_[i] = static_cast<int>(static_cast<double>(static_cast<float>(r * cosine_)) + 0.5);
-        y_[i] = static_cast<int>(static_cast<double>(static_cast<float>(r * sine_)) + 0.5);
+        x_[i] = static_cast<int>(static_cast<double>(static_cast<float>(r * cosine_)) + kHalf);
+        y_[i] = static_cast<int>(static_cast<double>(static_cast<float>(r * sine_)) + kHalf);
       }
     }
     return {x_[radius - first_], y_[radius - first_]};
   }
 
  private:
-  static constexpr int kStretch = 64;  // pixels
+  static constexpr int kStretch = 64;   // pixels
+  static constexpr double kHalf = 0.5;  // added before the cut, as RoundHalfUp does
 
   double cosine_;
   double sine_;

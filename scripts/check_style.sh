@@ -19,8 +19,8 @@ git ls-files -z '*.cpp' '*.h' | xargs -0 clang-format --dry-run -Werror
 $tidy || exit 0
 
 # Nothing has to be built for the commands that sources are compiled with. A build of its own, so that other
-# options of the release build do not count.
-cmake --preset release -B build/style >/dev/null
+# options of the release build do not count, for the compiler whose options clang-tidy knows.
+cmake --preset clang -B build/style >/dev/null
 
 # The sources of the libraries and programs in CMake's lists, tests and other systems' left out.
 mapfile -t sources < <(git ls-files '*.cpp' | grep -E '^(base|platform|imageio|preprocess|crossmark|grid|postprocess|interface|tools|examples)/' |

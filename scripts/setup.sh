@@ -20,7 +20,7 @@ for option in "$@"; do
     --tests) packages+=(libgtest-dev libgmock-dev imagemagick) ;;  # imagemagick: another reader of BMP files
     --benchmarks) packages+=(libbenchmark-dev) ;;
     --clang) packages+=(clang libclang-rt-14-dev llvm) ;;
-    --style) packages+=(clang-format clang-tidy) ;;
+    --style) packages+=(clang clang-format clang-tidy) ;;
     --windows)
       windows=true
       packages+=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64 clang lld llvm dpkg-dev) ;;
