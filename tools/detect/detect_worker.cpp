@@ -12,7 +12,7 @@
 #include "interface/quorvex.h"
 #include "tools/detect/failure_diagnosis.h"
 #include "tools/detect/padding.h"
-#include "tools/detect/point_kind.h"
+#include "tools/detect/point_judge.h"
 #include "tools/lists/option_text.h"
 #include "tools/lists/point_list.h"
 #include "tools/pictures/picture_file.h"

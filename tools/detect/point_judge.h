@@ -1,7 +1,7 @@
 // Which points of a detection stand on a mark that is in the picture, and which were filled in
 // where none was seen. The detection itself does not tell.
-#ifndef QUORVEX_TOOLS_DETECT_POINT_KIND_H_
-#define QUORVEX_TOOLS_DETECT_POINT_KIND_H_
+#ifndef QUORVEX_TOOLS_DETECT_POINT_JUDGE_H_
+#define QUORVEX_TOOLS_DETECT_POINT_JUDGE_H_
 
 #include "tools/lists/points_file.h"
 #include "tools/pictures/picture.h"
@@ -14,4 +14,4 @@ PointKind JudgePoint(const Picture& picture, double x, double y);
 
 }  // namespace quorvex::tools
 
-#endif  // QUORVEX_TOOLS_DETECT_POINT_KIND_H_
+#endif  // QUORVEX_TOOLS_DETECT_POINT_JUDGE_H_

@@ -1,4 +1,4 @@
-#include "tools/detect/point_kind.h"
+#include "tools/detect/point_judge.h"
 
 #include <algorithm>
 #include <array>
