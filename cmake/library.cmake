@@ -27,6 +27,7 @@ add_library(quorvex_objects OBJECT
   crossmark/cross_refinement.cpp
   crossmark/cross_strokes.cpp
   crossmark/hough_lines.cpp
+  crossmark/hough_votes.cpp
   crossmark/image_patch.cpp
   crossmark/line_fit.cpp
   crossmark/line_intersection.cpp

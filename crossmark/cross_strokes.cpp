@@ -29,7 +29,7 @@ bool IsFinal(const Choice& choice, const LineSegmentList& segments, int votes) {
 StrokeFinding FindCrossStrokes(const StrokePatch& patch, HoughTransform& hough,
                                CrossStrokes& strokes) {
   hough.Vote(patch.pixels->Data(), patch.strokeValue);
-  HoughTransform::Line line;
+  HoughBin line;
   if (!hough.NextLine(line)) {
     return StrokeFinding::kNothing;
   }
