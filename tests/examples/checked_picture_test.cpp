@@ -42,7 +42,7 @@ class CheckedPicture : public testing::Test {
     EXPECT_EQ(RunProgram({program,
                           SplitAtBlanks(arguments),
                           folder.Path(),
-                          {{"LSAN_OPTIONS", "suppressions=" QUORVEX_LEAKS}}}),
+                          {{"LSAN_OPTIONS", "print_suppressions=0:suppressions=" QUORVEX_LEAKS}}}),
               1);
     std::ifstream errors(folder.Path("err.txt"));  // as text: Windows ends its lines otherwise
     return {std::istreambuf_iterator<char>(errors), {}};

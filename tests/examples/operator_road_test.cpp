@@ -82,7 +82,7 @@ class OperatorRoad : public testing::Test {
     return RunProgram({program,
                        SplitAtBlanks(arguments),
                        folder.Path(),
-                       {{"LSAN_OPTIONS", "suppressions=" QUORVEX_LEAKS}},
+                       {{"LSAN_OPTIONS", "print_suppressions=0:suppressions=" QUORVEX_LEAKS}},
                        "",
                        "steps.txt"});
   }
