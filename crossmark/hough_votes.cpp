@@ -14,7 +14,10 @@ namespace {
 constexpr int kDegrees = 180;
 constexpr double kPi = 3.1415926;   // cut short on purpose: the bins depend on it
 constexpr int kDistancePerBin = 2;  // pixels
-constexpr std::size_t kStepVoteLimit = std::numeric_limits<std::uint16_t>::max();
+constexpr int kNewVoteLimit = std::numeric_limits<std::uint16_t>::max();
+
+// Up to this degree the distance grows with x, behind it falls.
+constexpr int kLastGrowing = 90;
 
 // Bins are looked at in blocks of this size, most of which hold nothing of interest.
 constexpr int kBlockSize = 16;
@@ -29,20 +32,12 @@ int Diagonal(int width, int height) {
 }
 
 // The lowest distance is negative where the normal points to the left.
-int FirstStep(int width, float cosine) {
+int LowestDistance(int width, float cosine) {
   const float lowest = std::min(static_cast<float>(width) * cosine, 0.0f);
-  return static_cast<int>(lowest) / kDistancePerBin * kDistancePerBin -
-         (lowest < 0.0f ? kDistancePerBin : 0);
+  return static_cast<int>(lowest) / kDistancePerBin - (lowest < 0.0f ? 1 : 0);
 }
 
 int WholeBlocks(int bins) { return (bins + kBlockSize - 1) / kBlockSize * kBlockSize; }
-
-// Each bin is given the votes of two steps.
-void AddPairs(const std::uint16_t* __restrict steps, std::ptrdiff_t count, int* __restrict votes) {
-  for (std::ptrdiff_t i = 0; i < count; ++i) {
-    votes[i] += steps[kDistancePerBin * i] + steps[kDistancePerBin * i + 1];
-  }
-}
 
 int LargestOfBlock(const int* votes) {
   int largest = 0;
@@ -59,12 +54,13 @@ HoughVotes::HoughVotes(int width, int height)
       height_(height),
       // A range begins up to two bins before its first distance and is cut to whole bins.
       bins_(WholeBlocks(Diagonal(width, height) / kDistancePerBin + 4)),
-      cosineProducts_(TableRow(std::max(width, 0))),
+      cosineProducts_(TableRow(std::max(width, 0) + 2 * kPieceLimit)),
       sineProducts_(TableRow(std::max(height, 0))),
-      firstSteps_(kDegrees),
+      firstDistances_(kDegrees),
       rows_(kDegrees),
-      stepVotes_(static_cast<std::size_t>(kDegrees) * static_cast<std::size_t>(bins_) *
-                 kDistancePerBin),
+      patterns_(static_cast<std::size_t>(kPieceLimit) * kPatterns),
+      // With room for four votes at the last bin.
+      newVotes_(static_cast<std::size_t>(kDegrees) * static_cast<std::size_t>(bins_) + 3),
       votes_(static_cast<std::size_t>(kDegrees) * static_cast<std::size_t>(bins_)),
       mostVotes_(votes_.size() / kBlockSize) {
   for (int degree = 0; degree < kDegrees; ++degree) {
@@ -72,68 +68,99 @@ HoughVotes::HoughVotes(int width, int height)
     const double angle = degree * kPi / 180.0;
     const float cosine = static_cast<float>(std::cos(angle));
     const float sine = static_cast<float>(std::sin(angle));
-    for (int x = 0; x < width; ++x) {
-      cosineProducts_[TableRow(x) + d] = static_cast<float>(x) * cosine;
+    for (int x = -kPieceLimit; x < width + kPieceLimit; ++x) {
+      const float product = static_cast<float>(x) * cosine;
+      cosineProducts_[TableRow(x + kPieceLimit) + d] = product / kDistancePerBin;
     }
     for (int y = 0; y < height; ++y) {
-      sineProducts_[TableRow(y) + d] = static_cast<float>(y) * sine;
+      const float product = static_cast<float>(y) * sine;
+      sineProducts_[TableRow(y) + d] = product / kDistancePerBin;
     }
-    firstSteps_[d] = FirstStep(width, cosine);
-    rows_[d] = degree * bins_ * kDistancePerBin - firstSteps_[d];
+    firstDistances_[d] = LowestDistance(width, cosine);
+    rows_[d] = degree * bins_ - firstDistances_[d];
+  }
+  MakePatterns();
+}
+
+// The bins of a piece, in the order in which they grow, differ from the first one by 0 to 2. The
+// differences of the second, the third and the fourth pixel, two bits each, are the pattern's
+// number.
+void HoughVotes::MakePatterns() {
+  for (int length = 1; length <= kPieceLimit; ++length) {
+    for (int pattern = 0; pattern < kPatterns; ++pattern) {
+      std::uint16_t votes[4] = {};
+      ++votes[0];
+      for (int pixel = 1; pixel < length; ++pixel) {
+        ++votes[pattern >> 2 * (pixel - 1) & 3];
+      }
+      std::memcpy(&patterns_[static_cast<std::size_t>((length - 1) * kPatterns + pattern)], votes,
+                  sizeof votes);
+    }
   }
 }
 
-// Votes for the whole pixels of distance, for all degrees at once; what DistanceOf does with them
-// is done once for all strokes. The tables hold the rounded products, so that no compiler can leave
-// the rounding out.
+// Half of the degrees after the other: the bins of a half stay in the processor's nearest cache.
 void HoughVotes::Cast(const unsigned char* image, int strokeValue) {
   image_ = image;
   strokeValue_ = strokeValue;
-  CollectStrokes();
+  CollectPieces();
   std::fill(votes_.begin(), votes_.end(), 0);
-  std::uint16_t* votes = stepVotes_.data();
-  const int* rows = rows_.data();
-  std::size_t untilFull = kStepVoteLimit;
-  for (const Stroke& stroke : strokes_) {
-    const float* cosines = cosineProducts_.data() + TableRow(stroke.x);
-    const float* sines = sineProducts_.data() + TableRow(stroke.y);
-    int steps[kDegrees];
-    for (int degree = 0; degree < kDegrees; ++degree) {
-      steps[degree] = rows[degree] + static_cast<int>(cosines[degree] + sines[degree]);
-    }
-    for (int degree = 0; degree < kDegrees; degree += 4) {
-      ++votes[steps[degree]];
-      ++votes[steps[degree + 1]];
-      ++votes[steps[degree + 2]];
-      ++votes[steps[degree + 3]];
-    }
-    if (--untilFull == 0) {
-      AddStepVotes();
-      untilFull = kStepVoteLimit;
-    }
+  CastPieces({0, kLastGrowing + 1, true});
+  CastPieces({kLastGrowing + 1, kDegrees, false});
+  for (std::size_t block = 0; block < mostVotes_.size(); ++block) {
+    mostVotes_[block] = LargestOfBlock(votes_.data() + block * kBlockSize);
   }
-  AddStepVotes();
 }
 
-// Moves the votes of the steps to their bins. Two steps make a bin, counted from zero to both sides
-// as integer division does, so that three of them fall into the one at zero.
-void HoughVotes::AddStepVotes() {
-  for (int degree = 0; degree < kDegrees; ++degree) {
-    const std::size_t row = static_cast<std::size_t>(degree) * static_cast<std::size_t>(bins_);
-    std::uint16_t* steps = stepVotes_.data() + row * kDistancePerBin;
-    int* votes = votes_.data() + row;
-    const std::ptrdiff_t zero = -FirstDistance(degree);
-    if (zero > 0) {
-      AddPairs(steps + 1, zero - 1, votes + 1);
-      votes[zero] += steps[kDistancePerBin * zero - 1];
+void HoughVotes::CastPieces(DegreeRange degrees) {
+  int untilFull = kNewVoteLimit;
+  for (const Piece& piece : pieces_) {
+    CastPiece(piece, degrees);
+    untilFull -= kPieceLimit;
+    if (untilFull < kPieceLimit) {
+      AddNewVotes(degrees);
+      untilFull = kNewVoteLimit;
     }
-    AddPairs(steps + kDistancePerBin * zero, bins_ - zero, votes + zero);
-    for (int first = 0; first < bins_; first += kBlockSize) {
-      mostVotes_[(row + static_cast<std::size_t>(first)) / kBlockSize] =
-          LargestOfBlock(votes + first);
-    }
-    std::fill(steps, steps + kDistancePerBin * std::ptrdiff_t{bins_},
-              static_cast<std::uint16_t>(0));
+  }
+  AddNewVotes(degrees);
+}
+
+// The same bins as DistanceOf tells for the pixels one by one. Pixels that a shorter piece lacks
+// are computed, too, but its patterns leave them out.
+void HoughVotes::CastPiece(const Piece& piece, DegreeRange degrees) {
+  const float* cosines1 = CosineProducts(degrees.grows ? piece.x : piece.x + piece.length - 1);
+  const std::ptrdiff_t next = degrees.grows ? kDegrees : -kDegrees;
+  const float* cosines2 = cosines1 + next;
+  const float* cosines3 = cosines2 + next;
+  const float* cosines4 = cosines3 + next;
+  const float* sines = sineProducts_.data() + TableRow(piece.y);
+  const int* rows = rows_.data();
+  int bins[kDegrees];
+  int numbers[kDegrees];
+  for (int degree = degrees.first; degree < degrees.end; ++degree) {
+    const int first = static_cast<int>(cosines1[degree] + sines[degree]);
+    const int second = static_cast<int>(cosines2[degree] + sines[degree]) - first;
+    const int third = static_cast<int>(cosines3[degree] + sines[degree]) - first;
+    const int fourth = static_cast<int>(cosines4[degree] + sines[degree]) - first;
+    bins[degree] = rows[degree] + first;
+    numbers[degree] = second + (third << 2) + (fourth << 4);
+  }
+  const FourVotes* patterns = patterns_.data() + (piece.length - 1) * kPatterns;
+  std::uint16_t* votes = newVotes_.data();
+  for (int degree = degrees.first; degree < degrees.end; ++degree) {
+    FourVotes four;
+    std::memcpy(&four, votes + bins[degree], sizeof four);
+    four += patterns[numbers[degree]];
+    std::memcpy(votes + bins[degree], &four, sizeof four);
+  }
+}
+
+// Moves the new votes of some degrees to those that were there before.
+void HoughVotes::AddNewVotes(DegreeRange degrees) {
+  const int end = degrees.end * bins_;
+  for (int bin = degrees.first * bins_; bin < end; ++bin) {
+    votes_[static_cast<std::size_t>(bin)] += newVotes_[static_cast<std::size_t>(bin)];
+    newVotes_[static_cast<std::size_t>(bin)] = 0;
   }
 }
 
@@ -157,12 +184,12 @@ void HoughVotes::AppendBins(int votesAbove, int largestVotes, std::vector<HoughB
 }
 
 int HoughVotes::FirstDistance(int degree) const {
-  return firstSteps_[static_cast<std::size_t>(degree)] / kDistancePerBin;
+  return firstDistances_[static_cast<std::size_t>(degree)];
 }
 
-// The stroke pixels, row by row. The last column is left out on purpose.
-void HoughVotes::CollectStrokes() {
-  strokes_.clear();
+// The strokes in pieces, row by row. The last column is left out on purpose.
+void HoughVotes::CollectPieces() {
+  pieces_.clear();
   if (width_ < 2 || strokeValue_ < 0 || strokeValue_ > std::numeric_limits<unsigned char>::max()) {
     return;
   }
@@ -173,17 +200,25 @@ void HoughVotes::CollectStrokes() {
     while (pixel < end &&
            (pixel = static_cast<const unsigned char*>(std::memchr(
                 pixel, strokeValue_, static_cast<std::size_t>(end - pixel)))) != nullptr) {
-      for (; pixel < end && *pixel == strokeValue_; ++pixel) {
-        strokes_.push_back({static_cast<int>(pixel - row), y});
+      int length = 1;
+      while (length < kPieceLimit && pixel + length < end && pixel[length] == strokeValue_) {
+        ++length;
       }
+      pieces_.push_back({static_cast<int>(pixel - row), y, length});
+      pixel += length;
     }
   }
 }
 
-int HoughVotes::DistanceOf(Stroke stroke, int degree) const {
-  const float distance = cosineProducts_[TableRow(stroke.x) + static_cast<std::size_t>(degree)] +
-                         sineProducts_[TableRow(stroke.y) + static_cast<std::size_t>(degree)];
-  return static_cast<int>(distance) / kDistancePerBin;
+const float* HoughVotes::CosineProducts(int x) const {
+  return cosineProducts_.data() + TableRow(x + kPieceLimit);
+}
+
+// Truncation to bins of two pixels takes the distances on both sides of zero into one bin. The
+// tables hold the rounded products, so that no compiler can leave the rounding out.
+int HoughVotes::DistanceOf(int x, int y, int degree) const {
+  return static_cast<int>(CosineProducts(x)[degree] +
+                          sineProducts_[TableRow(y) + static_cast<std::size_t>(degree)]);
 }
 
 // In a row the distance grows with x or falls with it, so that the line covers one interval of x;
@@ -197,17 +232,17 @@ PointFList HoughVotes::Collect(const HoughBin& bin) const {
   int end = begin;
   for (int y = 0; y < height_; ++y) {
     if (grows) {
-      while (begin > 0 && DistanceOf({begin - 1, y}, bin.degree) >= bin.distance) {
+      while (begin > 0 && DistanceOf(begin - 1, y, bin.degree) >= bin.distance) {
         --begin;
       }
-      while (end > 0 && DistanceOf({end - 1, y}, bin.degree) > bin.distance) {
+      while (end > 0 && DistanceOf(end - 1, y, bin.degree) > bin.distance) {
         --end;
       }
     } else {
-      while (begin < columns && DistanceOf({begin, y}, bin.degree) > bin.distance) {
+      while (begin < columns && DistanceOf(begin, y, bin.degree) > bin.distance) {
         ++begin;
       }
-      while (end < columns && DistanceOf({end, y}, bin.degree) >= bin.distance) {
+      while (end < columns && DistanceOf(end, y, bin.degree) >= bin.distance) {
         ++end;
       }
     }

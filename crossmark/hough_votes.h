@@ -42,30 +42,51 @@ class HoughVotes {
   int FirstDistance(int degree) const;
 
  private:
-  struct Stroke {
-    int x;
+  // Some pixels of a stroke side by side, at most kPieceLimit.
+  struct Piece {
+    int x;  // of the leftmost one
     int y;
+    int length;
+  };
+  static constexpr int kPieceLimit = 4;
+
+  // Degrees for which the distance grows with x, or for which it falls.
+  struct DegreeRange {
+    int first;
+    int end;
+    bool grows;
   };
 
-  void CollectStrokes();
-  void AddStepVotes();
-  int DistanceOf(Stroke stroke, int degree) const;
+  // The votes of a piece for four neighbouring bins, added as one number of 64 bits.
+  using FourVotes = std::uint64_t;
+  static constexpr int kPatterns = 64;
+
+  void MakePatterns();
+  void CollectPieces();
+  void CastPieces(DegreeRange degrees);
+  void CastPiece(const Piece& piece, DegreeRange degrees);
+  void AddNewVotes(DegreeRange degrees);
+  const float* CosineProducts(int x) const;
+  int DistanceOf(int x, int y, int degree) const;
 
   int width_;
   int height_;
   int bins_;  // of each degree, in whole blocks
-  // A row of 180 products for each x and each y: x * cos and y * sin, rounded to single precision.
+  // A row of 180 halved products for each x and each y: x * cos and y * sin, rounded to single
+  // precision. Halving is exact, so that their sum counts bins and is otherwise the distance. Some
+  // columns before the first and behind the last let every piece be counted as a whole one.
   std::vector<float> cosineProducts_;
   std::vector<float> sineProducts_;
-  std::vector<int> firstSteps_;  // pixels, even: where the distances of each degree begin
-  std::vector<int> rows_;        // where distance 0 of each degree stands among the steps
+  std::vector<int> firstDistances_;  // bins: where each degree begins
+  std::vector<int> rows_;            // where distance 0 of each degree stands among the bins
+  std::vector<FourVotes> patterns_;  // kPatterns for each length of a piece
 
   const unsigned char* image_ = nullptr;
   int strokeValue_ = 0;
-  std::vector<Stroke> strokes_;
-  std::vector<std::uint16_t> stepVotes_;  // of the pixels of distance, degree by degree
-  std::vector<int> votes_;                // of the bins, degree by degree
-  std::vector<int> mostVotes_;            // in each block of bins
+  std::vector<Piece> pieces_;
+  std::vector<std::uint16_t> newVotes_;  // of the bins, degree by degree
+  std::vector<int> votes_;               // what the new ones are added to
+  std::vector<int> mostVotes_;           // in each block of bins
 };
 
 }  // namespace quorvex
