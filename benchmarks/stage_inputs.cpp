@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "base/rounding.h"
+#include "benchmarks/rendered_input.h"
 #include "crossmark/image_patch.h"
 #include "crossmark/patch.h"
 #include "crossmark/patch_binarization.h"
@@ -24,26 +25,13 @@
 #include "tests/road/detection_road.h"
 #include "tests/support/temporary_directory.h"
 #include "tools/render/presets.h"
-#include "tools/render/render_target.h"
 
 namespace quorvex::benchmarks {
-namespace {
-
-// The rendered picture as the library takes it, the bottom row first.
-GrayImage Render(const std::string& preset) {
-  const tools::Picture picture = tools::RenderTarget(tools::PresetByName(preset)).picture;
-  GrayImage image(picture.width, picture.height);
-  for (int y = 0; y < picture.height; ++y) {
-    std::copy_n(picture.pixels.data() + PixelOffset(0, y, picture.width), picture.width,
-                image.Data() + PixelOffset(0, picture.height - 1 - y, picture.width));
-  }
-  return image;
-}
-
-}  // namespace
-
 StageInputs::StageInputs(const std::string& preset)
-    : input(Render(preset)), width(input.Width()), height(input.Height()), binarized(input) {
+    : input(RenderInput(tools::PresetByName(preset))),
+      width(input.Width()),
+      height(input.Height()),
+      binarized(input) {
   BinarizeImage(binarized.Data(), width, height, 80);
   filtered = binarized;
   RankFilter3x3(filtered.Data(), width, height, 0);
