@@ -1,0 +1,83 @@
+#include "precise/arm_trace.h"
+
+#include <algorithm>
+
+#include "precise/stroke_section.h"
+
+namespace quorvex::precise {
+namespace {
+
+constexpr double kFarthestEnd = 170.0;   // px; half of the largest pitch and some
+constexpr double kEndDepth = 0.5;        // of the arm's contrast, where it ends
+constexpr double kFollow = 0.5;          // of a cut's offset, that the trace moves aside
+constexpr double kTurn = 0.08;           // radians that a step turns for an offset of one step
+constexpr double kLargestOffset = 1.5;   // samples; a cut that is farther off hit something else
+constexpr double kClearContrast = 10.0;  // times the noise of a cut: one pale cut is the arm's end
+constexpr int kPaleCuts = 3;             // one after another, that end a noisy arm
+
+// Sigma of a single value over that of a pixel, by level.
+constexpr double kNoiseOfLevel[kLevels] = {0.375, 0.137, 0.068};
+
+struct Walk {
+  Eigen::Vector2d point;  // px of the level
+  Eigen::Vector2d direction;
+};
+
+// Follows the stroke at the walk's point; false when nothing dark is there.
+bool Follow(const PyramidLevel& level, double spacing, double leastDepth, Walk& walk,
+            double* depth) {
+  const Eigen::Vector2d normal(-walk.direction.y(), walk.direction.x());
+  const StrokeSection section = CutStroke(level, walk.point, normal, spacing);
+  *depth = section.depth;
+  if (!section.isInside || section.depth < leastDepth) {
+    return false;
+  }
+  const double offset =
+      std::clamp(section.offset, -kLargestOffset * spacing, kLargestOffset * spacing);
+  walk.point += kFollow * offset * normal;
+  walk.direction = (walk.direction + kTurn * offset / spacing * normal).normalized();
+  return true;
+}
+
+}  // namespace
+
+MarkArm TraceArm(const PyramidLevel& level, const ArmStart& start, double spacing, double noise) {
+  const double scale = level.Scale();
+  const double step = spacing / scale;  // px of the level
+  const double ofValue = noise * kNoiseOfLevel[level.index];
+  const Eigen::Vector2d centre = level.FromPicture(start.centre);
+  Walk walk{centre + start.direction * (start.nearest / scale), start.direction};
+  Eigen::Vector2d end = walk.point;
+  double depthSum = 0.0;
+  int depthCount = 0;
+  int pale = 0;
+  const int steps = static_cast<int>((kFarthestEnd - start.nearest) / spacing);
+  const int settled = static_cast<int>((start.farthest - start.nearest) / spacing);
+  for (int k = 0; k < steps; ++k) {
+    const double contrast = depthCount > 0 ? depthSum / depthCount : 0.0;
+    const bool isClear = contrast > kClearContrast * ofValue;
+    double depth = 0.0;
+    if (Follow(level, step, kEndDepth * contrast, walk, &depth) && depth > 0) {
+      end = walk.point;
+      pale = 0;
+      if (k <= settled) {
+        depthSum += depth;
+        ++depthCount;
+      }
+    } else if (++pale >= (isClear ? 1 : kPaleCuts)) {
+      break;
+    }
+    walk.point += step * walk.direction;
+  }
+  MarkArm arm;
+  arm.direction = start.direction;
+  if (depthCount > 0 && (end - centre).norm() > 0) {
+    arm.isSeen = true;
+    arm.direction = (end - centre).normalized();
+    arm.length = (end - centre).norm() * scale;
+    arm.contrast = depthSum / depthCount;
+  }
+  return arm;
+}
+
+}  // namespace quorvex::precise
