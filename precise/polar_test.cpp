@@ -22,71 +22,105 @@ constexpr double kOppositeSlack = 20 * kPi / 180;  // a bow and an oblique view 
 constexpr double kLeastCrossing = 24 * kPi / 180;  // between the two strokes
 constexpr int kMostPeaks = 8;                      // arms that are tried for pairs
 
+// The sides of a spoke, 3 px away from it, are interpolated between the 48 directions of a circle
+// that passes nearby: its radius, and how many directions away from the spoke, in eighths.
+struct Side {
+  int radius;   // px of the level
+  int eighths;  // of 7.5 degrees
+};
+constexpr std::array<Side, kRadii> kSides = {
+    {{5, 39}, {6, 33}, {7, 28}, {8, 25}, {9, 22}, {9, 20}, {10, 18}, {11, 16}}};
+constexpr int kPad = 6;       // the widest of them
+constexpr int kOutside = -1;  // in place of a value outside of the level
+
 // Offsets in 1/256 pixels.
 struct Offset {
   int x;
   int y;
 };
 
-struct Spoke {
-  std::array<Offset, kRadii> middle;
-  Offset side;  // from the middle to its clockwise side
-};
+using Circles = std::array<std::array<Offset, kAngles>, kRadii>;
 
-std::array<Spoke, kAngles> MakeSpokes() {
-  std::array<Spoke, kAngles> spokes{};
-  for (int k = 0; k < kAngles; ++k) {
-    const double cosine = std::cos(2 * kPi * k / kAngles);
-    const double sine = std::sin(2 * kPi * k / kAngles);
-    Spoke& spoke = spokes[static_cast<std::size_t>(k)];
-    spoke.side = {ToFixed(-kSideDistance * sine), ToFixed(kSideDistance * cosine)};
-    for (int r = 0; r < kRadii; ++r) {
+Circles MakeCircles() {
+  Circles circles{};
+  for (int r = 0; r < kRadii; ++r) {
+    for (int k = 0; k < kAngles; ++k) {
+      const double angle = 2 * kPi * k / kAngles;
       const double radius = kNearestRadius + r;
-      spoke.middle[static_cast<std::size_t>(r)] = {ToFixed(radius * cosine),
-                                                   ToFixed(radius * sine)};
+      circles[static_cast<std::size_t>(r)][static_cast<std::size_t>(k)] = {
+          ToFixed(radius * std::cos(angle)), ToFixed(radius * std::sin(angle))};
     }
   }
-  return spokes;
+  return circles;
 }
 
-struct SpokeResponse {
-  int sum = 0;          // over the radii, 64 to a grey level
-  bool isDark = false;  // at most radii
+using PaddedCircle = std::array<int, kAngles + 2 * kPad>;
+
+// The values along a circle, repeated at both ends.
+void SampleCircle(const PyramidLevel& level, int x, int y,
+                  const std::array<Offset, kAngles>& circle, bool isInside, PaddedCircle& values) {
+  for (std::size_t k = 0; k < kAngles; ++k) {
+    const int px = x + circle[k].x;
+    const int py = y + circle[k].y;
+    values[k + kPad] = isInside || level.HoldsFixed(px, py) ? level.SampleFixed(px, py) : kOutside;
+  }
+  for (std::size_t k = 0; k < kPad; ++k) {
+    values[k] = values[k + kAngles];
+    values[k + kAngles + kPad] = values[k + kPad];
+  }
+}
+
+using Depths = std::array<std::array<int, kAngles>, kRadii>;
+
+struct Responses {
+  std::array<int, kAngles>
+      sums{};  // over the radii, 64 to a grey level; 0 where something is outside
+  std::array<bool, kAngles> isDark{};  // at most radii
 };
 
-using Responses = std::array<SpokeResponse, kAngles>;
-
-// 0 where a sample lies outside of the level.
-SpokeResponse ResponseOf(const PyramidLevel& level, int x, int y, const Spoke& spoke) {
-  SpokeResponse response;
-  const Offset end = spoke.middle[kRadii - 1];
-  const int endX = x + end.x;
-  const int endY = y + end.y;
-  if (!level.HoldsFixed(endX + spoke.side.x, endY + spoke.side.y) ||
-      !level.HoldsFixed(endX - spoke.side.x, endY - spoke.side.y) ||
-      !level.HoldsFixed(x + spoke.middle[0].x + spoke.side.x,
-                        y + spoke.middle[0].y + spoke.side.y) ||
-      !level.HoldsFixed(x + spoke.middle[0].x - spoke.side.x,
-                        y + spoke.middle[0].y - spoke.side.y)) {
-    return response;
+Responses MeasureResponses(const PyramidLevel& level, int x, int y) {
+  static const Circles circles = MakeCircles();
+  constexpr int kReach = (kFarthestRadius + 1) * kFraction;
+  const bool isInside =
+      level.HoldsFixed(x - kReach, y - kReach) && level.HoldsFixed(x + kReach, y + kReach);
+  Depths allDepths;
+  std::array<PaddedCircle, kRadii> values;
+  std::array<int, kAngles> signs{};  // negative where a value lies outside
+  Responses responses;
+  for (std::size_t r = 0; r < kRadii; ++r) {
+    SampleCircle(level, x, y, circles[r], isInside, values[r]);
   }
-  std::array<int, kRadii> depths{};
-  for (int r = 0; r < kRadii; ++r) {
-    const Offset at = spoke.middle[static_cast<std::size_t>(r)];
-    const int px = x + at.x;
-    const int py = y + at.y;
-    const int side = std::min(level.SampleFixed(px + spoke.side.x, py + spoke.side.y),
-                              level.SampleFixed(px - spoke.side.x, py - spoke.side.y));
-    const int depth = side - level.SampleFixed(px, py);
-    depths[static_cast<std::size_t>(r)] = depth;
-    response.sum += depth;
+  for (std::size_t r = 0; r < kRadii; ++r) {
+    const Side side = kSides[r];
+    const int steps = side.eighths / 8;
+    const int part = side.eighths % 8;
+    const int* middle = values[r].data() + kPad;
+    const int* circle =
+        values[static_cast<std::size_t>(side.radius - kNearestRadius)].data() + kPad;
+    const int* after = circle + steps;
+    const int* before = circle - steps;
+    int* depths = allDepths[r].data();
+    int* sums = responses.sums.data();
+    for (int k = 0; k < kAngles; ++k) {
+      const int right = after[k] * (8 - part) + after[k + 1] * part;
+      const int left = before[k] * (8 - part) + before[k - 1] * part;
+      const int sides = std::min(left, right) / 8;
+      depths[k] = sides - middle[k];
+      sums[k] += sides - middle[k];
+      signs[static_cast<std::size_t>(k)] |=
+          after[k] | after[k + 1] | before[k] | before[k - 1] | middle[k];
+    }
   }
-  int dark = 0;
-  for (const int depth : depths) {
-    dark += depth * kRadii > kDark * response.sum ? 1 : 0;
+  for (std::size_t k = 0; k < kAngles; ++k) {
+    const bool isValid = signs[k] >= 0 && responses.sums[k] > 0;
+    int dark = 0;
+    for (std::size_t r = 0; r < kRadii; ++r) {
+      dark += allDepths[r][k] * kRadii > kDark * responses.sums[k] ? 1 : 0;
+    }
+    responses.sums[k] = isValid ? responses.sums[k] : 0;
+    responses.isDark[k] = isValid && dark >= kDarkRadii;
   }
-  response.isDark = response.sum > 0 && dark >= kDarkRadii;
-  return response;
+  return responses;
 }
 
 struct Peak {
@@ -97,11 +131,11 @@ struct Peak {
 // Directions whose response exceeds that of their two neighbours on either side.
 std::vector<Peak> FindPeaks(const Responses& responses, double noiseBound) {
   const auto at = [&responses](int k) {
-    return responses[static_cast<std::size_t>((k + kAngles) % kAngles)].sum;
+    return responses.sums[static_cast<std::size_t>((k + kAngles) % kAngles)];
   };
   int strongest = 0;
-  for (const SpokeResponse& response : responses) {
-    strongest = std::max(strongest, response.isDark ? response.sum : 0);
+  for (std::size_t k = 0; k < kAngles; ++k) {
+    strongest = std::max(strongest, responses.isDark[k] ? responses.sums[k] : 0);
   }
   constexpr double kUnits = kRadii * kLevelUnit;
   const double bound = std::max({kLeastResponse * kUnits, noiseBound * kUnits,
@@ -109,7 +143,7 @@ std::vector<Peak> FindPeaks(const Responses& responses, double noiseBound) {
   std::vector<Peak> peaks;
   for (int k = 0; k < kAngles; ++k) {
     const int value = at(k);
-    if (value < bound || !responses[static_cast<std::size_t>(k)].isDark || value < at(k - 1) ||
+    if (value < bound || !responses.isDark[static_cast<std::size_t>(k)] || value < at(k - 1) ||
         value <= at(k + 1) || value < at(k - 2) || value <= at(k + 2)) {
       continue;
     }
@@ -177,13 +211,7 @@ void SetStroke(const Stroke& stroke, const std::vector<Peak>& peaks, std::size_t
 }  // namespace
 
 PolarArms FindPolarArms(const PyramidLevel& level, const Eigen::Vector2d& point, double noise) {
-  static const std::array<Spoke, kAngles> spokes = MakeSpokes();
-  const int x = ToFixed(point.x());
-  const int y = ToFixed(point.y());
-  Responses responses;
-  for (std::size_t k = 0; k < kAngles; ++k) {
-    responses[k] = ResponseOf(level, x, y, spokes[k]);
-  }
+  const Responses responses = MeasureResponses(level, ToFixed(point.x()), ToFixed(point.y()));
   const double noiseBound = noise * kLeastOverNoise[static_cast<std::size_t>(level.index)];
   const std::vector<Peak> peaks = FindPeaks(responses, noiseBound);
   const std::vector<Stroke> strokes = FindStrokes(peaks);
