@@ -1,6 +1,8 @@
 #include "precise/arm_trace.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <vector>
 
 #include "precise/stroke_section.h"
 
@@ -9,10 +11,11 @@ namespace {
 
 constexpr double kFarthestEnd = 170.0;   // px; half of the largest pitch and some
 constexpr double kEndDepth = 0.5;        // of the arm's contrast, where it ends
-constexpr double kFollow = 0.5;          // of a cut's offset, that the trace moves aside
-constexpr double kTurn = 0.08;           // radians that a step turns for an offset of one step
+constexpr double kFollow = 0.4;          // of a cut's offset, that the trace moves aside
+constexpr double kTurn = 0.04;           // radians that a cut turns for an offset of one sample
 constexpr double kLargestOffset = 1.5;   // samples; a cut that is farther off hit something else
 constexpr double kClearContrast = 10.0;  // times the noise of a cut: one pale cut is the arm's end
+constexpr double kFading = 4.0;          // samples before the end, in which the arm fades
 constexpr int kPaleCuts = 3;             // one after another, that end a noisy arm
 
 // Sigma of a single value over that of a pixel, by level.
@@ -39,26 +42,39 @@ bool Follow(const PyramidLevel& level, double spacing, double leastDepth, Walk& 
   return true;
 }
 
+// Depths of the cuts up to the end of the arm, its last `tail` cuts left out: there it fades.
+double Palest(const std::vector<double>& depths, std::size_t tail, double contrast) {
+  double palest = contrast;
+  for (std::size_t k = 0; k + tail < depths.size(); ++k) {
+    palest = std::min(palest, depths[k]);
+  }
+  return contrast > 0 ? palest / contrast : 0.0;
+}
+
 }  // namespace
 
 MarkArm TraceArm(const PyramidLevel& level, const ArmStart& start, double spacing, double noise) {
   const double scale = level.Scale();
-  const double step = spacing / scale;  // px of the level
   const double ofValue = noise * kNoiseOfLevel[level.index];
   const Eigen::Vector2d centre = level.FromPicture(start.centre);
   Walk walk{centre + start.direction * (start.nearest / scale), start.direction};
   Eigen::Vector2d end = walk.point;
+  std::vector<double> depths;
+  std::size_t cutsToEnd = 0;
   double depthSum = 0.0;
   int depthCount = 0;
   int pale = 0;
-  const int steps = static_cast<int>((kFarthestEnd - start.nearest) / spacing);
-  const int settled = static_cast<int>((start.farthest - start.nearest) / spacing);
+  const int steps = static_cast<int>((kFarthestEnd - start.nearest) / scale);
+  const int settled = static_cast<int>((start.farthest - start.nearest) / scale);
   for (int k = 0; k < steps; ++k) {
     const double contrast = depthCount > 0 ? depthSum / depthCount : 0.0;
     const bool isClear = contrast > kClearContrast * ofValue;
     double depth = 0.0;
-    if (Follow(level, step, kEndDepth * contrast, walk, &depth) && depth > 0) {
+    const bool isDark = Follow(level, spacing / scale, kEndDepth * contrast, walk, &depth);
+    depths.push_back(depth);
+    if (isDark && depth > 0) {
       end = walk.point;
+      cutsToEnd = depths.size();
       pale = 0;
       if (k <= settled) {
         depthSum += depth;
@@ -67,7 +83,7 @@ MarkArm TraceArm(const PyramidLevel& level, const ArmStart& start, double spacin
     } else if (++pale >= (isClear ? 1 : kPaleCuts)) {
       break;
     }
-    walk.point += step * walk.direction;
+    walk.point += walk.direction;
   }
   MarkArm arm;
   arm.direction = start.direction;
@@ -76,6 +92,8 @@ MarkArm TraceArm(const PyramidLevel& level, const ArmStart& start, double spacin
     arm.direction = (end - centre).normalized();
     arm.length = (end - centre).norm() * scale;
     arm.contrast = depthSum / depthCount;
+    depths.resize(cutsToEnd);
+    arm.palest = Palest(depths, static_cast<std::size_t>(kFading * spacing / scale), arm.contrast);
   }
   return arm;
 }
