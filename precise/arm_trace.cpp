@@ -15,8 +15,11 @@ constexpr double kFollow = 0.4;          // of a cut's offset, that the trace mo
 constexpr double kTurn = 0.04;           // radians that a cut turns for an offset of one sample
 constexpr double kLargestOffset = 1.5;   // samples; a cut that is farther off hit something else
 constexpr double kClearContrast = 10.0;  // times the noise of a cut: one pale cut is the arm's end
-constexpr double kFading = 4.0;          // samples before the end, in which the arm fades
-constexpr int kPaleCuts = 3;             // one after another, that end a noisy arm
+constexpr double kCrossingDepth =
+    0.4;                           // of the contrast, that both sides darken where strokes cross
+constexpr double kAdapting = 0.1;  // of a cut, to the light that changes along an arm
+constexpr double kFading = 4.0;    // samples before the end, in which the arm fades
+constexpr int kPaleCuts = 3;       // one after another, that end a noisy arm
 
 // Sigma of a single value over that of a pixel, by level.
 constexpr double kNoiseOfLevel[kLevels] = {0.375, 0.137, 0.068};
@@ -26,20 +29,17 @@ struct Walk {
   Eigen::Vector2d direction;
 };
 
-// Follows the stroke at the walk's point; false when nothing dark is there.
-bool Follow(const PyramidLevel& level, double spacing, double leastDepth, Walk& walk,
-            double* depth) {
+StrokeSection Cut(const PyramidLevel& level, const Walk& walk, double spacing) {
+  return CutStroke(level, walk.point, {-walk.direction.y(), walk.direction.x()}, spacing);
+}
+
+// Follows the stroke at the walk's point.
+void Follow(const StrokeSection& section, double spacing, Walk& walk) {
   const Eigen::Vector2d normal(-walk.direction.y(), walk.direction.x());
-  const StrokeSection section = CutStroke(level, walk.point, normal, spacing);
-  *depth = section.depth;
-  if (!section.isInside || section.depth < leastDepth) {
-    return false;
-  }
   const double offset =
       std::clamp(section.offset, -kLargestOffset * spacing, kLargestOffset * spacing);
   walk.point += kFollow * offset * normal;
   walk.direction = (walk.direction + kTurn * offset / spacing * normal).normalized();
-  return true;
 }
 
 // Depths of the cuts up to the end of the arm, its last `tail` cuts left out: there it fades.
@@ -66,18 +66,24 @@ MarkArm TraceArm(const PyramidLevel& level, const ArmStart& start, double spacin
   int pale = 0;
   const int steps = static_cast<int>((kFarthestEnd - start.nearest) / scale);
   const int settled = static_cast<int>((start.farthest - start.nearest) / scale);
+  double background = 0.0;  // grey levels, of the brighter side
   for (int k = 0; k < steps; ++k) {
     const double contrast = depthCount > 0 ? depthSum / depthCount : 0.0;
     const bool isClear = contrast > kClearContrast * ofValue;
-    double depth = 0.0;
-    const bool isDark = Follow(level, spacing / scale, kEndDepth * contrast, walk, &depth);
-    depths.push_back(depth);
-    if (isDark && depth > 0) {
+    const StrokeSection section = Cut(level, walk, spacing / scale);
+    if (!section.isInside ||
+        (k > 0 && section.brightest < background - kCrossingDepth * contrast)) {
+      break;  // another stroke lies across
+    }
+    background += (k > 0 ? kAdapting : 1.0) * (section.brightest - background);
+    depths.push_back(section.depth);
+    if (section.depth > 0 && section.depth >= kEndDepth * contrast) {
+      Follow(section, spacing / scale, walk);
       end = walk.point;
       cutsToEnd = depths.size();
       pale = 0;
       if (k <= settled) {
-        depthSum += depth;
+        depthSum += section.depth;
         ++depthCount;
       }
     } else if (++pale >= (isClear ? 1 : kPaleCuts)) {

@@ -28,6 +28,7 @@ StrokeSection CutStroke(const PyramidLevel& level, const Eigen::Vector2d& point,
     values[static_cast<std::size_t>(k + kHalf)] = level.SampleFixed(x + k * stepX, y + k * stepY);
   }
   const int side = std::min(values.front(), values.back());
+  section.brightest = static_cast<double>(std::max(values.front(), values.back())) / kLevelUnit;
   section.depth =
       static_cast<double>(side - std::min({values[kHalf - 1], values[kHalf], values[kHalf + 1]})) /
       kLevelUnit;

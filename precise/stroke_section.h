@@ -9,9 +9,10 @@
 namespace quorvex::precise {
 
 struct StrokeSection {
-  bool isInside = false;  // all samples lie within the level
-  double depth = 0.0;     // grey levels, the middle's darkness against its weaker side
-  double offset = 0.0;    // level px along the normal, of the darkness' centroid
+  bool isInside = false;   // all samples lie within the level
+  double depth = 0.0;      // grey levels, the middle's darkness against its weaker side
+  double brightest = 0.0;  // grey levels, of its brighter side
+  double offset = 0.0;     // level px along the normal, of the darkness' centroid
 };
 
 // `point` in pixels of the level, `normal` a unit vector, `spacing` the distance of two samples in
