@@ -14,15 +14,11 @@
 #include <vector>
 
 #include "precise/gray_picture.h"
+#include "precise/mark_candidate.h"
 
 namespace quorvex::precise {
 
-struct SeedArm {
-  bool isSeen = false;
-  Eigen::Vector2d direction = Eigen::Vector2d::Zero();  // unit vector; predicted where not seen
-  double length = 0.0;                                  // px, from the centre to the arm's end
-  double contrast = 0.0;                                // grey levels against the weaker side
-};
+using SeedArm = MarkArm;
 
 struct SeedMark {
   int row = 0;
