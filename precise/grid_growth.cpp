@@ -60,7 +60,8 @@ bool Growth::StartCamera() {
   grid_.camera = FitCamera(points, picture_.Width(), picture_.Height());
   if (!grid_.camera.isFitted ||
       grid_.camera.residual > std::max(kLargestResidual * seed_.pitch, 1.0)) {
-    grid_.reason = "camera: the marks' rows and columns are not seen as a flat board would be";
+    grid_.stage = "camera";
+    grid_.reason = "the marks' rows and columns are not seen as a flat board would be";
     return false;
   }
   map_.assign(1, BoardMap({}, grid_.camera));
@@ -106,7 +107,8 @@ bool Growth::MeasureFacts() {
       return true;
     }
   }
-  grid_.reason = "strokes: no stroke could be measured on the marks";
+  grid_.stage = "strokes";
+  grid_.reason = "no stroke could be measured on the marks";
   return false;
 }
 
@@ -235,7 +237,8 @@ Grid Growth::Run() {
       DropContradicted(grid_.marks, grid_.camera, picture_.Width(), picture_.Height());
   if (grid_.marks.size() < kFewestMarks || static_cast<std::size_t>(dropped) > grown / 4) {
     grid_.marks.clear();
-    grid_.reason = "check: the marks contradict each other";
+    grid_.stage = "check";
+    grid_.reason = "the marks contradict each other";
   }
   return grid_;
 }

@@ -21,7 +21,8 @@ struct Grid {
   std::vector<GridMark> marks;  // by row, then by column; empty when there is no board
   CameraFit camera;
   BoardFacts facts;
-  std::string reason;  // why there are no marks, with the stage; empty when there are
+  std::string stage;   // where growing ended: seed, camera, strokes or check; empty with marks
+  std::string reason;  // why there are no marks, in words; empty with marks
 };
 
 Grid GrowGrid(const GrayPicture& picture, const Seed& seed);

@@ -166,6 +166,7 @@ void FillResult(const std::array<StrokeState, 2>& states, const MarkFrame& frame
     aside[row] = frame.aside[stroke];
     fit.direction[stroke] = lines[stroke].direction;
     fit.bend[stroke] = {lines[stroke].shape[2], lines[stroke].shape[3]};
+    fit.bendVariance[stroke] = {state.line.covariance(2, 2), state.line.covariance(3, 3)};
     fit.squares += state.line.squares;
     fit.freedom += state.line.freedom;
   }

@@ -46,8 +46,9 @@ struct MarkFit {
   Eigen::Matrix2d covariance = Eigen::Matrix2d::Zero();  // px^2
   std::array<Eigen::Vector2d, 2> direction = {};
   std::array<std::array<double, 2>, 2> bend = {};
-  std::array<std::array<ArmFit, 2>, 2> arms = {};  // [stroke][arm]
-  double darkness = 0.0;                           // grey levels, median of the blocks
+  std::array<std::array<double, 2>, 2> bendVariance = {};  // of `bend`
+  std::array<std::array<ArmFit, 2>, 2> arms = {};          // [stroke][arm]
+  double darkness = 0.0;                                   // grey levels, median of the blocks
   double squares = 0.0;  // of the blocks' distances from both lines, over their variances
   double freedom = 0.0;
 
