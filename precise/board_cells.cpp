@@ -88,11 +88,7 @@ class Component {
           continue;
         }
         const ArmLink& link = links_.links[static_cast<std::size_t>(from.mark)][k];
-        const int direction = (static_cast<int>(k) + from.turn) % 4;
-        // The other arm points the opposite way.
-        const LabelledMark to{link.mark, from.row + kRowStep[direction],
-                              from.column + kColumnStep[direction],
-                              (direction + 2 - link.arm + 4) % 4};
+        const LabelledMark to = LabelBeyond(from, static_cast<int>(k), link);
         int& index = index_[static_cast<std::size_t>(link.mark)];
         if (index >= 0) {
           const LabelledMark& known = found[static_cast<std::size_t>(index)];
@@ -137,6 +133,13 @@ std::vector<LabelledMark> LargestComponent(const MarkLinks& links, const CellCou
 }
 
 }  // namespace
+
+LabelledMark LabelBeyond(const LabelledMark& from, int arm, const ArmLink& link) {
+  const int direction = (arm + from.turn) % 4;
+  // The other arm points the opposite way.
+  return {link.mark, from.row + kRowStep[direction], from.column + kColumnStep[direction],
+          (direction + 2 - link.arm + 4) % 4};
+}
 
 std::vector<LabelledMark> LabelLargestComponent(const std::vector<MarkCandidate>& marks,
                                                 const MarkLinks& links) {

@@ -25,6 +25,9 @@ struct LabelledMark {
 constexpr int kRowStep[4] = {0, 1, 0, -1};
 constexpr int kColumnStep[4] = {1, 0, -1, 0};
 
+// The label of what an arm of a labelled mark is linked to.
+LabelledMark LabelBeyond(const LabelledMark& from, int arm, const ArmLink& link);
+
 // The labelled marks of the largest component; empty when no component has a cell.
 std::vector<LabelledMark> LabelLargestComponent(const std::vector<MarkCandidate>& marks,
                                                 const MarkLinks& links);

@@ -1,5 +1,6 @@
 #include "precise/label_map.h"
 
+#include <Eigen/LU>
 #include <algorithm>
 #include <cstddef>
 #include <limits>
@@ -18,6 +19,11 @@ constexpr double kOfCorner = 1.0;      // the fourth corner of a parallelogram
 constexpr double kCloseWeight = 3.0;
 constexpr double kCloseTolerance = 0.14;
 constexpr double kLooseTolerance = 0.24;
+
+constexpr int kFewVotes = 2;       // fewer than these are left to the plane
+constexpr int kPlaneReach = 3;     // steps
+constexpr int kPlaneMarks = 4;     // one more than a plane needs
+constexpr double kLeverage = 2.0;  // variance of the prediction over that of a mark
 
 std::uint64_t Key(int row, int column) {
   return (static_cast<std::uint64_t>(static_cast<std::uint32_t>(row)) << 32) |
@@ -93,10 +99,10 @@ MarkPrediction LabelMap::Predict(int row, int column) const {
                isFour ? (8 * middle - b->centre - f->centre) / 6 : middle);
     }
   }
-  MarkPrediction prediction;
-  if (mean.votes == 0) {
-    return prediction;
+  if (mean.votes < kFewVotes) {
+    return PredictFromPlane(row, column);
   }
+  MarkPrediction prediction;
   prediction.votes = mean.votes;
   prediction.centre = mean.sum / mean.weight;
   double step = std::numeric_limits<double>::infinity();
@@ -106,6 +112,39 @@ MarkPrediction LabelMap::Predict(int row, int column) const {
     }
   }
   prediction.tolerance = step * (mean.heaviest >= kCloseWeight ? kCloseTolerance : kLooseTolerance);
+  return prediction;
+}
+
+MarkPrediction LabelMap::PredictFromPlane(int row, int column) const {
+  Eigen::Matrix3d normal = Eigen::Matrix3d::Zero();
+  Eigen::Matrix<double, 3, 2> right = Eigen::Matrix<double, 3, 2>::Zero();
+  int count = 0;
+  for (int dr = -kPlaneReach; dr <= kPlaneReach; ++dr) {
+    for (int dc = -kPlaneReach; dc <= kPlaneReach; ++dc) {
+      const MarkCandidate* mark = dr == 0 && dc == 0 ? nullptr : CandidateAt(row + dr, column + dc);
+      if (mark != nullptr) {
+        // Grid lines are bent: nearer marks say more.
+        const double weight = 1.0 / (dr * dr + dc * dc);
+        const Eigen::Vector3d terms(1.0, dr, dc);
+        normal += weight * terms * terms.transpose();
+        right += weight * terms * mark->centre.transpose();
+        ++count;
+      }
+    }
+  }
+  MarkPrediction prediction;
+  const double determinant = normal.determinant();
+  if (count < kPlaneMarks || !(determinant > 1e-6)) {
+    return prediction;
+  }
+  const Eigen::Matrix3d inverse = normal.inverse();
+  const Eigen::Matrix<double, 3, 2> plane = inverse * right;
+  if (inverse(0, 0) > kLeverage) {
+    return prediction;
+  }
+  prediction.votes = count;
+  prediction.centre = plane.row(0).transpose();
+  prediction.tolerance = kLooseTolerance * std::min(plane.row(1).norm(), plane.row(2).norm());
   return prediction;
 }
 

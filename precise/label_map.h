@@ -39,12 +39,15 @@ class LabelMap {
   void Set(const LabelledMark& mark);
   void Remove(const LabelledMark& mark);
 
-  // From the marks around a place, not from the one that is there.
+  // From the marks around a place, not from the one that is there: along its row, its column and
+  // the cells at its corners; where that says little, from a plane through the marks up to three
+  // steps away.
   MarkPrediction Predict(int row, int column) const;
   PredictedArms PredictArms(int row, int column) const;
 
  private:
   const MarkCandidate* CandidateAt(int row, int column) const;
+  MarkPrediction PredictFromPlane(int row, int column) const;
   const std::vector<MarkCandidate>& marks_;
   std::unordered_map<std::uint64_t, LabelledMark> places_;
 };

@@ -16,6 +16,9 @@ constexpr double kLikeContrast = 2.5;            // stronger over the weaker
 constexpr double kLongest = 1.6;  // over the longest arm around; shorter ones may be hidden or cut
 constexpr int kLeastVotes = 2;    // predictions that a place needs
 constexpr double kCell = 32.0;    // px
+constexpr double kSlackOfLink = 1.5;   // tolerances, of a prediction that one link agrees with
+constexpr double kSlackOfLinks = 2.0;  // that two links agree with
+constexpr double kMostMisfit = 1.8;   // tolerances, of a mark that stays; a wrong label is four off
 constexpr double kMostDropped = 0.1;  // of the marks; where more contradict, none is to be trusted
 
 // How the arms of a candidate must be turned to be those that the neighbours predict; -1 when they
@@ -41,11 +44,16 @@ int MatchingTurn(const MarkCandidate& mark, const PredictedArms& predicted) {
 
 class Joining {
  public:
-  Joining(const std::vector<MarkCandidate>& marks, int width, int height,
+  Joining(const std::vector<MarkCandidate>& marks, const MarkLinks& links, int width, int height,
           const std::vector<LabelledMark>& labelled)
-      : marks_(marks), map_(marks, labelled), isUsed_(marks.size()), grid_(width, height, kCell) {
+      : marks_(marks),
+        links_(links),
+        map_(marks, labelled),
+        isUsed_(marks.size()),
+        labels_(marks.size()),
+        grid_(width, height, kCell) {
     for (const LabelledMark& mark : labelled) {
-      isUsed_[static_cast<std::size_t>(mark.mark)] = true;
+      Use(mark);
     }
     for (std::size_t i = 0; i < marks.size(); ++i) {
       if (!isUsed_[i]) {
@@ -81,15 +89,63 @@ class Joining {
       return false;
     }
     *joined = {nearest, row, column, turn};
-    map_.Set(*joined);
-    isUsed_[static_cast<std::size_t>(nearest)] = true;
+    Use(*joined);
+    return true;
+  }
+
+  // Labels what an arm of a labelled mark is linked to.
+  bool JoinLinked(const LabelledMark& from, std::size_t arm, LabelledMark* joined) {
+    const int other = links_.links[static_cast<std::size_t>(from.mark)][arm].mark;
+    if (other == kNoMark || isUsed_[static_cast<std::size_t>(other)]) {
+      return false;
+    }
+    const int agreeing = Proposal(static_cast<std::size_t>(other), joined);
+    if (agreeing == 0 || map_.Find(joined->row, joined->column) != nullptr) {
+      return false;
+    }
+    const MarkPrediction prediction = map_.Predict(joined->row, joined->column);
+    const double off = (marks_[static_cast<std::size_t>(other)].centre - prediction.centre).norm();
+    const double slack = agreeing > 1 ? kSlackOfLinks : kSlackOfLink;
+    if (prediction.votes > 0 ? off > slack * prediction.tolerance : agreeing < 2) {
+      return false;
+    }
+    Use(*joined);
     return true;
   }
 
  private:
+  void Use(const LabelledMark& mark) {
+    map_.Set(mark);
+    isUsed_[static_cast<std::size_t>(mark.mark)] = true;
+    labels_[static_cast<std::size_t>(mark.mark)] = mark;
+  }
+
+  // How many labelled marks that a mark is linked to give it the same label; 0 when they
+  // contradict.
+  int Proposal(std::size_t mark, LabelledMark* proposal) const {
+    int agreeing = 0;
+    for (std::size_t k = 0; k < 4; ++k) {
+      const ArmLink& link = links_.links[mark][k];
+      if (link.mark == kNoMark || !isUsed_[static_cast<std::size_t>(link.mark)]) {
+        continue;
+      }
+      const LabelledMark label = LabelBeyond(labels_[static_cast<std::size_t>(link.mark)], link.arm,
+                                             {static_cast<int>(mark), static_cast<int>(k)});
+      if (agreeing > 0 && (label.row != proposal->row || label.column != proposal->column ||
+                           label.turn != proposal->turn)) {
+        return 0;
+      }
+      *proposal = label;
+      ++agreeing;
+    }
+    return agreeing;
+  }
+
   const std::vector<MarkCandidate>& marks_;
+  const MarkLinks& links_;
   LabelMap map_;
   std::vector<bool> isUsed_;
+  std::vector<LabelledMark> labels_;  // by candidate, where it is used
   PointGrid grid_;
 };
 
@@ -106,16 +162,20 @@ double Misfit(const std::vector<MarkCandidate>& marks, const LabelMap& map,
 
 }  // namespace
 
-void JoinPredictedMarks(const std::vector<MarkCandidate>& marks, int width, int height,
-                        std::vector<LabelledMark>& labelled) {
-  Joining joining(marks, width, height, labelled);
+void JoinPredictedMarks(const std::vector<MarkCandidate>& marks, const MarkLinks& links, int width,
+                        int height, std::vector<LabelledMark>& labelled) {
+  Joining joining(marks, links, width, height, labelled);
+  LabelledMark joined;
   for (std::size_t next = 0; next < labelled.size(); ++next) {
-    const int row = labelled[next].row;
-    const int column = labelled[next].column;
+    const LabelledMark from = labelled[next];
+    for (std::size_t k = 0; k < 4; ++k) {
+      if (joining.JoinLinked(from, k, &joined)) {
+        labelled.push_back(joined);
+      }
+    }
     for (int dr = -1; dr <= 1; ++dr) {
       for (int dc = -1; dc <= 1; ++dc) {
-        LabelledMark joined;
-        if (joining.Join(row + dr, column + dc, &joined)) {
+        if (joining.Join(from.row + dr, from.column + dc, &joined)) {
           labelled.push_back(joined);
         }
       }
@@ -138,7 +198,7 @@ void DropUnpredictedMarks(const std::vector<MarkCandidate>& marks,
         worst = k;
       }
     }
-    if (largest <= 1.0) {
+    if (largest <= kMostMisfit) {
       return;
     }
     if (dropped >= most) {

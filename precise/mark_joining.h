@@ -7,13 +7,15 @@
 
 #include "precise/board_cells.h"
 #include "precise/mark_candidate.h"
+#include "precise/mark_links.h"
 
 namespace quorvex::precise {
 
 // `labelled` grows until nothing joins any more. The marks lie in a picture of `width` by `height`
-// px.
-void JoinPredictedMarks(const std::vector<MarkCandidate>& marks, int width, int height,
-                        std::vector<LabelledMark>& labelled);
+// px. A link alone is no reason to join: two links must agree, or a link with a prediction, or
+// predictions with one another.
+void JoinPredictedMarks(const std::vector<MarkCandidate>& marks, const MarkLinks& links, int width,
+                        int height, std::vector<LabelledMark>& labelled);
 
 // Takes marks off that their neighbours do not predict, the worst first.
 void DropUnpredictedMarks(const std::vector<MarkCandidate>& marks,

@@ -125,7 +125,7 @@ Seed FindSeed(const GrayPicture& picture) {
     seed.reason = "the grid is made of continuous lines, not of marks";
     return seed;
   }
-  JoinPredictedMarks(marks, picture.Width(), picture.Height(), labelled);
+  JoinPredictedMarks(marks, links, picture.Width(), picture.Height(), labelled);
   DropUnpredictedMarks(marks, labelled);
   if (labelled.size() < kLeastMarks) {
     seed.reason = "the cross marks contradict one another";
