@@ -17,6 +17,7 @@ constexpr double kDoubtful = 4.5;      // times the usual distance from what the
 constexpr double kLeastFreedom = 6.0;  // blocks over the lines' unknowns, to judge their scatter
 constexpr double kOwnScatter = 2.5;    // times the board's, from which a mark's own scatter counts
 constexpr double kGaussMedian = 0.4549;  // median of a squared standard Gaussian
+constexpr double kMedianError = 2.3;     // standard error of that median over its value, for one
 
 using Index = std::size_t;
 
@@ -47,7 +48,11 @@ std::array<double, 2> BendSigma(const Grid& grid, const BoardMap& map) {
       }
     }
     if (!squares.empty()) {
-      const double excess = Median(squares) / kGaussMedian - Median(variances);
+      // An excess within the medians' own error is none.
+      const double explained = Median(variances);
+      const double error = kMedianError * explained / std::sqrt(static_cast<double>(squares.size()));
+      double excess = Median(squares) / kGaussMedian - explained;
+      excess = excess > 2.0 * error ? excess : 0.0;
       sigma[term] = std::clamp(std::sqrt(std::max(excess, 0.0)), kLeastBend, kLargestBend);
     }
   }
