@@ -16,7 +16,8 @@ namespace quorvex::precise {
 // stroke's direction, arm 1 against it.
 struct MarkFrame {
   Eigen::Vector2d centre = Eigen::Vector2d::Zero();
-  std::array<Eigen::Vector2d, 2> direction = {};        // unit vectors
+  std::array<Eigen::Vector2d, 2> direction = {Eigen::Vector2d::UnitX(),
+                                              Eigen::Vector2d::UnitY()};  // unit vectors
   std::array<std::array<double, 2>, 2> bend = {};       // of each stroke: u^2 and u^3 terms
   std::array<double, 2> width = {};                     // px, of each stroke
   std::array<std::array<double, 2>, 2> armLength = {};  // px, [stroke][arm], to its end
@@ -31,6 +32,8 @@ struct MarkFitSettings {
   double armPart = 1.0;                         // of the arms' length that is used
   std::array<double, 2> bendSigma = {};         // px at the end of the arms; BendPrior
   int rounds = 3;                               // at most
+  bool isNear = false;  // the frame is within a few tenths of a px: the first round may judge
+                        // blocks by their residuals already
 };
 
 struct ArmFit {
@@ -44,12 +47,12 @@ struct MarkFit {
   bool isMeasured = false;
   Eigen::Vector2d centre = Eigen::Vector2d::Zero();      // px, of the board's lines
   Eigen::Matrix2d covariance = Eigen::Matrix2d::Zero();  // px^2
-  std::array<Eigen::Vector2d, 2> direction = {};
+  std::array<Eigen::Vector2d, 2> direction = {Eigen::Vector2d::UnitX(), Eigen::Vector2d::UnitY()};
   std::array<std::array<double, 2>, 2> bend = {};
   std::array<std::array<double, 2>, 2> bendVariance = {};  // of `bend`
   std::array<std::array<ArmFit, 2>, 2> arms = {};          // [stroke][arm]
-  double darkness = 0.0;                                   // grey levels, median of the blocks
-  double squares = 0.0;  // of the blocks' distances from both lines, over their variances
+  double darkness = 0.0;  // grey levels, of the strokes' middles as they are seen
+  double squares = 0.0;   // of the blocks' distances from both lines, over their variances
   double freedom = 0.0;
 
   int SeenArms() const;
