@@ -17,8 +17,8 @@ using Information = Eigen::Matrix<double, CameraModel::kParameters, CameraModel:
 
 // Radians seen at the picture's corner, for the five starts.
 constexpr std::array<double, 5> kCornerAngles = {0.35, 0.7, 1.05, 1.4, 1.8};
-constexpr std::size_t kStartPoints = 80;  // enough to tell the starts apart
-constexpr int kStartSteps = 12;
+constexpr std::size_t kStartPoints = 50;  // enough to tell the starts apart
+constexpr int kStartSteps = 10;
 constexpr int kSteps = 30;
 constexpr double kLeastResidual = 0.003;  // px; marks are not measured better than that
 constexpr double kFullWeight = 2.0;       // residuals; less weight beyond
