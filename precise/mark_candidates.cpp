@@ -13,8 +13,8 @@
 namespace quorvex::precise {
 namespace {
 
-constexpr std::size_t kMostPeaksHalf = 12000;    // bounds the time on pictures full of crossings
-constexpr std::size_t kMostPeaksQuarter = 4000;  // likewise
+constexpr std::size_t kMostPeaksHalf = 8000;     // bounds the time on pictures full of crossings
+constexpr std::size_t kMostPeaksQuarter = 2500;  // likewise
 constexpr int kRounds = 3;                       // of testing and moving onto the crossing
 constexpr double kSettled = 0.25;   // px of the level; a smaller move needs no further test
 constexpr double kSamePlace = 4.0;  // px; strokes of two marks are farther apart

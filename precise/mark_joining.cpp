@@ -57,13 +57,14 @@ class Joining {
     for (std::size_t i = 0; i < marks.size(); ++i) {
       if (!isUsed_[i]) {
         grid_.Add(marks[i].centre, static_cast<int>(i));
+        ++unused_;
       }
     }
   }
 
   // Labels the candidate at a place, where there is one.
   bool Join(int row, int column, LabelledMark* joined) {
-    if (map_.Find(row, column) != nullptr) {
+    if (unused_ == 0 || map_.Find(row, column) != nullptr) {
       return false;
     }
     const MarkPrediction prediction = map_.Predict(row, column);
@@ -89,6 +90,7 @@ class Joining {
     }
     *joined = {nearest, row, column, turn};
     Use(*joined);
+    --unused_;
     return true;
   }
 
@@ -109,6 +111,7 @@ class Joining {
       return false;
     }
     Use(*joined);
+    --unused_;
     return true;
   }
 
@@ -144,6 +147,7 @@ class Joining {
   const MarkLinks& links_;
   LabelMap map_;
   std::vector<bool> isUsed_;
+  std::size_t unused_ = 0;
   std::vector<LabelledMark> labels_;  // by candidate, where it is used
   PointGrid grid_;
 };

@@ -65,6 +65,13 @@ Circles MakeCircles() {
 
 using PaddedCircle = std::array<int, kAngles + 2 * kPad>;
 
+void RepeatEnds(PaddedCircle& values) {
+  for (std::size_t k = 0; k < kPad; ++k) {
+    values[k] = values[k + kAngles];
+    values[k + kAngles + kPad] = values[k + kPad];
+  }
+}
+
 // The values along a circle, repeated at both ends.
 void SampleCircle(const PyramidLevel& level, int x, int y,
                   const std::array<Offset, kAngles>& circle, bool isInside, PaddedCircle& values) {
@@ -73,10 +80,7 @@ void SampleCircle(const PyramidLevel& level, int x, int y,
     const int py = y + circle[k].y;
     values[k + kPad] = isInside || level.HoldsFixed(px, py) ? level.SampleFixed(px, py) : kOutside;
   }
-  for (std::size_t k = 0; k < kPad; ++k) {
-    values[k] = values[k + kAngles];
-    values[k + kAngles + kPad] = values[k + kPad];
-  }
+  RepeatEnds(values);
 }
 
 const Circles& AllCircles() {
@@ -242,20 +246,25 @@ void SetStroke(const Stroke& stroke, const std::vector<Peak>& peaks, std::size_t
 }  // namespace
 
 bool MayHaveThreeArms(const PyramidLevel& level, const Eigen::Vector2d& point, double noise) {
-  const int x = ToFixed(point.x());
-  const int y = ToFixed(point.y());
-  constexpr int kReach = (kFarthestRadius + 1) * kFraction;
-  if (!level.HoldsFixed(x - kReach, y - kReach) || !level.HoldsFixed(x + kReach, y + kReach)) {
+  const int x = (ToFixed(point.x()) + kFraction / 2) >> kFractionBits;
+  const int y = (ToFixed(point.y()) + kFraction / 2) >> kFractionBits;
+  constexpr int kReach = kFarthestRadius + 1;
+  if (x < kReach || y < kReach || x + kReach >= level.width || y + kReach >= level.height) {
     return true;
   }
   const double ofNoise = noise * kLeastOverNoise[static_cast<std::size_t>(level.index)];
   const int bound = static_cast<int>(kQuickBound * kLevelUnit * std::max(kLeastResponse, ofNoise));
   PaddedCircle values;
-  for (const QuickCircle& circle : kQuickCircles) {
-    SampleCircle(level, x, y,
-                 AllCircles()[static_cast<std::size_t>(circle.radius - kNearestRadius)], true,
-                 values);
-    if (DarkStretches(values, circle.side, bound) >= 3) {
+  for (const QuickCircle& quick : kQuickCircles) {
+    // The nearest pixels do.
+    const auto& circle = AllCircles()[static_cast<std::size_t>(quick.radius - kNearestRadius)];
+    for (std::size_t k = 0; k < kAngles; ++k) {
+      const int dx = (circle[k].x + kFraction / 2) >> kFractionBits;
+      const int dy = (circle[k].y + kFraction / 2) >> kFractionBits;
+      values[k + kPad] = level.Row(y + dy)[x + dx];
+    }
+    RepeatEnds(values);
+    if (DarkStretches(values, quick.side, bound) >= 3) {
       return true;
     }
   }
