@@ -41,6 +41,7 @@ struct QuickCircle {
 };
 constexpr std::array<QuickCircle, 2> kQuickCircles = {{{5, 5}, {9, 3}}};
 constexpr double kQuickBound = 0.5;  // of the response that arms need
+constexpr double kQuickShare = 0.2;  // of the deepest; the test asks for more, but of means
 
 // Offsets in 1/256 pixels.
 struct Offset {
@@ -88,19 +89,24 @@ const Circles& AllCircles() {
   return circles;
 }
 
-// How many separate stretches of a circle are darker than their sides by more than the bound.
+// How many separate stretches of a circle are darker than their sides by more than the bound, and
+// by more than a share of the darkest one.
 int DarkStretches(const PaddedCircle& values, int side, int bound) {
-  std::array<int, kAngles> isDark;
+  std::array<int, kAngles> depths;
   const int* middle = values.data() + kPad;
+  int deepest = 0;
   for (int k = 0; k < kAngles; ++k) {
-    isDark[static_cast<std::size_t>(k)] =
-        std::min(middle[k - side], middle[k + side]) - middle[k] > bound ? 1 : 0;
+    const int depth = std::min(middle[k - side], middle[k + side]) - middle[k];
+    depths[static_cast<std::size_t>(k)] = depth;
+    deepest = std::max(deepest, depth);
   }
+  const int least = std::max(bound, static_cast<int>(kQuickShare * deepest));
   int stretches = 0;
-  int before = isDark[kAngles - 1];
-  for (const int dark : isDark) {
-    stretches += dark & ~before;
-    before = dark;
+  bool before = depths[kAngles - 1] > least;
+  for (const int depth : depths) {
+    const bool isDark = depth > least;
+    stretches += isDark && !before ? 1 : 0;
+    before = isDark;
   }
   return stretches;
 }
