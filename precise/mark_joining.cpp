@@ -19,6 +19,7 @@ constexpr int kLeastVotes = 2;    // predictions that a place needs
 constexpr double kCell = 32.0;    // px
 constexpr double kSlackOfLink = 1.5;   // tolerances, of a prediction that one link agrees with
 constexpr double kSlackOfLinks = 2.0;  // that two links agree with
+constexpr double kSlackOfSteps = 0.5;  // steps; where the arms say so, too
 
 // How the arms of a candidate must be turned to be those that the neighbours predict; -1 when they
 // differ.
@@ -107,7 +108,11 @@ class Joining {
     const MarkPrediction prediction = map_.Predict(joined->row, joined->column);
     const double off = (marks_[static_cast<std::size_t>(other)].centre - prediction.centre).norm();
     const double slack = agreeing > 1 ? kSlackOfLinks : kSlackOfLink;
-    if (prediction.votes > 0 ? off > slack * prediction.tolerance : agreeing < 2) {
+    const bool isPredicted =
+        prediction.votes > 0 && (off < slack * prediction.tolerance ||
+                                 (off < kSlackOfSteps * prediction.step &&
+                                  AreStepsRight(marks_, links_.stepRatio, map_, *joined)));
+    if (!isPredicted && (prediction.votes > 0 || agreeing < 2)) {
       return false;
     }
     Use(*joined);
