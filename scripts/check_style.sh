@@ -23,7 +23,7 @@ $tidy || exit 0
 cmake --preset clang -B build/style >/dev/null
 
 # The sources of the libraries and programs in CMake's lists, tests and other systems' left out.
-mapfile -t sources < <(git ls-files '*.cpp' | grep -E '^(base|platform|imageio|preprocess|crossmark|grid|postprocess|interface|tools|examples)/' |
+mapfile -t sources < <(git ls-files '*.cpp' | grep -E '^(base|platform|imageio|preprocess|crossmark|grid|postprocess|precise|interface|tools|examples)/' |
   while read -r source; do
     if grep -qF "\"file\": \"$PWD/$source\"" build/style/compile_commands.json; then echo "$source"; fi
   done)
