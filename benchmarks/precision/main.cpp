@@ -1,14 +1,15 @@
 // Prints how precisely the direct detector finds marks on rendered scenes. With `--write` the
-// scenes are only written, for a look or for other programs.
+// scenes are only written, for a look or for other programs. Exit code 1: a label was wrong, a
+// point false, or something found where there is nothing.
 #include <CLI/CLI.hpp>
 #include <cstdlib>
 
 #include "benchmarks/precision/chessboard_report.h"
+#include "benchmarks/precision/direct_detector.h"
 #include "benchmarks/precision/precision_report.h"
 
 namespace {
 
-using quorvex::benchmarks::Detection;
 using quorvex::benchmarks::Detector;
 using quorvex::benchmarks::ReportOptions;
 
@@ -18,6 +19,7 @@ int main(int argc, char** argv) {
   CLI::App app("Measures the direct detector on scenes with known marks");
   ReportOptions options;
   bool writesOnly = false;
+  bool seesEmptyOnly = false;
   bool comparesChessboards = false;
   std::string folder;
   app.add_option("--only", options.only, "rows whose table or name contains this text");
@@ -25,14 +27,22 @@ int main(int argc, char** argv) {
       ->check(CLI::PositiveNumber);
   app.add_option("--keep", folder, "folder for the scenes that went wrong");
   app.add_flag("--write", writesOnly, "detect nothing, and keep all scenes");
+  app.add_flag("--empty", seesEmptyOnly, "only the pictures without a board");
   app.add_flag("--chessboards", comparesChessboards,
                "only the comparison with chessboards and the detectors for them");
   CLI11_PARSE(app, argc, argv);
   options.failures = folder;
+  const Detector detector = writesOnly ? Detector() : Detector(quorvex::benchmarks::DetectDirectly);
   if (comparesChessboards) {
-    quorvex::benchmarks::PrintChessboardReport(Detector(), options);
+    quorvex::benchmarks::PrintChessboardReport(detector, options);
     return EXIT_SUCCESS;
   }
-  quorvex::benchmarks::PrintPrecisionReport(Detector(), options);
-  return EXIT_SUCCESS;
+  bool isClean = true;
+  if (!seesEmptyOnly) {
+    isClean = quorvex::benchmarks::PrintPrecisionReport(detector, options);
+  }
+  if (detector && (options.only.empty() || seesEmptyOnly)) {
+    isClean = quorvex::benchmarks::PrintEmptyReport(detector, options) && isClean;
+  }
+  return isClean ? EXIT_SUCCESS : EXIT_FAILURE;
 }
