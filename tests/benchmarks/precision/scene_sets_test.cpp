@@ -4,7 +4,7 @@
 
 #include <set>
 
-#include "benchmarks/precision/scene_renderer.h"
+#include "benchmarks/precision/scene_truth.h"
 
 namespace quorvex::tests {
 
