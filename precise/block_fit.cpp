@@ -47,9 +47,8 @@ StrokeProfile::Value OtherAt(const Stroke& other, const Eigen::Vector2d& pixel) 
   return other.profile.At(straight - other.line.Offset(other.line.direction.dot(away)));
 }
 
-bool Solve(const Sums& sums, Block& block) {
-  if (sums.count < kFewestPixels || sums.middleCount == 0 || sums.sideCounts[0] == 0 ||
-      sums.sideCounts[1] == 0) {
+bool Solve(const Sums& sums, double peak, Block& block) {
+  if (sums.count < kFewestPixels || sums.middleCount == 0) {
     return false;
   }
   const Eigen::LDLT<Matrix4> solver(sums.normal);
@@ -62,9 +61,13 @@ bool Solve(const Sums& sums, Block& block) {
   block.darkness = solution[2];
   const double residual = sums.square - solution.dot(sums.right);
   block.misfit = std::max(residual, 0.0) / (sums.count - 4);
-  const double weaker =
-      std::min(sums.sides[0] / sums.sideCounts[0], sums.sides[1] / sums.sideCounts[1]);
-  block.contrast = weaker - sums.middle / sums.middleCount;
+  // Beside the other stroke there may be no clear side; the fit's own word then stands.
+  block.contrast = solution[2] * peak;
+  if (sums.sideCounts[0] > 0 && sums.sideCounts[1] > 0) {
+    const double weaker =
+        std::min(sums.sides[0] / sums.sideCounts[0], sums.sides[1] / sums.sideCounts[1]);
+    block.contrast = weaker - sums.middle / sums.middleCount;
+  }
   if (block.darkness > 0.0 && variance > 0.0) {
     block.shift = solution[3] / solution[2];
     block.information = solution[2] * solution[2] / variance;
@@ -118,7 +121,7 @@ void FitBlocks(const GrayPicture& picture, const Stroke& stroke, const Stroke& o
   for (const Sums& sum : sums) {
     Block block;
     block.arm = arm;
-    if (Solve(sum, block)) {
+    if (Solve(sum, stroke.profile.Peak(), block)) {
       blocks.push_back(block);
     }
   }

@@ -50,7 +50,8 @@ std::array<double, 2> BendSigma(const Grid& grid, const BoardMap& map) {
     if (!squares.empty()) {
       // An excess within the medians' own error is none.
       const double explained = Median(variances);
-      const double error = kMedianError * explained / std::sqrt(static_cast<double>(squares.size()));
+      const double error =
+          kMedianError * explained / std::sqrt(static_cast<double>(squares.size()));
       double excess = Median(squares) / kGaussMedian - explained;
       excess = excess > 2.0 * error ? excess : 0.0;
       sigma[term] = std::clamp(std::sqrt(std::max(excess, 0.0)), kLeastBend, kLargestBend);
@@ -86,6 +87,7 @@ std::vector<MarkVerdict> MeasureFinally(const GrayPicture& picture, double noise
   MarkFitSettings settings;
   settings.edges = {&first, &second};
   settings.noise = noise;
+  settings.isNear = true;
   const BoardMap map(grid.marks, grid.camera);
   settings.bendSigma = BendSigma(grid, map);
   std::vector<GridMark> measured;
@@ -100,6 +102,7 @@ std::vector<MarkVerdict> MeasureFinally(const GrayPicture& picture, double noise
     Expectation expected;
     expected.darkness = mark.fit.darkness;
     expected.tolerance = 1.0;
+    expected.isWellPredicted = true;
     if (IsMark(picture, frame, again.fit, expected)) {
       measured.push_back(again);
     }

@@ -20,6 +20,8 @@ constexpr double kNearTolerance = 0.08;    // pitches from the prediction, besid
 constexpr double kFarTolerance = 0.15;     // pitches, over a gap
 constexpr double kLeastTolerance = 1.0;    // px
 constexpr double kSearchRange = 0.15;      // pitches across a stroke
+constexpr double kWellPredicted = 0.15;    // px
+constexpr double kWellSigmas = 5.0;        // of the prediction
 constexpr double kLeastArm = 6.0;          // px; shorter ones hold too few blocks
 constexpr int kGap = 6;                    // marks that a gap may be wide
 constexpr int kRounds = 40;                // of growing; a board has no more rings
@@ -38,7 +40,9 @@ class Growth {
   bool MeasureFacts();
   void TrySeed();
   bool GrowRing(int reach);
-  void Try(const Key& key, double tolerance);
+  void Try(const Key& key, double tolerance, bool isLast);
+  double WellPredicted(const Key& key) const;
+  void TryOnceMore();
   void Refine();
   double DarknessAround(const Key& key) const;
   std::vector<GridMark> Marks() const;
@@ -131,7 +135,7 @@ double Growth::DarknessAround(const Key& key) const {
   return values[static_cast<std::size_t>(middle)];
 }
 
-void Growth::Try(const Key& key, double tolerance) {
+void Growth::Try(const Key& key, double tolerance, bool isLast) {
   ++tries_[key];
   MarkFrame frame;
   if (!map_[0].Frame(key.first, key.second, grid_.facts, frame)) {
@@ -151,23 +155,32 @@ void Growth::Try(const Key& key, double tolerance) {
   Expectation expected;
   expected.darkness = DarknessAround(key);
   expected.tolerance = std::max(tolerance * pitch, kLeastTolerance);
+  expected.isWellPredicted = isLast;
+  if (isLast) {
+    expected.tolerance = WellPredicted(key);
+  }
   MarkFitSettings settings;
   settings.edges = {&edges_[0], &edges_[1]};
   settings.noise = seed_.noise;
   settings.bendSigma = {kFirstBend, 0.5 * kFirstBend};
-  const MarkFrame moved = LookAround(picture_, frame, std::max(kSearchRange * pitch, 1.0));
   GridMark mark;
   mark.row = key.first;
   mark.column = key.second;
-  mark.fit = FitMark(picture_, moved, settings);
-  if (IsMark(picture_, frame, mark.fit, expected)) {
+  mark.fit = FitMark(picture_, frame, settings);
+  bool isMark = IsMark(picture_, frame, mark.fit, expected);
+  if (!isMark && !expected.isWellPredicted) {
+    const MarkFrame moved = LookAround(picture_, frame, std::max(kSearchRange * pitch, 1.0));
+    mark.fit = FitMark(picture_, moved, settings);
+    isMark = IsMark(picture_, frame, mark.fit, expected);
+  }
+  if (isMark) {
     marks_[key] = mark;
   }
 }
 
 void Growth::TrySeed() {
   for (const SeedMark& mark : seed_.marks) {
-    Try({mark.row, mark.column}, kFarTolerance);
+    Try({mark.row, mark.column}, kFarTolerance, false);
   }
   Refine();
 }
@@ -206,7 +219,7 @@ bool Growth::GrowRing(int reach) {
   const std::size_t before = marks_.size();
   for (const Key& key : places) {
     if (marks_.count(key) == 0 && tries_[key] < kTries) {
-      Try(key, reach == 1 ? kNearTolerance : kFarTolerance);
+      Try(key, reach == 1 ? kNearTolerance : kFarTolerance, false);
     }
   }
   if (marks_.size() == before) {
@@ -214,6 +227,29 @@ bool Growth::GrowRing(int reach) {
   }
   Refine();
   return true;
+}
+
+// How far a mark may be from a prediction that all other marks support, px.
+double Growth::WellPredicted(const Key& key) const {
+  const Predicted predicted = map_[0].At(key.first, key.second, false);
+  return std::max(kWellPredicted, kWellSigmas * std::sqrt(predicted.covariance.trace()));
+}
+
+// With the whole board known, two arms tell a mark: its place, directions and darkness must agree.
+void Growth::TryOnceMore() {
+  std::set<Key> places;
+  for (const auto& entry : marks_) {
+    for (int row = -1; row <= 1; ++row) {
+      for (int column = -1; column <= 1; ++column) {
+        places.insert({entry.first.first + row, entry.first.second + column});
+      }
+    }
+  }
+  for (const Key& key : places) {
+    if (marks_.count(key) == 0) {
+      Try(key, 0.0, true);
+    }
+  }
 }
 
 Grid Growth::Run() {
@@ -231,6 +267,7 @@ Grid Growth::Run() {
       break;
     }
   }
+  TryOnceMore();
   grid_.marks = Marks();
   const std::size_t grown = grid_.marks.size();
   const int dropped =

@@ -13,6 +13,7 @@ constexpr double kBinsPerPixel = 2.0;
 constexpr double kFlank = 2.0;         // px between a stroke's edge and what counts as its side
 constexpr double kNearestPart = 0.25;  // of an arm: closer in, the other stroke may lie
 constexpr double kFarthestPart = 0.9;  // of an arm
+constexpr double kNearlyBest = 0.9;    // of the best contrast
 
 using Index = std::size_t;
 
@@ -87,17 +88,28 @@ double DarkestOffset(const GrayPicture& picture, const MarkFrame& frame, Index s
                        [&](double level, int, int, double, double v) { arms[arm].Add(level, v); });
     arms[arm].Cumulate();
   }
-  double best = 0.0;
+  std::vector<double> scores;
   double bestScore = 0.0;
   for (double offset = -range; offset <= range; offset += 1.0 / kBinsPerPixel) {
-    const double score =
-        WeakerContrast(arms[0], offset, halfWidth) + WeakerContrast(arms[1], offset, halfWidth);
-    if (score > bestScore) {
-      bestScore = score;
-      best = offset;
-    }
+    scores.push_back(WeakerContrast(arms[0], offset, halfWidth) +
+                     WeakerContrast(arms[1], offset, halfWidth));
+    bestScore = std::max(bestScore, scores.back());
   }
-  return best;
+  if (bestScore <= 0.0) {
+    return 0.0;
+  }
+  // The middle of the offsets about the best that are nearly as good.
+  const Index best =
+      static_cast<Index>(std::max_element(scores.begin(), scores.end()) - scores.begin());
+  Index first = best;
+  Index last = best;
+  while (first > 0 && scores[first - 1] > kNearlyBest * bestScore) {
+    --first;
+  }
+  while (last + 1 < scores.size() && scores[last + 1] > kNearlyBest * bestScore) {
+    ++last;
+  }
+  return -range + 0.5 * static_cast<double>(first + last) / kBinsPerPixel;
 }
 
 }  // namespace

@@ -5,8 +5,10 @@
 namespace quorvex::precise {
 namespace {
 
-constexpr double kLeastDarkness = 0.35;   // of the neighbours': strokes fade that far at rims
-constexpr double kMostDarkness = 2.5;     // of the neighbours'
+constexpr double kLeastDarkness = 0.35;     // of the neighbours': strokes fade that far at rims
+constexpr double kMostDarkness = 2.5;       // of the neighbours'
+constexpr double kWellLeastDarkness = 0.6;  // of the neighbours', where two arms must do
+constexpr double kWellMostDarkness = 1.6;
 constexpr double kLeastCosine = 0.995;    // 5.7 degrees between predicted and fitted stroke
 constexpr double kLargestSigma = 0.4;     // px; a worse place is no measurement
 constexpr double kLargestScatter = 40.0;  // of the blocks' squares over their variances
@@ -35,8 +37,10 @@ bool IsMark(const GrayPicture& picture, const MarkFrame& frame, const MarkFit& f
   if (!fit.isMeasured || !fit.SeesBothStrokes()) {
     return false;
   }
-  if (expected.darkness > 0.0 && (fit.darkness < kLeastDarkness * expected.darkness ||
-                                  fit.darkness > kMostDarkness * expected.darkness)) {
+  const double least = expected.isWellPredicted ? kWellLeastDarkness : kLeastDarkness;
+  const double most = expected.isWellPredicted ? kWellMostDarkness : kMostDarkness;
+  if (expected.darkness > 0.0 &&
+      (fit.darkness < least * expected.darkness || fit.darkness > most * expected.darkness)) {
     return false;
   }
   if ((fit.centre - frame.centre).norm() > expected.tolerance ||
@@ -62,7 +66,7 @@ bool IsMark(const GrayPicture& picture, const MarkFrame& frame, const MarkFit& f
       held += inPicture[stroke][arm] || fit.arms[stroke][arm].isSeen ? 1 : 0;
     }
   }
-  return seen >= 3 || (seen == 2 && held == 2);
+  return seen >= 3 || (seen == 2 && (held == 2 || expected.isWellPredicted));
 }
 
 }  // namespace quorvex::precise

@@ -8,12 +8,13 @@
 namespace quorvex::precise {
 
 struct Expectation {
-  double darkness = 0.0;   // grey levels, of marks around
-  double tolerance = 0.0;  // px, how far from the frame's centre a mark may lie
+  double darkness = 0.0;         // grey levels, of marks around
+  double tolerance = 0.0;        // px, how far from the frame's centre a mark may lie
+  bool isWellPredicted = false;  // by a whole board: one arm of each stroke is enough
 };
 
 // Both strokes must be seen with the darkness of their neighbours and in the predicted directions,
-// and three arms, or all arms that the picture holds.
+// and three arms, or all arms that the picture holds, unless the place is well predicted.
 bool IsMark(const GrayPicture& picture, const MarkFrame& frame, const MarkFit& fit,
             const Expectation& expected);
 

@@ -3,6 +3,7 @@
 #include <Eigen/LU>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <vector>
 
 #include "precise/block_fit.h"
@@ -60,11 +61,25 @@ ArmSpan SpanOf(const MarkFrame& frame, const MarkFitSettings& settings, Index st
   return span;
 }
 
+// The median darkness of a stroke's blocks, grey levels.
+double TypicalDarkness(const std::vector<Block>& blocks) {
+  std::vector<double> values;
+  for (const Block& block : blocks) {
+    if (block.information > 0.0 && block.contrast > 0.0) {
+      values.push_back(block.darkness);
+    }
+  }
+  return MedianOf(values);
+}
+
 // Says for each arm what is seen of it, and leaves the blocks out that are no part of the stroke.
-void JudgeBlocks(StrokeState& state, std::array<ArmFit, 2>& arms, double darkness, double noise) {
+// Residuals count only where the line is near the stroke already.
+void JudgeBlocks(StrokeState& state, std::array<ArmFit, 2>& arms, double darkness, double noise,
+                 bool isNear) {
   const double least = kSeenContrast * darkness * state.stroke.profile.Peak();
   const double largestMisfit =
-      kNoiseMisfit * noise * noise + kModelMisfit * darkness * kModelMisfit * darkness;
+      isNear ? kNoiseMisfit * noise * noise + kModelMisfit * darkness * kModelMisfit * darkness
+             : std::numeric_limits<double>::infinity();
   std::vector<Block> kept;
   arms = {};
   std::array<int, 2> counts = {};
@@ -95,18 +110,6 @@ void JudgeBlocks(StrokeState& state, std::array<ArmFit, 2>& arms, double darknes
       state.blocks.push_back(block);
     }
   }
-}
-
-double TypicalDarkness(const std::array<StrokeState, 2>& states) {
-  std::vector<double> values;
-  for (const StrokeState& state : states) {
-    for (const Block& block : state.blocks) {
-      if (block.information > 0.0 && block.contrast > 0.0) {
-        values.push_back(block.darkness);
-      }
-    }
-  }
-  return MedianOf(values);
 }
 
 // Where two lines cross that pass near each other's origin.
@@ -178,7 +181,8 @@ void FillResult(const std::array<StrokeState, 2>& states, const MarkFrame& frame
 
 // One round: blocks of all arms, lines, crossing. False where a stroke is not seen.
 bool FitRound(const GrayPicture& picture, const MarkFrame& frame, const MarkFitSettings& settings,
-              std::array<StrokeState, 2>& states, std::array<StrokeLine, 2>& lines, MarkFit& fit) {
+              std::array<StrokeState, 2>& states, std::array<StrokeLine, 2>& lines, bool isNear,
+              MarkFit& fit) {
   for (Index stroke = 0; stroke < 2; ++stroke) {
     StrokeState& state = states[stroke];
     state.blocks.clear();
@@ -188,13 +192,15 @@ bool FitRound(const GrayPicture& picture, const MarkFrame& frame, const MarkFitS
       FitBlocks(picture, state.stroke, states[1 - stroke].stroke, span, arm, state.blocks);
     }
   }
-  fit.darkness = TypicalDarkness(states);
-  if (!(fit.darkness > 0.0)) {
-    return false;
-  }
+  fit.darkness = 0.0;
   for (Index stroke = 0; stroke < 2; ++stroke) {
     StrokeState& state = states[stroke];
-    JudgeBlocks(state, fit.arms[stroke], fit.darkness, settings.noise);
+    const double darkness = TypicalDarkness(state.blocks);
+    if (!(darkness > 0.0)) {
+      return false;
+    }
+    fit.darkness += 0.5 * darkness * state.stroke.profile.Peak();
+    JudgeBlocks(state, fit.arms[stroke], darkness, settings.noise, isNear);
     BendPrior prior;
     prior.expected = frame.bend[stroke];
     prior.sigma = settings.bendSigma;
@@ -252,12 +258,14 @@ MarkFit FitMark(const GrayPicture& picture, const MarkFrame& frame,
   }
   const double farthest = kFarthestStep * std::max({frame.armLength[0][0], frame.armLength[0][1],
                                                     frame.armLength[1][0], frame.armLength[1][1]});
+  bool isNear = settings.isNear;
   for (int round = 0; round < settings.rounds; ++round) {
     std::array<StrokeLine, 2> lines;
-    if (!FitRound(picture, frame, settings, states, lines, fit)) {
+    if (!FitRound(picture, frame, settings, states, lines, isNear, fit)) {
       fit.isMeasured = false;
       return fit;
     }
+    isNear = true;
     const double step = (lines[0].origin - states[0].stroke.line.origin).norm();
     FillResult(states, frame, lines, fit);
     for (Index stroke = 0; stroke < 2; ++stroke) {

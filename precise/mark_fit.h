@@ -31,6 +31,8 @@ struct MarkFitSettings {
   double armPart = 1.0;                         // of the arms' length that is used
   std::array<double, 2> bendSigma = {};         // px at the end of the arms; BendPrior
   int rounds = 3;                               // at most
+  bool isNear = false;  // the frame is within a few tenths of a px: the first round may judge
+                        // blocks by their residuals already
 };
 
 struct ArmFit {
@@ -48,8 +50,8 @@ struct MarkFit {
   std::array<std::array<double, 2>, 2> bend = {};
   std::array<std::array<double, 2>, 2> bendVariance = {};  // of `bend`
   std::array<std::array<ArmFit, 2>, 2> arms = {};          // [stroke][arm]
-  double darkness = 0.0;                                   // grey levels, median of the blocks
-  double squares = 0.0;  // of the blocks' distances from both lines, over their variances
+  double darkness = 0.0;  // grey levels, of the strokes' middles as they are seen
+  double squares = 0.0;   // of the blocks' distances from both lines, over their variances
   double freedom = 0.0;
 
   int SeenArms() const;

@@ -107,11 +107,15 @@ std::vector<double> AcrossLevels(const GrayPicture& picture, const ProfilePiece&
                        sums[bin] += level;
                        counts[bin] += 1.0;
                      });
+  // Across a stroke along a pixel row the pixels are a whole px apart, and bins between are empty.
+  double last = 0.0;
+  double lastCount = 0.0;
   for (std::size_t bin = 0; bin < bins; ++bin) {
-    if (counts[bin] == 0.0) {
-      return {};
+    if (counts[bin] > 0.0) {
+      last = sums[bin];
+      lastCount = counts[bin];
     }
-    sums[bin] /= counts[bin];
+    sums[bin] = lastCount > 0.0 ? last / lastCount : 255.0;
   }
   return sums;
 }
