@@ -9,7 +9,7 @@
 //
 // Method: strokes are compared with the profile of a box seen through blur and pixel, block by
 // block along each arm; a mark is where the middle lines of its strokes cross. A radial camera
-// model (Kannala and Brandt, 2006, with two coefficients) predicts where marks lie, and its
+// model (Kannala and Brandt, 2006, with three coefficients) predicts where marks lie, and its
 // deviations are smoothed by Gaussian processes (Rasmussen and Williams, 2006).
 #ifndef QUORVEX_INTERFACE_QUORVEX_PRECISE_H_
 #define QUORVEX_INTERFACE_QUORVEX_PRECISE_H_
@@ -78,13 +78,14 @@ struct Mark {
 // columns to pixels, which one picture does not make a calibration. A mark of row r and column c is
 // at (c, r * aspect, 0) on the board; X = rotation (c, r * aspect, 0) + translation is its place
 // before the camera, in pitches of the columns; at the angle a = atan2(hypot(X, Y), Z) from the
-// axis it is seen focalLength * (a + k1 a^3 + k2 a^5) px from the centre.
+// axis it is seen focalLength * (a + k1 a^3 + k2 a^5 + k3 a^7) px from the centre.
 struct CameraFacts {
   std::array<double, 9> rotation = {};     // row by row
   std::array<double, 3> translation = {};  // pitches of the columns
   double focalLength = 0.0;                // px per radian
   double k1 = 0.0;
   double k2 = 0.0;
+  double k3 = 0.0;
   double centreX = 0.0;   // px
   double centreY = 0.0;   // px
   double aspect = 1.0;    // pitch of the rows over the pitch of the columns

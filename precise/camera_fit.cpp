@@ -26,10 +26,11 @@ constexpr double kNoWeight = 8.0;  // residuals; a point this far off is no mark
 constexpr double kSettled = 1e-9;  // relative change of the squares
 
 // What is taken for likely before any mark is seen, so that few marks do not give absurd lenses.
-constexpr double kBendSigma = 0.3;     // of k1 and k2
-constexpr double kCentreSigma = 0.25;  // of the picture's diagonal, around its middle
-constexpr double kAspectSigma = 0.1;   // of the logarithm; most boards have square cells
-constexpr double kFocalSigma = 1.0;    // of the logarithm
+constexpr double kBendSigma = 0.3;       // of k1 and k2
+constexpr double kLastBendSigma = 0.02;  // of k3
+constexpr double kCentreSigma = 0.25;    // of the picture's diagonal, around its middle
+constexpr double kAspectSigma = 0.1;     // of the logarithm; most boards have square cells
+constexpr double kFocalSigma = 1.0;      // of the logarithm
 
 struct Problem {
   const std::vector<LabelledPoint>& points;
@@ -87,7 +88,9 @@ Likely LikelyOf(const Problem& problem, const CameraModel& model, double startFo
   likely.information[6] = 1.0 / (kFocalSigma * kFocalSigma);
   likely.difference[7] = model.k1;
   likely.difference[8] = model.k2;
+  likely.difference[12] = model.k3;
   likely.information[7] = likely.information[8] = 1.0 / (kBendSigma * kBendSigma);
+  likely.information[12] = 1.0 / (kLastBendSigma * kLastBendSigma);
   const double centreSigma = kCentreSigma * problem.diagonal;
   likely.difference.segment<2>(9) = model.centre - problem.middle;
   likely.information[9] = likely.information[10] = 1.0 / (centreSigma * centreSigma);

@@ -24,8 +24,8 @@ bool CameraModel::Project(const Eigen::Vector2d& label, Eigen::Vector2d& pixel, 
   }
   const double angle = std::atan2(lateral, ray.z());
   const double a2 = angle * angle;
-  const double bent = angle * (1.0 + a2 * (k1 + a2 * k2));
-  const double slope = 1.0 + a2 * (3.0 * k1 + 5.0 * a2 * k2);
+  const double bent = angle * (1.0 + a2 * (k1 + a2 * (k2 + a2 * k3)));
+  const double slope = 1.0 + a2 * (3.0 * k1 + a2 * (5.0 * k2 + a2 * 7.0 * k3));
   if (!(angle <= kLargestAngle) || !(slope >= kLeastSlope) || !(bent >= 0.0)) {
     return false;
   }
@@ -61,6 +61,7 @@ bool CameraModel::Project(const Eigen::Vector2d& label, Eigen::Vector2d& pixel, 
     jacobian->col(8) = focalLength * angle * a2 * a2 * outward;
     jacobian->middleCols<2>(9).setIdentity();
     jacobian->col(11) = byRay * rotation.col(1) * onBoard.y();
+    jacobian->col(12) = focalLength * angle * a2 * a2 * a2 * outward;
   }
   return true;
 }
@@ -78,6 +79,7 @@ CameraModel CameraModel::Moved(const Step& step) const {
   moved.k2 += step[8];
   moved.centre += step.segment<2>(9);
   moved.aspect *= std::exp(step[11]);
+  moved.k3 += step[12];
   return moved;
 }
 

@@ -1,8 +1,9 @@
 // A camera that sees the board: its place, and a lens whose pictures are symmetric about its axis.
 //
 // A mark of label (column, row) lies at (column, row * aspect, 0) on the board, in pitches of the
-// columns. A ray at the angle a from the axis meets the picture f (a + k1 a^3 + k2 a^5) px from the
-// centre. One picture does not determine a camera; the model is a smooth map of labels to px.
+// columns. A ray at the angle a from the axis meets the picture f (a + k1 a^3 + k2 a^5 + k3 a^7) px
+// from the centre. One picture does not determine a camera; the model is a smooth map of labels to
+// px.
 #ifndef QUORVEX_PRECISE_CAMERA_MODEL_H_
 #define QUORVEX_PRECISE_CAMERA_MODEL_H_
 
@@ -12,7 +13,7 @@
 namespace quorvex::precise {
 
 struct CameraModel {
-  static constexpr int kParameters = 12;
+  static constexpr int kParameters = 13;
   using Step = Eigen::Matrix<double, kParameters, 1>;
   using Jacobian = Eigen::Matrix<double, 2, kParameters>;
 
@@ -21,6 +22,7 @@ struct CameraModel {
   double focalLength = 1.0;                                // px per radian on the axis
   double k1 = 0.0;
   double k2 = 0.0;
+  double k3 = 0.0;
   Eigen::Vector2d centre = Eigen::Vector2d::Zero();  // px
   double aspect = 1.0;                               // pitch of the rows in pitches of the columns
 
@@ -30,7 +32,7 @@ struct CameraModel {
                Eigen::Matrix2d* byLabel = nullptr) const;
 
   // The model after a step: rotation vector (3), translation (3), log focal length, k1, k2, centre
-  // (2), log aspect.
+  // (2), log aspect, k3.
   CameraModel Moved(const Step& step) const;
 };
 

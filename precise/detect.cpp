@@ -50,6 +50,7 @@ CameraFacts FactsOf(const CameraFit& fit) {
   facts.focalLength = fit.model.focalLength;
   facts.k1 = fit.model.k1;
   facts.k2 = fit.model.k2;
+  facts.k3 = fit.model.k3;
   facts.centreX = fit.model.centre.x();
   facts.centreY = fit.model.centre.y();
   facts.aspect = fit.model.aspect;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <map>
+#include <utility>
 #include <vector>
 
 #include "precise/grid_check.h"
@@ -11,13 +13,16 @@
 namespace quorvex::precise {
 namespace {
 
-constexpr double kLeastBend = 0.003;   // px at the end of the arms: the map is no better
+constexpr double kLeastBend = 0.0005;  // px at the end of the arms: no map is better
 constexpr double kLargestBend = 0.3;   // px
 constexpr double kDoubtful = 4.5;      // times the usual distance from what the others predict
 constexpr double kLeastFreedom = 6.0;  // blocks over the lines' unknowns, to judge their scatter
 constexpr double kOwnScatter = 2.5;    // times the board's, from which a mark's own scatter counts
 constexpr double kGaussMedian = 0.4549;  // median of a squared standard Gaussian
 constexpr double kMedianError = 2.3;     // standard error of that median over its value, for one
+
+constexpr double kSharedErrors = 1.8;  // differences share marks, which makes medians less sure
+constexpr double kSurely = 2.0;        // standard errors
 
 using Index = std::size_t;
 
@@ -79,6 +84,49 @@ void EnlargeCovariances(std::vector<GridMark>& marks) {
   }
 }
 
+// Neighbours in a row or column differ from the camera smoothly; what is left of a third difference
+// of four is their own errors. The median of its square over what the covariances say: above 1
+// where errors are larger, as when noise goes the same way over many pixels.
+double NeighbourScatter(const std::vector<GridMark>& marks, const CameraModel& camera) {
+  std::map<std::pair<int, int>, std::pair<Eigen::Vector2d, double>> residuals;
+  for (const GridMark& mark : marks) {
+    Eigen::Vector2d pixel;
+    if (camera.Project({mark.column, mark.row}, pixel)) {
+      residuals[{mark.row, mark.column}] = {mark.fit.centre - pixel,
+                                            0.5 * mark.fit.covariance.trace()};
+    }
+  }
+  std::vector<double> ratios;
+  for (const auto& entry : residuals) {
+    for (int stroke = 0; stroke < 2; ++stroke) {
+      Eigen::Vector2d difference = Eigen::Vector2d::Zero();
+      double variance = 0.0;
+      bool isWhole = true;
+      for (int i = 0; i < 4 && isWhole; ++i) {
+        constexpr std::array<double, 4> kFactors = {1.0, -3.0, 3.0, -1.0};
+        const auto found = residuals.find({entry.first.first + (stroke == 1 ? i : 0),
+                                           entry.first.second + (stroke == 0 ? i : 0)});
+        isWhole = found != residuals.end();
+        if (isWhole) {
+          const double factor = kFactors[static_cast<Index>(i)];
+          difference += factor * found->second.first;
+          variance += factor * factor * found->second.second;
+        }
+      }
+      if (isWhole) {
+        ratios.push_back(difference.x() * difference.x() / variance);
+        ratios.push_back(difference.y() * difference.y() / variance);
+      }
+    }
+  }
+  if (ratios.empty()) {
+    return 1.0;
+  }
+  const double error = kMedianError * kSharedErrors / std::sqrt(static_cast<double>(ratios.size()));
+  const double scatter = Median(ratios) / kGaussMedian;
+  return scatter > 1.0 + kSurely * error ? scatter : 1.0;
+}
+
 }  // namespace
 
 std::vector<MarkVerdict> MeasureFinally(const GrayPicture& picture, double noise, Grid& grid) {
@@ -109,6 +157,10 @@ std::vector<MarkVerdict> MeasureFinally(const GrayPicture& picture, double noise
   }
   grid.marks = measured;
   EnlargeCovariances(grid.marks);
+  const double neighbours = NeighbourScatter(grid.marks, grid.camera.model);
+  for (GridMark& mark : grid.marks) {
+    mark.fit.covariance *= neighbours;
+  }
   DropContradicted(grid.marks, grid.camera, picture.Width(), picture.Height());
   const BoardMap after(grid.marks, grid.camera);
   const double scatter = UsualScatter(grid.marks, after);
