@@ -10,6 +10,8 @@
 namespace quorvex::benchmarks {
 namespace {
 
+constexpr double kBlurRims = 2;  // sigmas by which the blur widens what stands before the board
+
 bool IsHidden(const Scene& scene, const tools::PixelPoint& place, double rim) {
   for (const Disc& disc : scene.discs) {
     if (std::hypot(place.x - disc.x, place.y - disc.y) < disc.radius + rim) {
@@ -50,7 +52,8 @@ class BoardView {
   }
 
   bool IsVisible(int row, int column, const tools::PixelPoint& centre) const {
-    return IsInside(scene_.target, centre) && !IsHidden(scene_, centre, kVisibleRim) &&
+    const double softness = kBlurRims * scene_.target.blurSigma;
+    return IsInside(scene_.target, centre) && !IsHidden(scene_, centre, kVisibleRim + softness) &&
            (IsArmFree(row, column, 1, 0) || IsArmFree(row, column, -1, 0)) &&
            (IsArmFree(row, column, 0, 1) || IsArmFree(row, column, 0, -1));
   }
@@ -64,7 +67,8 @@ class BoardView {
   bool IsArmFree(int row, int column, int towardsX, int towardsY) const {
     constexpr int kPlaces = 10;
     constexpr double kRim = 1;  // pixels beyond the stroke's edge
-    const double half = HalfStrokeInPicture(row, column, towardsX, towardsY);
+    const double half =
+        HalfStrokeInPicture(row, column, towardsX, towardsY) + kBlurRims * scene_.target.blurSigma;
     for (int i = 1; i <= kPlaces; ++i) {
       const double along = 0.5 * scene_.target.armLength * i / kPlaces;
       tools::BoardPoint point = board_.MarkCentre(row, column);

@@ -62,6 +62,14 @@ TEST(SceneTruth, BandsHideWhatTheyTouch) {
   EXPECT_TRUE(IsVisible(scene));
 }
 
+TEST(SceneTruth, BlurWidensWhatStandsBeforeTheBoard) {
+  Scene scene = OneMark(50, 50);
+  scene.discs.push_back({60, 60, 9, 10});
+  EXPECT_TRUE(IsVisible(scene));
+  scene.target.blurSigma = 1;
+  EXPECT_FALSE(IsVisible(scene));
+}
+
 TEST(SceneTruth, MissingMarksAreNotOfThePicture) {
   Scene scene = OneMark(50, 50);
   scene.target.missing = {{0, 0}};
