@@ -254,8 +254,8 @@ void Growth::TryOnceMore() {
 
 Grid Growth::Run() {
   if (seed_.marks.size() < kFewestMarks) {
-    grid_.reason =
-        seed_.reason.empty() ? "seed: fewer than six marks belong together" : seed_.reason;
+    grid_.stage = "seed";
+    grid_.reason = seed_.reason.empty() ? "fewer than six marks belong together" : seed_.reason;
     return grid_;
   }
   if (!StartCamera() || !MeasureFacts()) {

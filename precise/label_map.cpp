@@ -1,6 +1,6 @@
 #include "precise/label_map.h"
 
-#include <Eigen/LU>
+#include <Eigen/Cholesky>
 #include <algorithm>
 #include <cstddef>
 #include <limits>
@@ -20,10 +20,10 @@ constexpr double kCloseWeight = 3.0;
 constexpr double kCloseTolerance = 0.14;
 constexpr double kLooseTolerance = 0.24;
 
-constexpr int kFewVotes = 2;       // fewer than these are left to the plane
-constexpr int kPlaneReach = 3;     // steps
-constexpr int kPlaneMarks = 4;     // one more than a plane needs
-constexpr double kLeverage = 2.0;  // variance of the prediction over that of a mark
+constexpr int kFewVotes = 2;       // fewer than these are left to a surface
+constexpr int kSurfaceReach = 4;   // steps
+constexpr double kLeverage = 3.0;  // variance of the prediction over that of a mark next to it
+constexpr double kOpen = 1e-6;     // of the largest pivot: marks in a row leave a surface open
 
 std::uint64_t Key(int row, int column) {
   return (static_cast<std::uint64_t>(static_cast<std::uint32_t>(row)) << 32) |
@@ -100,7 +100,7 @@ MarkPrediction LabelMap::Predict(int row, int column) const {
     }
   }
   if (mean.votes < kFewVotes) {
-    return PredictFromPlane(row, column);
+    return PredictFromSurface(row, column);
   }
   MarkPrediction prediction;
   prediction.votes = mean.votes;
@@ -115,37 +115,64 @@ MarkPrediction LabelMap::Predict(int row, int column) const {
   return prediction;
 }
 
-MarkPrediction LabelMap::PredictFromPlane(int row, int column) const {
-  Eigen::Matrix3d normal = Eigen::Matrix3d::Zero();
-  Eigen::Matrix<double, 3, 2> right = Eigen::Matrix<double, 3, 2>::Zero();
+// A surface through marks around a place, at the place itself; terms 1, dr, dc and, of six, the
+// squares and the product. Nearer marks weigh more, since grid lines are bent.
+template <int kTerms>
+struct Surface {
+  Eigen::Matrix<double, kTerms, kTerms> normal = Eigen::Matrix<double, kTerms, kTerms>::Zero();
+  Eigen::Matrix<double, kTerms, 2> right = Eigen::Matrix<double, kTerms, 2>::Zero();
   int count = 0;
-  for (int dr = -kPlaneReach; dr <= kPlaneReach; ++dr) {
-    for (int dc = -kPlaneReach; dc <= kPlaneReach; ++dc) {
+
+  void Add(int dr, int dc, const Eigen::Vector2d& point) {
+    const double weight = 1.0 / (dr * dr + dc * dc);
+    const double all[6] = {1.0,
+                           static_cast<double>(dr),
+                           static_cast<double>(dc),
+                           static_cast<double>(dr * dr),
+                           static_cast<double>(dr * dc),
+                           static_cast<double>(dc * dc)};
+    const Eigen::Map<const Eigen::Matrix<double, kTerms, 1>> terms(all);
+    normal += weight * terms * terms.transpose();
+    right += weight * terms * point.transpose();
+    ++count;
+  }
+
+  // No votes where the marks leave the surface open at the place.
+  MarkPrediction Predict(double tolerance) const {
+    MarkPrediction prediction;
+    if (count <= kTerms + kTerms / 3) {
+      return prediction;
+    }
+    const Eigen::LDLT<Eigen::Matrix<double, kTerms, kTerms>> solver(normal);
+    if (!(solver.vectorD().minCoeff() > kOpen * solver.vectorD().maxCoeff())) {
+      return prediction;
+    }
+    const Eigen::Matrix<double, kTerms, 1> unit = Eigen::Matrix<double, kTerms, 1>::Unit(0);
+    if (!(solver.solve(unit)(0) < kLeverage)) {
+      return prediction;
+    }
+    const Eigen::Matrix<double, kTerms, 2> surface = solver.solve(right);
+    prediction.votes = count;
+    prediction.centre = surface.row(0).transpose();
+    prediction.tolerance = tolerance * std::min(surface.row(1).norm(), surface.row(2).norm());
+    return prediction;
+  }
+};
+
+MarkPrediction LabelMap::PredictFromSurface(int row, int column) const {
+  Surface<3> plane;
+  Surface<6> bent;
+  for (int dr = -kSurfaceReach; dr <= kSurfaceReach; ++dr) {
+    for (int dc = -kSurfaceReach; dc <= kSurfaceReach; ++dc) {
       const MarkCandidate* mark = dr == 0 && dc == 0 ? nullptr : CandidateAt(row + dr, column + dc);
       if (mark != nullptr) {
-        // Grid lines are bent: nearer marks say more.
-        const double weight = 1.0 / (dr * dr + dc * dc);
-        const Eigen::Vector3d terms(1.0, dr, dc);
-        normal += weight * terms * terms.transpose();
-        right += weight * terms * mark->centre.transpose();
-        ++count;
+        plane.Add(dr, dc, mark->centre);
+        bent.Add(dr, dc, mark->centre);
       }
     }
   }
-  MarkPrediction prediction;
-  const double determinant = normal.determinant();
-  if (count < kPlaneMarks || !(determinant > 1e-6)) {
-    return prediction;
-  }
-  const Eigen::Matrix3d inverse = normal.inverse();
-  const Eigen::Matrix<double, 3, 2> plane = inverse * right;
-  if (inverse(0, 0) > kLeverage) {
-    return prediction;
-  }
-  prediction.votes = count;
-  prediction.centre = plane.row(0).transpose();
-  prediction.tolerance = kLooseTolerance * std::min(plane.row(1).norm(), plane.row(2).norm());
-  return prediction;
+  const MarkPrediction prediction = bent.Predict(kLooseTolerance);
+  return prediction.votes > 0 ? prediction : plane.Predict(kLooseTolerance);
 }
 
 PredictedArms LabelMap::PredictArms(int row, int column) const {

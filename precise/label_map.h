@@ -47,7 +47,7 @@ class LabelMap {
 
  private:
   const MarkCandidate* CandidateAt(int row, int column) const;
-  MarkPrediction PredictFromPlane(int row, int column) const;
+  MarkPrediction PredictFromSurface(int row, int column) const;
   const std::vector<MarkCandidate>& marks_;
   std::unordered_map<std::uint64_t, LabelledMark> places_;
 };

@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t kMostPeaksHalf = 12000;    // bounds the time on pictures full of crossings
 constexpr std::size_t kMostPeaksQuarter = 4000;  // likewise
 constexpr int kRounds = 3;                       // of testing and moving onto the crossing
-constexpr double kSettled = 0.2;    // px of the level; a smaller move needs no further test
+constexpr double kSettled = 0.25;   // px of the level; a smaller move needs no further test
 constexpr double kSamePlace = 4.0;  // px; strokes of two marks are farther apart
 constexpr double kCell = 16.0;      // px
 
@@ -44,6 +44,9 @@ std::optional<Tested> TestAt(const PyramidLevel& level, const Eigen::Vector2d& p
                              double noise) {
   Tested tested;
   tested.point = point;
+  if (!MayHaveThreeArms(level, point, noise)) {
+    return std::nullopt;
+  }
   for (int round = 0; round < kRounds; ++round) {
     tested.arms = FindPolarArms(level, tested.point, noise);
     if (tested.arms.seen == 0) {

@@ -16,7 +16,8 @@ namespace quorvex::precise {
 // stroke's direction, arm 1 against it.
 struct MarkFrame {
   Eigen::Vector2d centre = Eigen::Vector2d::Zero();
-  std::array<Eigen::Vector2d, 2> direction = {};        // unit vectors
+  std::array<Eigen::Vector2d, 2> direction = {Eigen::Vector2d::UnitX(),
+                                              Eigen::Vector2d::UnitY()};  // unit vectors
   std::array<std::array<double, 2>, 2> bend = {};       // of each stroke: u^2 and u^3 terms
   std::array<double, 2> width = {};                     // px, of each stroke
   std::array<std::array<double, 2>, 2> armLength = {};  // px, [stroke][arm], to its end
@@ -46,7 +47,7 @@ struct MarkFit {
   bool isMeasured = false;
   Eigen::Vector2d centre = Eigen::Vector2d::Zero();      // px, of the board's lines
   Eigen::Matrix2d covariance = Eigen::Matrix2d::Zero();  // px^2
-  std::array<Eigen::Vector2d, 2> direction = {};
+  std::array<Eigen::Vector2d, 2> direction = {Eigen::Vector2d::UnitX(), Eigen::Vector2d::UnitY()};
   std::array<std::array<double, 2>, 2> bend = {};
   std::array<std::array<double, 2>, 2> bendVariance = {};  // of `bend`
   std::array<std::array<ArmFit, 2>, 2> arms = {};          // [stroke][arm]

@@ -1,8 +1,10 @@
 #include "precise/mark_joining.h"
 
+#include <Eigen/LU>
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstdlib>
 
 #include "precise/label_map.h"
 #include "precise/point_grid.h"
@@ -14,8 +16,11 @@ constexpr double kDegree = 3.14159265358979323846 / 180;
 constexpr double kLikeDirection = 16 * kDegree;  // between an arm and those of its neighbours
 constexpr double kLikeContrast = 2.5;            // stronger over the weaker
 constexpr double kLongest = 1.6;  // over the longest arm around; shorter ones may be hidden or cut
+constexpr int kReach = 2;         // steps around a labelled mark, over one that is absent
 constexpr int kLeastVotes = 2;    // predictions that a place needs
-constexpr double kCell = 32.0;    // px
+constexpr int kStepsReach = 4;    // steps to marks that are asked
+constexpr double kStepError = 0.4;     // steps
+constexpr double kCell = 32.0;         // px
 constexpr double kSlackOfLink = 1.5;   // tolerances, of a prediction that one link agrees with
 constexpr double kSlackOfLinks = 2.0;  // that two links agree with
 constexpr double kMostMisfit = 1.8;   // tolerances, of a mark that stays; a wrong label is four off
@@ -85,7 +90,7 @@ class Joining {
     }
     const int turn =
         MatchingTurn(marks_[static_cast<std::size_t>(nearest)], map_.PredictArms(row, column));
-    if (turn < 0) {
+    if (turn < 0 || !AreStepsRight({nearest, row, column, turn})) {
       return false;
     }
     *joined = {nearest, row, column, turn};
@@ -118,6 +123,57 @@ class Joining {
     map_.Set(mark);
     isUsed_[static_cast<std::size_t>(mark.mark)] = true;
     labels_[static_cast<std::size_t>(mark.mark)] = mark;
+  }
+
+  // Whether the nearest labelled marks are as many steps away as their labels say, a step measured
+  // by the arms of both.
+  bool AreStepsRight(const LabelledMark& mark) const {
+    for (int reach = 1; reach <= kStepsReach; ++reach) {
+      bool isAny = false;
+      for (int dr = -reach; dr <= reach; ++dr) {
+        const int dc = reach - std::abs(dr);
+        for (const int side : {-dc, dc}) {
+          const LabelledMark* other = map_.Find(mark.row + dr, mark.column + side);
+          isAny = isAny || other != nullptr;
+          if (other != nullptr && !IsApart(mark, *other, side, dr)) {
+            return false;
+          }
+        }
+      }
+      if (isAny) {
+        return true;
+      }
+    }
+    return false;
+  }
+
+  bool IsApart(const LabelledMark& from, const LabelledMark& to, int columns, int rows) const {
+    const Eigen::Matrix2d steps = (StepsOf(from) + StepsOf(to)) / 2;
+    const double determinant = steps.determinant();
+    if (!(std::fabs(determinant) > 0)) {
+      return false;
+    }
+    const Eigen::Vector2d way = marks_[static_cast<std::size_t>(to.mark)].centre -
+                                marks_[static_cast<std::size_t>(from.mark)].centre;
+    const double column = Cross(way, steps.col(1)) / determinant;
+    const double row = Cross(steps.col(0), way) / determinant;
+    return std::fabs(column - columns) < kStepError && std::fabs(row - rows) < kStepError;
+  }
+
+  // One step along +column and one along +row, px, as the arms of a mark tell.
+  Eigen::Matrix2d StepsOf(const LabelledMark& label) const {
+    const MarkCandidate& mark = marks_[static_cast<std::size_t>(label.mark)];
+    Eigen::Matrix2d steps;
+    for (std::size_t k = 0; k < 2; ++k) {
+      const std::size_t at = (k + 4 - static_cast<std::size_t>(label.turn)) % 4;
+      const MarkArm& ahead = mark.arms[at];
+      const MarkArm& back = mark.arms[(at + 2) % 4];
+      const double seen = (ahead.isSeen ? 1 : 0) + (back.isSeen ? 1 : 0);
+      const double length = (ahead.length + back.length) / seen;
+      steps.col(static_cast<Eigen::Index>(k)) =
+          (ahead.direction - back.direction).normalized() * (2 * length * links_.stepRatio);
+    }
+    return steps;
   }
 
   // How many labelled marks that a mark is linked to give it the same label; 0 when they
@@ -173,8 +229,8 @@ void JoinPredictedMarks(const std::vector<MarkCandidate>& marks, const MarkLinks
         labelled.push_back(joined);
       }
     }
-    for (int dr = -1; dr <= 1; ++dr) {
-      for (int dc = -1; dc <= 1; ++dc) {
+    for (int dr = -kReach; dr <= kReach; ++dr) {
+      for (int dc = -kReach; dc <= kReach; ++dc) {
         if (joining.Join(from.row + dr, from.column + dc, &joined)) {
           labelled.push_back(joined);
         }

@@ -33,6 +33,15 @@ constexpr std::array<Side, kRadii> kSides = {
 constexpr int kPad = 6;       // the widest of them
 constexpr int kOutside = -1;  // in place of a value outside of the level
 
+// The quick look: one circle within short arms, one where oblique strokes are apart; their sides
+// are directions away.
+struct QuickCircle {
+  int radius;  // px of the level
+  int side;    // of 7.5 degrees; about 3 px
+};
+constexpr std::array<QuickCircle, 2> kQuickCircles = {{{5, 5}, {9, 3}}};
+constexpr double kQuickBound = 0.5;  // of the response that arms need
+
 // Offsets in 1/256 pixels.
 struct Offset {
   int x;
@@ -70,6 +79,28 @@ void SampleCircle(const PyramidLevel& level, int x, int y,
   }
 }
 
+const Circles& AllCircles() {
+  static const Circles circles = MakeCircles();
+  return circles;
+}
+
+// How many separate stretches of a circle are darker than their sides by more than the bound.
+int DarkStretches(const PaddedCircle& values, int side, int bound) {
+  std::array<int, kAngles> isDark;
+  const int* middle = values.data() + kPad;
+  for (int k = 0; k < kAngles; ++k) {
+    isDark[static_cast<std::size_t>(k)] =
+        std::min(middle[k - side], middle[k + side]) - middle[k] > bound ? 1 : 0;
+  }
+  int stretches = 0;
+  int before = isDark[kAngles - 1];
+  for (const int dark : isDark) {
+    stretches += dark & ~before;
+    before = dark;
+  }
+  return stretches;
+}
+
 using Depths = std::array<std::array<int, kAngles>, kRadii>;
 
 struct Responses {
@@ -79,7 +110,7 @@ struct Responses {
 };
 
 Responses MeasureResponses(const PyramidLevel& level, int x, int y) {
-  static const Circles circles = MakeCircles();
+  const Circles& circles = AllCircles();
   constexpr int kReach = (kFarthestRadius + 1) * kFraction;
   const bool isInside =
       level.HoldsFixed(x - kReach, y - kReach) && level.HoldsFixed(x + kReach, y + kReach);
@@ -209,6 +240,27 @@ void SetStroke(const Stroke& stroke, const std::vector<Peak>& peaks, std::size_t
 }
 
 }  // namespace
+
+bool MayHaveThreeArms(const PyramidLevel& level, const Eigen::Vector2d& point, double noise) {
+  const int x = ToFixed(point.x());
+  const int y = ToFixed(point.y());
+  constexpr int kReach = (kFarthestRadius + 1) * kFraction;
+  if (!level.HoldsFixed(x - kReach, y - kReach) || !level.HoldsFixed(x + kReach, y + kReach)) {
+    return true;
+  }
+  const double ofNoise = noise * kLeastOverNoise[static_cast<std::size_t>(level.index)];
+  const int bound = static_cast<int>(kQuickBound * kLevelUnit * std::max(kLeastResponse, ofNoise));
+  PaddedCircle values;
+  for (const QuickCircle& circle : kQuickCircles) {
+    SampleCircle(level, x, y,
+                 AllCircles()[static_cast<std::size_t>(circle.radius - kNearestRadius)], true,
+                 values);
+    if (DarkStretches(values, circle.side, bound) >= 3) {
+      return true;
+    }
+  }
+  return false;
+}
 
 PolarArms FindPolarArms(const PyramidLevel& level, const Eigen::Vector2d& point, double noise) {
   const Responses responses = MeasureResponses(level, ToFixed(point.x()), ToFixed(point.y()));

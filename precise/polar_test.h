@@ -29,6 +29,10 @@ constexpr int kNearestRadius =
     4;  // px of the level; nearer by, strokes of other directions interfere
 constexpr int kFarthestRadius = 11;  // px of the level
 
+// A quick look at two circles: false where fewer than three directions are dark, so that the test
+// would find two arms at most. True near the rim of the level.
+bool MayHaveThreeArms(const PyramidLevel& level, const Eigen::Vector2d& point, double noise);
+
 // `point` in pixels of the level, `noise` in grey levels of the picture.
 PolarArms FindPolarArms(const PyramidLevel& level, const Eigen::Vector2d& point, double noise);
 
