@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <opencv2/calib3d.hpp>
+#include <string>
 #include <vector>
 
 #include "benchmarks/precision/direct_detector.h"
@@ -61,8 +62,11 @@ TEST(Calibration, TwelvePosesGiveTheCamera) {
       boards, pictures, cv::Size(2048, 2048), camera, coefficients, rotations, translations,
       cv::fisheye::CALIB_RECOMPUTE_EXTRINSIC | cv::fisheye::CALIB_FIX_SKEW,
       cv::TermCriteria(cv::TermCriteria::EPS + cv::TermCriteria::COUNT, 200, 1e-12));
-  RecordProperty("camera", testing::PrintToString(std::vector<double>{
-                               camera(0, 0), camera(1, 1), camera(0, 2), camera(1, 2), residual}));
+  RecordProperty("focalLengthX", std::to_string(camera(0, 0)));
+  RecordProperty("focalLengthY", std::to_string(camera(1, 1)));
+  RecordProperty("centreX", std::to_string(camera(0, 2)));
+  RecordProperty("centreY", std::to_string(camera(1, 2)));
+  RecordProperty("residual", std::to_string(residual));
   EXPECT_NEAR(camera(0, 0), kFocalLength, 5e-5 * kFocalLength);
   EXPECT_NEAR(camera(1, 1), kFocalLength, 5e-5 * kFocalLength);
   EXPECT_NEAR(camera(0, 2), kCentreX, 0.02);
