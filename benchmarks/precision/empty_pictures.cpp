@@ -34,12 +34,23 @@ void AddPlain(Pictures& pictures) {
   pictures.push_back({"white with noise 2", [] { return Blank(255, 2, 1); }});
 }
 
+// The standard scene at half its size.
+Scene HalfScene(std::uint64_t seed) {
+  SceneRandom random(seed);
+  Scene scene = StandardScene(random);
+  tools::RenderSettings& target = scene.target;
+  target.width = target.height = 1024;
+  target.principalX = target.principalY = 511.5;
+  target.focalLength /= 2;
+  target.strokeWidth *= 2;
+  return scene;
+}
+
 // A board of the renderer with what makes it none.
 void AddBoards(Pictures& pictures) {
   for (const std::uint64_t seed : {1, 2, 3, 4}) {
     pictures.push_back({fmt::format("chessboard {}", seed), [seed] {
-                          SceneRandom random(seed);
-                          Scene scene = StandardScene(random);
+                          Scene scene = HalfScene(seed);
                           scene.target.pattern = tools::Pattern::kChessboard;
                           scene.target.rotation = 15.0 * static_cast<double>(seed);
                           PlaceWithinAngle(30 + 7.0 * static_cast<double>(seed), scene);
@@ -48,10 +59,9 @@ void AddBoards(Pictures& pictures) {
   }
   for (const std::uint64_t seed : {1, 2, 3, 4}) {
     pictures.push_back({fmt::format("graph paper {}", seed), [seed] {
-                          SceneRandom random(seed);
-                          Scene scene = StandardScene(random);
+                          Scene scene = HalfScene(seed);
                           scene.target.armLength = scene.target.pitch / 2;
-                          scene.target.rows = scene.target.columns = seed % 2 == 0 ? 13 : 41;
+                          scene.target.rows = scene.target.columns = seed % 2 == 0 ? 13 : 31;
                           scene.target.rotation = 12.0 * static_cast<double>(seed);
                           PlaceWithinAngle(35 + 6.0 * static_cast<double>(seed), scene);
                           return RenderScene(scene).picture;

@@ -63,7 +63,8 @@ struct SceneMark {
   int column = 0;
   double x = 0;  // pixels
   double y = 0;  // pixels
-  // The centre is kVisibleRim or more inside the picture and away from everything before the board.
+  // The centre is kVisibleRim or more inside the picture and, but for the blur, away from
+  // everything before the board, which also leaves an arm of each stroke free over half its length.
   bool isVisible = false;
 };
 

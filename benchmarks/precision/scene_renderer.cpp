@@ -8,6 +8,7 @@
 #include "benchmarks/precision/disturbances.h"
 #include "benchmarks/precision/jpeg_loss.h"
 #include "benchmarks/precision/scene_levels.h"
+#include "benchmarks/precision/scene_truth.h"
 
 namespace quorvex::benchmarks {
 namespace {
@@ -142,57 +143,9 @@ class Filter {
   std::vector<float> pixels_;
 };
 
-bool IsHidden(const Scene& scene, double x, double y) {
-  for (const Disc& disc : scene.discs) {
-    if (std::hypot(x - disc.x, y - disc.y) < disc.radius + kVisibleRim) {
-      return true;
-    }
-  }
-  for (const Band& band : scene.bands) {
-    const double across = (y - band.y) * std::cos(band.angle) - (x - band.x) * std::sin(band.angle);
-    if (std::abs(across) < band.width / 2 + kVisibleRim) {
-      return true;
-    }
-  }
-  return false;
-}
-
-bool IsInside(const tools::RenderSettings& target, double x, double y) {
-  return x >= kVisibleRim - 0.5 && x <= target.width - 0.5 - kVisibleRim &&
-         y >= kVisibleRim - 0.5 && y <= target.height - 0.5 - kVisibleRim;
-}
-
-bool IsMissing(const tools::RenderSettings& target, int row, int column) {
-  return target.pattern == tools::Pattern::kCrosses &&
-         std::any_of(target.missing.begin(), target.missing.end(),
-                     [&](const tools::GridPosition& mark) {
-                       return mark.row == row && mark.column == column;
-                     });
-}
-
 }  // namespace
 
 tools::LevelPicture RenderLevels(const Scene& scene) { return Filter(scene).Run(); }
-
-std::vector<SceneMark> TrueMarks(const Scene& scene) {
-  const tools::RenderSettings& target = scene.target;
-  const tools::Camera camera(target);
-  const tools::Board board(target);
-  std::vector<SceneMark> marks;
-  for (int row = 0; row < target.rows; ++row) {
-    for (int column = 0; column < target.columns; ++column) {
-      const std::optional<tools::PixelPoint> pixel =
-          camera.Project(board.ToCamera(board.MarkCentre(row, column)));
-      if (!pixel || IsMissing(target, row, column)) {
-        continue;
-      }
-      const bool isVisible =
-          IsInside(target, pixel->x, pixel->y) && !IsHidden(scene, pixel->x, pixel->y);
-      marks.push_back({row, column, pixel->x, pixel->y, isVisible});
-    }
-  }
-  return marks;
-}
 
 RenderedScene RenderScene(const Scene& scene) {
   tools::LevelPicture levels = RenderLevels(scene);

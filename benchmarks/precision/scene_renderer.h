@@ -4,8 +4,6 @@
 #ifndef QUORVEX_BENCHMARKS_PRECISION_SCENE_RENDERER_H_
 #define QUORVEX_BENCHMARKS_PRECISION_SCENE_RENDERER_H_
 
-#include <vector>
-
 #include "benchmarks/precision/scene.h"
 #include "tools/render/picture_effects.h"
 
@@ -13,9 +11,6 @@ namespace quorvex::benchmarks {
 
 // The blurred levels, without the light's gradient, disturbances and noise.
 tools::LevelPicture RenderLevels(const Scene& scene);
-
-// The marks that are printed on the board and before the camera, wherever they are.
-std::vector<SceneMark> TrueMarks(const Scene& scene);
 
 // Deterministic: the same scene gives the same bytes. The noise is of the target's seed.
 RenderedScene RenderScene(const Scene& scene);

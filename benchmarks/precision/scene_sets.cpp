@@ -268,6 +268,23 @@ void AddBands(Rows& rows) {
   }
 }
 
+// 4000 x 3000 pixels.
+void AddLargeRow(Rows& rows) {
+  AddRow(
+      rows, "Large", "4000 x 3000, 14 x 18 marks, noise 2", 3,
+      [](SceneRandom&, Scene& scene) {
+        scene.target.width = 4000;
+        scene.target.height = 3000;
+        scene.target.principalX = 1999.5;
+        scene.target.principalY = 1499.5;
+        scene.target.focalLength = 1500;
+        scene.target.rows = 14;
+        scene.target.columns = 18;
+        PlaceWithinAngle(60, scene);
+      },
+      Nothing);
+}
+
 }  // namespace
 
 std::vector<SceneRow> AllSceneRows() {
@@ -279,6 +296,7 @@ std::vector<SceneRow> AllSceneRows() {
   AddLensRows(rows);
   AddSufferings(rows);
   AddBands(rows);
+  AddLargeRow(rows);
   return rows;
 }
 
