@@ -114,6 +114,30 @@ struct Result {
 // below the width) gives a reason, like a picture without a target.
 QUORVEX_PRECISE_API Result Detect(const ImageView& image, const Options& options = Options());
 
+struct Point {
+  double x = 0.0;  // px
+  double y = 0.0;  // px
+};
+
+struct RefinedPoint {
+  double x = 0.0;  // px; where the point was when it is not refined
+  double y = 0.0;
+  double cxx = 0.0;  // covariance, px^2; 0 when the point is not refined
+  double cxy = 0.0;
+  double cyy = 0.0;
+  bool isRefined = false;
+  std::string reason;  // why it is not, in words
+};
+
+// Measures points of a list, placed by hand or found otherwise to about 4 px, by the fit that
+// Detect uses, each by itself: without a board there is no camera that would say how strokes bend
+// and what thick strokes do, so that Detect's own marks are better. One result for each point, in
+// their order. With MarkColour::kEither dark marks are looked for. Bad input is the reason of every
+// point.
+QUORVEX_PRECISE_API std::vector<RefinedPoint> RefineMarks(const ImageView& image,
+                                                          const std::vector<Point>& points,
+                                                          const Options& options = Options());
+
 }  // namespace quorvex::precise
 
 #endif  // QUORVEX_INTERFACE_QUORVEX_PRECISE_H_

@@ -64,6 +64,7 @@ MarkArm TraceArm(const PyramidLevel& level, const ArmStart& start, double spacin
   double depthSum = 0.0;
   int depthCount = 0;
   int pale = 0;
+  bool isCrossed = false;
   const int steps = static_cast<int>((kFarthestEnd - start.nearest) / scale);
   const int settled = static_cast<int>((start.farthest - start.nearest) / scale);
   double background = 0.0;  // grey levels, of the brighter side
@@ -71,9 +72,10 @@ MarkArm TraceArm(const PyramidLevel& level, const ArmStart& start, double spacin
     const double contrast = depthCount > 0 ? depthSum / depthCount : 0.0;
     const bool isClear = contrast > kClearContrast * ofValue;
     const StrokeSection section = Cut(level, walk, spacing / scale);
-    if (!section.isInside ||
-        (k > 0 && section.brightest < background - kCrossingDepth * contrast)) {
-      break;  // another stroke lies across
+    isCrossed =
+        section.isInside && k > 0 && section.brightest < background - kCrossingDepth * contrast;
+    if (!section.isInside || isCrossed) {
+      break;
     }
     background += (k > 0 ? kAdapting : 1.0) * (section.brightest - background);
     depths.push_back(section.depth);
@@ -95,6 +97,7 @@ MarkArm TraceArm(const PyramidLevel& level, const ArmStart& start, double spacin
   arm.direction = start.direction;
   if (depthCount > 0 && (end - centre).norm() > 0) {
     arm.isSeen = true;
+    arm.isCrossed = isCrossed;
     arm.direction = (end - centre).normalized();
     arm.length = (end - centre).norm() * scale;
     arm.contrast = depthSum / depthCount;

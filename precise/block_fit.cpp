@@ -3,6 +3,7 @@
 #include <Eigen/Cholesky>
 #include <Eigen/Core>
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace quorvex::precise {
@@ -16,9 +17,11 @@ constexpr double kMiddlePart = 0.5;       // of half the width and one sigma: th
 using Vector4 = Eigen::Vector4d;
 using Matrix4 = Eigen::Matrix4d;
 
+// Normal equations; of the symmetric matrix the upper half, row by row. The first unknown's row is
+// 1, so that its sums are counts and plain sums.
 struct Sums {
-  Matrix4 normal = Matrix4::Zero();
-  Vector4 right = Vector4::Zero();
+  std::array<double, 9> normal = {};  // 01 02 03 11 12 13 22 23 33
+  std::array<double, 4> right = {};
   double square = 0.0;
   double along = 0.0;
   int count = 0;
@@ -29,9 +32,20 @@ struct Sums {
 };
 
 // What a pixel adds to its block's sums; the level counts from a base so that squares stay small.
-void Add(Sums& sums, const Vector4& row, double level, double u) {
-  sums.normal.noalias() += row * row.transpose();
-  sums.right += row * level;
+void Add(Sums& sums, double slope, double dark, double shifted, double level, double u) {
+  sums.normal[0] += slope;
+  sums.normal[1] += dark;
+  sums.normal[2] += shifted;
+  sums.normal[3] += slope * slope;
+  sums.normal[4] += slope * dark;
+  sums.normal[5] += slope * shifted;
+  sums.normal[6] += dark * dark;
+  sums.normal[7] += dark * shifted;
+  sums.normal[8] += shifted * shifted;
+  sums.right[0] += level;
+  sums.right[1] += slope * level;
+  sums.right[2] += dark * level;
+  sums.right[3] += shifted * level;
   sums.square += level * level;
   sums.along += u;
   ++sums.count;
@@ -47,19 +61,32 @@ StrokeProfile::Value OtherAt(const Stroke& other, const Eigen::Vector2d& pixel) 
   return other.profile.At(straight - other.line.Offset(other.line.direction.dot(away)));
 }
 
+// The distance along the stroke from which the other one covers nothing of its pixels, px.
+double ClearDistance(const Stroke& stroke, const Stroke& other, double reach) {
+  const double cosine = stroke.line.direction.dot(other.line.direction);
+  const double sine = std::sqrt(std::max(1.0 - cosine * cosine, 0.01));
+  return (other.profile.Reach() + 2.0 + reach * std::abs(cosine)) / sine +
+         (other.line.origin - stroke.line.origin).norm();
+}
+
 bool Solve(const Sums& sums, double peak, Block& block) {
   if (sums.count < kFewestPixels || sums.middleCount == 0) {
     return false;
   }
-  const Eigen::LDLT<Matrix4> solver(sums.normal);
+  const std::array<double, 9>& n = sums.normal;
+  Matrix4 normal;
+  normal << sums.count, n[0], n[1], n[2], n[0], n[3], n[4], n[5], n[1], n[4], n[6], n[7], n[2],
+      n[5], n[7], n[8];
+  const Vector4 right(sums.right[0], sums.right[1], sums.right[2], sums.right[3]);
+  const Eigen::LDLT<Matrix4> solver(normal);
   if (solver.info() != Eigen::Success || solver.vectorD().minCoeff() <= 1e-9) {
     return false;
   }
-  const Vector4 solution = solver.solve(sums.right);
+  const Vector4 solution = solver.solve(right);
   const double variance = solver.solve(Vector4::UnitW()).w();
   block.along = sums.along / sums.count;
   block.darkness = solution[2];
-  const double residual = sums.square - solution.dot(sums.right);
+  const double residual = sums.square - solution.dot(right);
   block.misfit = std::max(residual, 0.0) / (sums.count - 4);
   // Beside the other stroke there may be no clear side; the fit's own word then stands.
   block.contrast = solution[2] * peak;
@@ -94,6 +121,7 @@ void FitBlocks(const GrayPicture& picture, const Stroke& stroke, const Stroke& o
   const double side = 0.5 * stroke.profile.Width() + 2.0 * sigma;
   // Where blurs overlap at the crossing, the covered part is not the product of both.
   const double overlap = sigma * sigma * stroke.line.direction.dot(other.line.direction);
+  const double clear = ClearDistance(stroke, other, reach);
   double base = -1.0;
   ForEachStrokePixel(
       picture, stroke.line, span.from, span.to, reach,
@@ -102,14 +130,15 @@ void FitBlocks(const GrayPicture& picture, const Stroke& stroke, const Stroke& o
           base = level;
         }
         const StrokeProfile::Value own = stroke.profile.At(v);
-        const StrokeProfile::Value crossing = OtherAt(other, Eigen::Vector2d(x, y));
+        const StrokeProfile::Value crossing = std::abs(u) > clear
+                                                  ? StrokeProfile::Value{0.0, 0.0}
+                                                  : OtherAt(other, Eigen::Vector2d(x, y));
         const double open = 1.0 - crossing.dark;
         const double both = own.dark * crossing.dark + overlap * own.slope * crossing.slope;
         const int index =
             std::min(static_cast<int>((u - span.from) * blocksPerPixel), span.count - 1);
         Sums& block = sums[static_cast<std::size_t>(index)];
-        Add(block, Vector4(1.0, v, both - own.dark - crossing.dark, own.slope * open), level - base,
-            u);
+        Add(block, v, both - own.dark - crossing.dark, own.slope * open, level - base, u);
         if (std::abs(v) <= middle) {
           block.middle += level;
           ++block.middleCount;

@@ -17,13 +17,14 @@ using Information = Eigen::Matrix<double, CameraModel::kParameters, CameraModel:
 
 // Radians seen at the picture's corner, for the five starts.
 constexpr std::array<double, 5> kCornerAngles = {0.35, 0.7, 1.05, 1.4, 1.8};
-constexpr std::size_t kStartPoints = 80;  // enough to tell the starts apart
-constexpr int kStartSteps = 12;
+constexpr std::size_t kStartPoints = 50;  // enough to tell the starts apart
+constexpr int kStartSteps = 10;
 constexpr int kSteps = 30;
 constexpr double kLeastResidual = 0.003;  // px; marks are not measured better than that
 constexpr double kFullWeight = 2.0;       // residuals; less weight beyond
 constexpr double kNoWeight = 8.0;  // residuals; a point this far off is no mark of this label
-constexpr double kSettled = 1e-9;  // relative change of the squares
+constexpr double kSettled = 0.01;  // of the cost, which changes by 1 for one standard deviation
+constexpr double kSteady = 0.98;   // of the residual, by which the cost is scaled
 
 // What is taken for likely before any mark is seen, so that few marks do not give absurd lenses.
 constexpr double kBendSigma = 0.3;       // of k1 and k2
@@ -161,8 +162,7 @@ CameraFit Follow(const Problem& problem, const CameraModel& start, int steps) {
       return fit;
     }
     const double residual = RobustResidual(distances);
-    const bool isSettled = !(after < before * (1.0 - kSettled)) ||
-                           (before - after < 1e-6 * before && residual > 0.999 * fit.residual);
+    const bool isSettled = !(after < before - kSettled) && residual > kSteady * fit.residual;
     fit.residual = residual;
     if (isSettled) {
       break;

@@ -10,25 +10,11 @@
 #include "precise/gray_picture.h"
 #include "precise/grid_growth.h"
 #include "precise/grid_labels.h"
+#include "precise/image_input.h"
 #include "precise/seed.h"
 
 namespace quorvex::precise {
 namespace {
-
-constexpr int kLeastSize = 16;  // px; smaller pictures hold no four marks
-
-std::string WrongInput(const ImageView& image) {
-  if (image.pixels == nullptr) {
-    return "there are no pixels: the pointer is null";
-  }
-  if (image.width < kLeastSize || image.height < kLeastSize) {
-    return "the image is smaller than 16 x 16 pixels";
-  }
-  if (image.stride < image.width && -image.stride < image.width) {
-    return "the stride is smaller than the width";
-  }
-  return "";
-}
 
 double Median(std::vector<double>& values) {
   if (values.empty()) {

@@ -16,16 +16,17 @@ constexpr std::size_t kFewestMarks = 6;    // fewer do not contradict any camera
 constexpr std::size_t kStrongMarks = 14;   // for the board's facts
 constexpr double kLargestResidual = 0.08;  // pitches, of the seed from the camera
 constexpr double kFirstBend = 0.3;         // px at the end of the arms
-constexpr double kNearTolerance = 0.08;    // pitches from the prediction, beside a known mark
-constexpr double kFarTolerance = 0.15;     // pitches, over a gap
-constexpr double kLeastTolerance = 1.0;    // px
-constexpr double kSearchRange = 0.15;      // pitches across a stroke
-constexpr double kWellPredicted = 0.15;    // px
-constexpr double kWellSigmas = 5.0;        // of the prediction
-constexpr double kLeastArm = 6.0;          // px; shorter ones hold too few blocks
-constexpr int kGap = 6;                    // marks that a gap may be wide
-constexpr int kRounds = 40;                // of growing; a board has no more rings
-constexpr int kTries = 2;                  // at one place, since cameras get better
+constexpr double kFirstSettled = 0.15;   // px; a linear fit from there is off by a hundredth of it
+constexpr double kNearTolerance = 0.08;  // pitches from the prediction, beside a known mark
+constexpr double kFarTolerance = 0.15;   // pitches, over a gap
+constexpr double kLeastTolerance = 1.0;  // px
+constexpr double kSearchRange = 0.15;    // pitches across a stroke
+constexpr double kWellPredicted = 0.15;  // px
+constexpr double kWellSigmas = 5.0;      // of the prediction
+constexpr double kLeastArm = 6.0;        // px; shorter ones hold too few blocks
+constexpr int kGap = 6;                  // marks that a gap may be wide
+constexpr int kRounds = 40;              // of growing; a board has no more rings
+constexpr int kTries = 2;                // at one place, since cameras get better
 
 using Key = std::pair<int, int>;  // row, column
 
@@ -53,7 +54,8 @@ class Growth {
   std::map<Key, GridMark> marks_;
   std::map<Key, int> tries_;
   std::vector<EdgeTables> edges_;
-  std::vector<BoardMap> map_;  // one, or none before the first camera
+  double usualDarkness_ = 0.0;  // grey levels, median of the marks so far
+  std::vector<BoardMap> map_;   // one, or none before the first camera
 };
 
 bool Growth::StartCamera() {
@@ -128,7 +130,7 @@ double Growth::DarknessAround(const Key& key) const {
     }
   }
   if (values.empty()) {
-    return 0.0;
+    return usualDarkness_;
   }
   const std::ptrdiff_t middle = static_cast<std::ptrdiff_t>(values.size() / 2);
   std::nth_element(values.begin(), values.begin() + middle, values.end());
@@ -159,17 +161,22 @@ void Growth::Try(const Key& key, double tolerance, bool isLast) {
   if (isLast) {
     expected.tolerance = WellPredicted(key);
   }
+  const double range = std::max(kSearchRange * pitch, 1.0);
+  if (!MayHoldMark(picture_, frame, range, expected.darkness)) {
+    return;
+  }
   MarkFitSettings settings;
   settings.edges = {&edges_[0], &edges_[1]};
   settings.noise = seed_.noise;
   settings.bendSigma = {kFirstBend, 0.5 * kFirstBend};
+  settings.settled = kFirstSettled;
   GridMark mark;
   mark.row = key.first;
   mark.column = key.second;
   mark.fit = FitMark(picture_, frame, settings);
   bool isMark = IsMark(picture_, frame, mark.fit, expected);
   if (!isMark && !expected.isWellPredicted) {
-    const MarkFrame moved = LookAround(picture_, frame, std::max(kSearchRange * pitch, 1.0));
+    const MarkFrame moved = LookAround(picture_, frame, range);
     mark.fit = FitMark(picture_, moved, settings);
     isMark = IsMark(picture_, frame, mark.fit, expected);
   }
@@ -198,6 +205,13 @@ void Growth::Refine() {
   if (marks.size() < kFewestMarks) {
     return;
   }
+  std::vector<double> darkness;
+  for (const GridMark& mark : marks) {
+    darkness.push_back(mark.fit.darkness);
+  }
+  const std::ptrdiff_t middle = static_cast<std::ptrdiff_t>(darkness.size() / 2);
+  std::nth_element(darkness.begin(), darkness.begin() + middle, darkness.end());
+  usualDarkness_ = darkness[static_cast<std::size_t>(middle)];
   const CameraFit camera =
       RefineCamera(PointsOf(marks), grid_.camera.model, picture_.Width(), picture_.Height());
   if (camera.isFitted) {

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <limits>
+#include <utility>
 
 namespace quorvex::precise {
 namespace {
@@ -30,18 +31,49 @@ std::uint64_t Key(int row, int column) {
          static_cast<std::uint32_t>(column);
 }
 
-struct Mean {
-  int votes = 0;
-  double weight = 0.0;
-  double heaviest = 0.0;
-  Eigen::Vector2d sum = Eigen::Vector2d::Zero();
-
-  void Add(double of, const Eigen::Vector2d& point) {
-    ++votes;
-    weight += of;
-    heaviest = std::max(heaviest, of);
-    sum += of * point;
+// The weighted median of points, coordinate by coordinate, so that a single wrong neighbour moves
+// it little.
+class Votes {
+ public:
+  void Add(double weight, const Eigen::Vector2d& point) {
+    points_[count_] = {weight, point};
+    ++count_;
+    heaviest_ = std::max(heaviest_, weight);
   }
+
+  int Count() const { return static_cast<int>(count_); }
+  double Heaviest() const { return heaviest_; }
+  Eigen::Vector2d Median() const { return {MedianOf(0), MedianOf(1)}; }
+
+ private:
+  struct Vote {
+    double weight;
+    Eigen::Vector2d point;
+  };
+
+  // The mean of the two values at which half of the weight is reached, from below and from above.
+  double MedianOf(Eigen::Index coordinate) const {
+    std::array<std::pair<double, double>, kMostVotes> values;
+    double all = 0.0;
+    for (std::size_t k = 0; k < count_; ++k) {
+      values[k] = {points_[k].point(coordinate), points_[k].weight};
+      all += points_[k].weight;
+    }
+    std::sort(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(count_));
+    double below = 0.0;
+    std::size_t low = 0;
+    while (low + 1 < count_ && below + values[low].second < all / 2) {
+      below += values[low].second;
+      ++low;
+    }
+    const bool isBetween = below + values[low].second == all / 2 && low + 1 < count_;
+    return isBetween ? (values[low].first + values[low + 1].first) / 2 : values[low].first;
+  }
+
+  static constexpr std::size_t kMostVotes = 4 + 4 + 2;  // ahead, corners, between
+  std::array<Vote, kMostVotes> points_;
+  std::size_t count_ = 0;
+  double heaviest_ = 0.0;
 };
 
 }  // namespace
@@ -77,41 +109,43 @@ MarkPrediction LabelMap::Predict(int row, int column) const {
           CandidateAt(row + (k + 1) * kRowStep[d], column + (k + 1) * kColumnStep[d]);
     }
   }
-  Mean mean;
+  Votes votes;
   for (std::size_t d = 0; d < 4; ++d) {
     const auto& [a, b, c] = ahead[d];
     if (a != nullptr && b != nullptr && c != nullptr) {
-      mean.Add(kOfThreeAhead, 3 * (a->centre - b->centre) + c->centre);
+      votes.Add(kOfThreeAhead, 3 * (a->centre - b->centre) + c->centre);
     } else if (a != nullptr && b != nullptr) {
-      mean.Add(kOfTwoAhead, 2 * a->centre - b->centre);
+      votes.Add(kOfTwoAhead, 2 * a->centre - b->centre);
     }
     const MarkCandidate* side = ahead[(d + 1) % 4][0];
     const MarkCandidate* corner = CandidateAt(row + kRowStep[d] + kRowStep[(d + 1) % 4],
                                               column + kColumnStep[d] + kColumnStep[(d + 1) % 4]);
     if (a != nullptr && side != nullptr && corner != nullptr) {
-      mean.Add(kOfCorner, a->centre + side->centre - corner->centre);
+      votes.Add(kOfCorner, a->centre + side->centre - corner->centre);
     }
     const auto& [e, f, g] = ahead[(d + 2) % 4];
     if (d < 2 && a != nullptr && e != nullptr) {
       const bool isFour = b != nullptr && f != nullptr;
       const Eigen::Vector2d middle = (a->centre + e->centre) / 2;
-      mean.Add(isFour ? kOfFour : kOfTwo,
-               isFour ? (8 * middle - b->centre - f->centre) / 6 : middle);
+      votes.Add(isFour ? kOfFour : kOfTwo,
+                isFour ? (8 * middle - b->centre - f->centre) / 6 : middle);
     }
   }
-  if (mean.votes < kFewVotes) {
+  if (votes.Count() < kFewVotes) {
     return PredictFromSurface(row, column);
   }
   MarkPrediction prediction;
-  prediction.votes = mean.votes;
-  prediction.centre = mean.sum / mean.weight;
+  prediction.votes = votes.Count();
+  prediction.centre = votes.Median();
   double step = std::numeric_limits<double>::infinity();
   for (const auto& direction : ahead) {
     if (direction[0] != nullptr) {
       step = std::min(step, (direction[0]->centre - prediction.centre).norm());
     }
   }
-  prediction.tolerance = step * (mean.heaviest >= kCloseWeight ? kCloseTolerance : kLooseTolerance);
+  prediction.step = step;
+  prediction.tolerance =
+      step * (votes.Heaviest() >= kCloseWeight ? kCloseTolerance : kLooseTolerance);
   return prediction;
 }
 
@@ -154,7 +188,8 @@ struct Surface {
     const Eigen::Matrix<double, kTerms, 2> surface = solver.solve(right);
     prediction.votes = count;
     prediction.centre = surface.row(0).transpose();
-    prediction.tolerance = tolerance * std::min(surface.row(1).norm(), surface.row(2).norm());
+    prediction.step = std::min(surface.row(1).norm(), surface.row(2).norm());
+    prediction.tolerance = tolerance * prediction.step;
     return prediction;
   }
 };
@@ -177,9 +212,17 @@ MarkPrediction LabelMap::PredictFromSurface(int row, int column) const {
 
 PredictedArms LabelMap::PredictArms(int row, int column) const {
   PredictedArms arms;
+  for (int reach = 1; reach <= kSurfaceReach && arms.votes == 0; ++reach) {
+    arms = ArmsWithin(row, column, reach);
+  }
+  return arms;
+}
+
+PredictedArms LabelMap::ArmsWithin(int row, int column, int reach) const {
+  PredictedArms arms;
   arms.directions.fill(Eigen::Vector2d::Zero());
-  for (int dr = -1; dr <= 1; ++dr) {
-    for (int dc = -1; dc <= 1; ++dc) {
+  for (int dr = -reach; dr <= reach; ++dr) {
+    for (int dc = -reach; dc <= reach; ++dc) {
       const LabelledMark* label = dr == 0 && dc == 0 ? nullptr : Find(row + dr, column + dc);
       if (label == nullptr) {
         continue;

@@ -17,11 +17,12 @@ namespace quorvex::precise {
 struct MarkPrediction {
   int votes = 0;  // extrapolations and interpolations that were averaged; 0 when there is none
   Eigen::Vector2d centre = Eigen::Vector2d::Zero();  // px
+  double step = 0.0;                                 // px, the smallest to a neighbour
   double tolerance = 0.0;                            // px, within which a mark must lie
 };
 
-// What the arms of the marks around a place have in common; by direction +column, +row, -column,
-// -row.
+// What the arms of the nearest marks around a place have in common; by direction +column, +row,
+// -column, -row.
 struct PredictedArms {
   int votes = 0;                              // marks that were averaged
   std::array<Eigen::Vector2d, 4> directions;  // unit vectors
@@ -40,7 +41,7 @@ class LabelMap {
   void Remove(const LabelledMark& mark);
 
   // From the marks around a place, not from the one that is there: along its row, its column and
-  // the cells at its corners; where that says little, from a plane through the marks up to three
+  // the cells at its corners; where that says little, from a surface through the marks some
   // steps away.
   MarkPrediction Predict(int row, int column) const;
   PredictedArms PredictArms(int row, int column) const;
@@ -48,6 +49,7 @@ class LabelMap {
  private:
   const MarkCandidate* CandidateAt(int row, int column) const;
   MarkPrediction PredictFromSurface(int row, int column) const;
+  PredictedArms ArmsWithin(int row, int column, int reach) const;
   const std::vector<MarkCandidate>& marks_;
   std::unordered_map<std::uint64_t, LabelledMark> places_;
 };

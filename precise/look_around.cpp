@@ -13,7 +13,10 @@ constexpr double kBinsPerPixel = 2.0;
 constexpr double kFlank = 2.0;         // px between a stroke's edge and what counts as its side
 constexpr double kNearestPart = 0.25;  // of an arm: closer in, the other stroke may lie
 constexpr double kFarthestPart = 0.9;  // of an arm
-constexpr double kNearlyBest = 0.9;    // of the best contrast
+constexpr double kLookedAt[] = {0.45, 0.7};  // of an arm, where lines across it are looked at
+constexpr double kDarkPart = 0.3;            // of the darkness, that levels on a line must spread
+constexpr double kDarkLines = 0.45;          // of the lines; two arms of a mark may be hidden
+constexpr double kNearlyBest = 0.9;          // of the best contrast
 
 using Index = std::size_t;
 
@@ -112,7 +115,45 @@ double DarkestOffset(const GrayPicture& picture, const MarkFrame& frame, Index s
   return -range + 0.5 * static_cast<double>(first + last) / kBinsPerPixel;
 }
 
+// The spread of levels on a line across an arm, on pixels nearest to its points.
+double SpreadAcross(const GrayPicture& picture, const Eigen::Vector2d& middle,
+                    const Eigen::Vector2d& normal, double reach) {
+  int lowest = 255;
+  int highest = 0;
+  for (double v = -reach; v <= reach; v += 1.0) {
+    const int x = static_cast<int>(std::lround(middle.x() + v * normal.x()));
+    const int y = static_cast<int>(std::lround(middle.y() + v * normal.y()));
+    if (picture.Holds(x, y)) {
+      lowest = std::min<int>(lowest, picture.At(x, y));
+      highest = std::max<int>(highest, picture.At(x, y));
+    }
+  }
+  return highest - lowest;
+}
+
 }  // namespace
+
+bool MayHoldMark(const GrayPicture& picture, const MarkFrame& frame, double range,
+                 double darkness) {
+  int dark = 0;
+  int looked = 0;
+  for (Index stroke = 0; stroke < 2; ++stroke) {
+    const Eigen::Vector2d& along = frame.direction[stroke];
+    const Eigen::Vector2d normal(-along.y(), along.x());
+    const double reach = range + 0.5 * frame.width[stroke] + kFlank;
+    for (Index arm = 0; arm < 2; ++arm) {
+      for (const double part : kLookedAt) {
+        const double u = (arm == 0 ? part : -part) * frame.armLength[stroke][arm];
+        const Eigen::Vector2d middle = frame.centre + u * along;
+        if (picture.Holds(static_cast<int>(middle.x()), static_cast<int>(middle.y()))) {
+          ++looked;
+          dark += SpreadAcross(picture, middle, normal, reach) > kDarkPart * darkness ? 1 : 0;
+        }
+      }
+    }
+  }
+  return dark >= kDarkLines * looked;
+}
 
 MarkFrame LookAround(const GrayPicture& picture, const MarkFrame& frame, double range) {
   MarkFrame moved = frame;

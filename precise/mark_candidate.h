@@ -12,6 +12,7 @@ struct MarkArm {
   Eigen::Vector2d direction = Eigen::Vector2d::Zero();  // unit vector; predicted where not seen
   double length = 0.0;                                  // px, from the centre to the arm's end
   double contrast = 0.0;                                // grey levels against the weaker side
+  bool isCrossed = false;                               // ends where another stroke lies across
   double palest = 0.0;  // of the contrast, at the palest place before the end; near 1 without a gap
 };
 

@@ -13,12 +13,15 @@
 namespace quorvex::precise {
 namespace {
 
-constexpr std::size_t kMostPeaksHalf = 12000;    // bounds the time on pictures full of crossings
-constexpr std::size_t kMostPeaksQuarter = 4000;  // likewise
+constexpr std::size_t kMostPeaksHalf = 8000;     // bounds the time on pictures full of crossings
+constexpr std::size_t kMostPeaksQuarter = 2500;  // likewise
 constexpr int kRounds = 3;                       // of testing and moving onto the crossing
-constexpr double kSettled = 0.25;   // px of the level; a smaller move needs no further test
-constexpr double kSamePlace = 4.0;  // px; strokes of two marks are farther apart
-constexpr double kCell = 16.0;      // px
+constexpr double kSettled = 0.25;         // px of the level; a smaller move needs no further test
+constexpr double kSamePlace = 4.0;        // px; strokes of two marks are farther apart
+constexpr std::size_t kLinedMarks = 400;  // that tell paper with lines from a board
+constexpr double kLinedShare = 0.85;      // of the arms
+constexpr double kLinedDepth = 0.85;      // of the contrast, at an arm's palest place
+constexpr double kCell = 16.0;            // px
 
 struct Tested {
   Eigen::Vector2d point = Eigen::Vector2d::Zero();  // px of the level
@@ -110,7 +113,18 @@ class Collection {
     if (areStrokesSeen && !IsTaken(mark.centre, kSamePlace)) {
       grid_.Add(mark.centre, static_cast<int>(marks_.size()));
       marks_.push_back(mark);
+      for (const MarkArm& arm : mark.arms) {
+        arms_ += arm.isSeen ? 1 : 0;
+        crossed_ += arm.isSeen && arm.isCrossed && arm.palest > kLinedDepth ? 1 : 0;
+      }
     }
+  }
+
+  // Whether many marks are there and hardly an arm ends before the next stroke: paper with lines,
+  // of which no more needs to be known.
+  bool IsLinedPaper() const {
+    return marks_.size() >= kLinedMarks &&
+           static_cast<double>(crossed_) > kLinedShare * static_cast<double>(arms_);
   }
 
   std::vector<MarkCandidate> Marks() && { return std::move(marks_); }
@@ -118,33 +132,43 @@ class Collection {
  private:
   PointGrid grid_;
   std::vector<MarkCandidate> marks_;
+  int arms_ = 0;
+  int crossed_ = 0;
 };
+
+// A peak of the half size: there, or, when its arms are too short for that, at full size.
+void LookAtHalf(const Pyramid& pyramid, const HessianPeak& peak, double noise,
+                Collection& collection) {
+  const PyramidLevel& full = pyramid[0];
+  const PyramidLevel& half = pyramid[1];
+  const Eigen::Vector2d point(peak.x, peak.y);
+  if (collection.IsTaken(half.ToPicture(point), kSamePlace)) {
+    return;
+  }
+  const std::optional<Tested> tested = TestAt(half, point, noise);
+  if (tested && tested->arms.seen == 4) {
+    collection.Add(TraceArms(pyramid, half, *tested, noise));
+    return;
+  }
+  const std::optional<Tested> atFull = TestAt(full, full.FromPicture(half.ToPicture(point)), noise);
+  if (atFull && (!tested || atFull->arms.seen > tested->arms.seen)) {
+    collection.Add(TraceArms(pyramid, full, *atFull, noise));
+  } else if (tested) {
+    collection.Add(TraceArms(pyramid, half, *tested, noise));
+  }
+}
 
 }  // namespace
 
 std::vector<MarkCandidate> FindMarkCandidates(const Pyramid& pyramid, double noise) {
-  const PyramidLevel& full = pyramid[0];
-  const PyramidLevel& half = pyramid[1];
-  const PyramidLevel& quarter = pyramid[2];
-  Collection collection(full);
-  for (const HessianPeak& peak : FindHessianPeaks(half, noise, kMostPeaksHalf)) {
-    const Eigen::Vector2d point(peak.x, peak.y);
-    if (collection.IsTaken(half.ToPicture(point), kSamePlace)) {
-      continue;
+  Collection collection(pyramid[0]);
+  for (const HessianPeak& peak : FindHessianPeaks(pyramid[1], noise, kMostPeaksHalf)) {
+    if (collection.IsLinedPaper()) {
+      return std::move(collection).Marks();
     }
-    std::optional<Tested> tested = TestAt(half, point, noise);
-    if (tested && tested->arms.seen == 4) {
-      collection.Add(TraceArms(pyramid, half, *tested, noise));
-      continue;
-    }
-    const std::optional<Tested> atFull =
-        TestAt(full, full.FromPicture(half.ToPicture(point)), noise);
-    if (atFull && (!tested || atFull->arms.seen > tested->arms.seen)) {
-      collection.Add(TraceArms(pyramid, full, *atFull, noise));
-    } else if (tested) {
-      collection.Add(TraceArms(pyramid, half, *tested, noise));
-    }
+    LookAtHalf(pyramid, peak, noise, collection);
   }
+  const PyramidLevel& quarter = pyramid[2];
   for (const HessianPeak& peak : FindHessianPeaks(quarter, noise, kMostPeaksQuarter)) {
     const Eigen::Vector2d point(peak.x, peak.y);
     if (collection.IsTaken(quarter.ToPicture(point), 2 * quarter.Scale())) {

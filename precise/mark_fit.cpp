@@ -21,7 +21,6 @@ constexpr double kSeenContrast = 0.4;    // of the darkness, against the weaker 
 constexpr double kSeenPart = 0.6;        // of an arm's blocks
 constexpr double kModelMisfit = 0.12;    // of the darkness: what the profile itself may be off
 constexpr double kNoiseMisfit = 9.0;     // times the noise's variance
-constexpr double kSettled = 0.02;        // px; the linear fit is exact to 1e-4 px from there
 constexpr double kFarthestStep = 0.25;   // of the arms' length; a fit that leaves is no fit
 
 using Index = std::size_t;
@@ -275,7 +274,7 @@ MarkFit FitMark(const GrayPicture& picture, const MarkFrame& frame,
       fit.isMeasured = false;
       return fit;
     }
-    if (step < kSettled) {
+    if (step < settings.settled) {
       break;
     }
   }

@@ -32,6 +32,7 @@ struct MarkFitSettings {
   double armPart = 1.0;                         // of the arms' length that is used
   std::array<double, 2> bendSigma = {};         // px at the end of the arms; BendPrior
   int rounds = 3;                               // at most
+  double settled = 0.02;                        // px; a step below that is the last
   bool isNear = false;  // the frame is within a few tenths of a px: the first round may judge
                         // blocks by their residuals already
 };
@@ -58,6 +59,9 @@ struct MarkFit {
   int SeenArms() const;
   bool SeesBothStrokes() const;
 };
+
+// A quick look: false where a mark of this darkness (grey levels) cannot be within `range` px.
+bool MayHoldMark(const GrayPicture& picture, const MarkFrame& frame, double range, double darkness);
 
 // A frame moved to where its strokes are darkest, each looked for within `range` px of its line;
 // unchanged where nothing is dark.

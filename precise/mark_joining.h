@@ -17,10 +17,6 @@ namespace quorvex::precise {
 void JoinPredictedMarks(const std::vector<MarkCandidate>& marks, const MarkLinks& links, int width,
                         int height, std::vector<LabelledMark>& labelled);
 
-// Takes marks off that their neighbours do not predict, the worst first.
-void DropUnpredictedMarks(const std::vector<MarkCandidate>& marks,
-                          std::vector<LabelledMark>& labelled);
-
 }  // namespace quorvex::precise
 
 #endif  // QUORVEX_PRECISE_MARK_JOINING_H_

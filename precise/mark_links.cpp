@@ -113,16 +113,24 @@ double SmallestPopulated(const std::vector<double>& ratios) {
   for (std::size_t k = 1; k <= kBins; ++k) {
     fullest = std::max(fullest, around(k));
   }
-  for (std::size_t k = 1; k <= kBins; ++k) {
-    // The first populated bin and its neighbours, up to the peak that they lead to.
-    if (fullest > 0 && around(k) >= kWellPopulated * fullest) {
-      while (k < kBins && around(k + 1) > around(k)) {
-        ++k;
-      }
-      return kTouching * std::pow(kBinGrowth, static_cast<double>(k) - 0.5);
+  std::size_t first = 1;
+  while (first < kBins && around(first) < kWellPopulated * fullest) {
+    ++first;
+  }
+  // The median of what lies in the first well-populated bins and a little beyond.
+  const double lowest = kTouching * std::pow(kBinGrowth, static_cast<double>(first) - 2);
+  std::vector<double> near;
+  for (const double ratio : ratios) {
+    if (ratio >= lowest && ratio < lowest * kStepSlack * kStepSlack) {
+      near.push_back(ratio);
     }
   }
-  return 0.0;
+  if (near.empty()) {
+    return 0.0;
+  }
+  const auto median = near.begin() + static_cast<std::ptrdiff_t>(near.size() / 2);
+  std::nth_element(near.begin(), median, near.end());
+  return *median;
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace {
 constexpr double kLeastNoise = 0.3;        // grey levels; rounding alone gives 0.29
 constexpr double kMaskGain = 6.0;          // the mask's response to noise of sigma 1 has sigma 6
 constexpr double kMedianToSigma = 1.4826;  // of the magnitudes of a normal distribution
-constexpr int kRowsLookedAt = 200;         // evenly spread; 100,000 pixels and more fix a median
+constexpr int kRowsLookedAt = 100;         // evenly spread; 50,000 pixels and more fix a median
 constexpr int kLargestResponse = 8 * 255;  // of the mask, either sign
 
 }  // namespace

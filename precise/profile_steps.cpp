@@ -9,7 +9,7 @@ namespace quorvex::precise {
 namespace {
 
 constexpr int kSteps = 8;              // at most; five settle
-constexpr double kSettled = 0.002;     // px, change of width and blur
+constexpr double kSettled = 0.01;      // px, change of width and blur: steps converge quadratically
 constexpr double kLeastWidth = 0.3;    // px
 constexpr double kLeastSigma = 0.15;   // px
 constexpr double kLargestSigma = 8.0;  // px

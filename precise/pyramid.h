@@ -12,6 +12,9 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <new>
+#include <type_traits>
 #include <vector>
 
 #include "precise/gray_picture.h"
@@ -23,12 +26,25 @@ constexpr int kFractionBits = 8;  // of positions within a level
 constexpr int kFraction = 1 << kFractionBits;
 constexpr int kLevels = 3;  // full, half and quarter size
 
+// Leaves values unset until they are written: large pictures cost as much to clear as to make.
+struct UnsetAllocator : std::allocator<std::uint16_t> {
+  template <typename Other>
+  struct rebind {
+    using other = std::conditional_t<std::is_same_v<Other, std::uint16_t>, UnsetAllocator,
+                                     std::allocator<Other>>;
+  };
+  void construct(std::uint16_t* value) { ::new (static_cast<void*>(value)) std::uint16_t; }
+  void construct(std::uint16_t* value, std::uint16_t from) {
+    ::new (static_cast<void*>(value)) std::uint16_t(from);
+  }
+};
+
 // One picture of the pyramid; positions in it are in its own pixels.
 struct PyramidLevel {
   int index = 0;  // 0 full size, 1 half, 2 quarter
   int width = 0;
   int height = 0;
-  std::vector<std::uint16_t> values;
+  std::vector<std::uint16_t, UnsetAllocator> values;
 
   const std::uint16_t* Row(int y) const {
     return values.data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(width);

@@ -6,6 +6,7 @@
 #include <cstddef>
 
 #include "precise/board_cells.h"
+#include "precise/label_check.h"
 #include "precise/label_map.h"
 #include "precise/mark_candidates.h"
 #include "precise/mark_joining.h"
@@ -126,7 +127,7 @@ Seed FindSeed(const GrayPicture& picture) {
     return seed;
   }
   JoinPredictedMarks(marks, links, picture.Width(), picture.Height(), labelled);
-  DropUnpredictedMarks(marks, labelled);
+  DropUnpredictedMarks(marks, links.stepRatio, labelled);
   if (labelled.size() < kLeastMarks) {
     seed.reason = "the cross marks contradict one another";
     return seed;

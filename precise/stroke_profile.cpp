@@ -6,12 +6,11 @@
 namespace quorvex::precise {
 namespace {
 
-constexpr double kSamplesPerPixel = 32.0;  // linear between them: off by less than 1e-4
-constexpr int kDirections = 17;            // from along a pixel row to the diagonal, 2.8 degrees
-constexpr double kLeastSigma = 0.1;        // px; sharper is not told apart through the pixel
-constexpr double kLeastShadow = 0.02;      // px; narrower boxes would only lose digits
-constexpr double kTailSigmas = 4.5;        // beyond, a Gaussian edge is within 4e-6 of its end
-constexpr double kPixelReach = 0.7072;     // px; half a pixel's diagonal
+constexpr int kDirections = 17;         // from along a pixel row to the diagonal, 2.8 degrees
+constexpr double kLeastSigma = 0.1;     // px; sharper is not told apart through the pixel
+constexpr double kLeastShadow = 0.02;   // px; narrower boxes would only lose digits
+constexpr double kTailSigmas = 4.5;     // beyond, a Gaussian edge is within 4e-6 of its end
+constexpr double kPixelReach = 0.7072;  // px; half a pixel's diagonal
 constexpr double kPixelVariance = 1.0 / 12.0;  // px^2, in any direction
 constexpr double kQuarterTurn = 1.5707963267948966;
 
@@ -51,9 +50,9 @@ EdgeValue ThroughPixel(double t, double sigma, double wide, double narrow) {
 EdgeTables::EdgeTables(double sigma)
     : sigma_(std::max(sigma, kLeastSigma)),
       reach_(kPixelReach + kTailSigmas * sigma_),
-      half_(static_cast<int>(std::ceil(reach_ * kSamplesPerPixel))),
+      half_(static_cast<int>(std::ceil(reach_ * kProfileSamples))),
       tables_(kDirections) {
-  reach_ = half_ / kSamplesPerPixel;
+  reach_ = half_ / kProfileSamples;
 }
 
 const EdgeTables::Table& EdgeTables::TableOf(int direction) const {
@@ -66,7 +65,7 @@ const EdgeTables::Table& EdgeTables::TableOf(int direction) const {
     table.edge.resize(2 * middle + 1);
     table.spread.resize(2 * middle + 1);
     for (std::size_t sample = 0; sample <= middle; ++sample) {
-      const double t = static_cast<double>(sample) / kSamplesPerPixel;
+      const double t = static_cast<double>(sample) / kProfileSamples;
       const EdgeValue value = ThroughPixel(t, sigma_, wide, narrow);
       table.edge[middle + sample] = value.edge;
       table.edge[middle - sample] = 1.0 - value.edge;
@@ -87,7 +86,7 @@ int EdgeTables::DirectionIndex(const Eigen::Vector2d& normal) {
 }
 
 double EdgeTables::Lookup(const std::vector<double>& table, double inside) const {
-  const double position = (inside + reach_) * kSamplesPerPixel;
+  const double position = (inside + reach_) * kProfileSamples;
   if (position <= 0.0) {
     return table.front();
   }
@@ -102,29 +101,17 @@ double EdgeTables::Lookup(const std::vector<double>& table, double inside) const
 StrokeProfile::StrokeProfile(const EdgeTables& edges, const Eigen::Vector2d& normal, double width)
     : width_(width), reach_(0.5 * width + edges.Reach()), totalSigma_(edges.TotalSigma()) {
   const int direction = EdgeTables::DirectionIndex(normal);
-  const int samples = static_cast<int>(reach_ * kSamplesPerPixel) + 2;
+  const int samples = static_cast<int>(reach_ * kProfileSamples) + 2;
   entries_.reserve(static_cast<std::size_t>(samples));
   const double half = 0.5 * width;
   for (int sample = 0; sample < samples; ++sample) {
-    const double across = sample / kSamplesPerPixel;
+    const double across = sample / kProfileSamples;
     entries_.push_back(
         {edges.Edge(direction, half + across) - edges.Edge(direction, across - half),
          edges.Spread(direction, across + half) - edges.Spread(direction, across - half)});
   }
   entries_.back() = {0.0, 0.0};
-}
-
-StrokeProfile::Value StrokeProfile::At(double across) const {
-  const double position = std::abs(across) * kSamplesPerPixel;
-  if (!(position < static_cast<double>(entries_.size() - 1))) {
-    return {0.0, 0.0};
-  }
-  const std::size_t sample = static_cast<std::size_t>(position);
-  const double part = position - static_cast<double>(sample);
-  const Value& near = entries_[sample];
-  const Value& far = entries_[sample + 1];
-  const double slope = near.slope + part * (far.slope - near.slope);
-  return {near.dark + part * (far.dark - near.dark), across < 0.0 ? -slope : slope};
+  last_ = static_cast<double>(entries_.size() - 1);
 }
 
 }  // namespace quorvex::precise
