@@ -8,6 +8,7 @@
 #include "precise/arm_trace.h"
 #include "precise/hessian_peaks.h"
 #include "precise/point_grid.h"
+#include "precise/polar_circles.h"
 #include "precise/polar_test.h"
 
 namespace quorvex::precise {
@@ -47,7 +48,7 @@ std::optional<Tested> TestAt(const PyramidLevel& level, const Eigen::Vector2d& p
                              double noise) {
   Tested tested;
   tested.point = point;
-  if (!MayHaveThreeArms(level, point, noise)) {
+  if (!MayHaveThreeArms(level, point, LeastResponse(level, noise))) {
     return std::nullopt;
   }
   for (int round = 0; round < kRounds; ++round) {

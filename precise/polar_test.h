@@ -1,13 +1,12 @@
-// Whether dark strokes cross at a place: the darkness along 48 directions around it.
-//
-// A direction's response is the mean, over radii of 4 to 11 pixels of the level, of how much darker
-// it is than the weaker of its two sides, 3 pixels away. Peaks of the response are arms.
+// Whether dark strokes cross at a place: peaks of the responses around it (PolarResponses) are
+// arms, and two strokes of them that are steep enough to one another are a crossing.
 #ifndef QUORVEX_PRECISE_POLAR_TEST_H_
 #define QUORVEX_PRECISE_POLAR_TEST_H_
 
 #include <Eigen/Core>
 #include <array>
 
+#include "precise/polar_circles.h"
 #include "precise/pyramid.h"
 
 namespace quorvex::precise {
@@ -25,13 +24,8 @@ struct PolarArms {
   std::array<PolarArm, 4> arms;
 };
 
-constexpr int kNearestRadius =
-    4;  // px of the level; nearer by, strokes of other directions interfere
-constexpr int kFarthestRadius = 11;  // px of the level
-
-// A quick look at two circles: false where fewer than three directions are dark, so that the test
-// would find two arms at most. True near the rim of the level.
-bool MayHaveThreeArms(const PyramidLevel& level, const Eigen::Vector2d& point, double noise);
+// What an arm needs, grey levels; `noise` in grey levels of the picture.
+double LeastResponse(const PyramidLevel& level, double noise);
 
 // `point` in pixels of the level, `noise` in grey levels of the picture.
 PolarArms FindPolarArms(const PyramidLevel& level, const Eigen::Vector2d& point, double noise);

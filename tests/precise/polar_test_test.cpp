@@ -14,7 +14,6 @@ namespace {
 using precise::BuildPyramid;
 using precise::FindPolarArms;
 using precise::GrayPicture;
-using precise::MayHaveThreeArms;
 using precise::PolarArms;
 using precise::PyramidLevel;
 
@@ -95,14 +94,6 @@ TEST(PolarTest, FrameHidesWhatLiesBeyondIt) {
   DrawMark({{4, 4}, {0, 90, 180, 270}, 30, 3}, picture);
   const PolarArms arms = FindPolarArms(BuildPyramid(picture)[0], {4, 4}, kNoise);
   EXPECT_EQ(arms.seen, 2);
-}
-
-TEST(PolarTest, QuickLookPassesMarksAndStopsLines) {
-  EXPECT_TRUE(MayHaveThreeArms(LevelWithArms({10, 100, 190, 280}), kMiddle, kNoise));
-  EXPECT_TRUE(MayHaveThreeArms(LevelWithArms({10, 100, 190}), kMiddle, kNoise));
-  EXPECT_TRUE(MayHaveThreeArms(LevelWithArms({10, 40, 190, 220}), kMiddle, kNoise));
-  EXPECT_FALSE(MayHaveThreeArms(LevelWithArms({10, 190}), kMiddle, kNoise));
-  EXPECT_FALSE(MayHaveThreeArms(LevelWithArms({}), kMiddle, kNoise));
 }
 
 }  // namespace

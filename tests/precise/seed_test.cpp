@@ -4,7 +4,11 @@
 
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
 
+#include "precise/mark_candidates.h"
 #include "tests/precise/mark_drawing.h"
 
 namespace quorvex::tests {
@@ -97,6 +101,37 @@ TEST(Seed, ContinuousLinesAreNone) {
   DrawnBoard board;
   board.arm = kPitch;
   const Seed seed = FindSeed(Draw(board));
+  EXPECT_TRUE(seed.marks.empty());
+  EXPECT_NE(seed.reason.find("continuous"), std::string::npos);
+}
+
+TEST(Seed, NegativeOfLightMarksIsABoard) {
+  const DrawnBoard board;
+  const GrayPicture dark = Draw(board);
+  GrayPicture light = dark;
+  for (int y = 0; y < light.Height(); ++y) {
+    for (int x = 0; x < light.Width(); ++x) {
+      light.Row(y)[x] = static_cast<std::uint8_t>(255 - light.At(x, y));
+    }
+  }
+  EXPECT_TRUE(FindSeed(light).marks.empty());
+  ExpectSeed(FindSeed(precise::CopyPicture(light.Row(0), light.Width(), light.Height(),
+                                           light.Width(), precise::Polarity::kLightMarks)),
+             board, 30);
+}
+
+// Most of its crossings are not looked at, which bounds the time.
+TEST(Seed, PaperWithManyLinesIsNone) {
+  GrayPicture paper(900, 900, kBoardLevel);
+  for (int y = 0; y < 900; ++y) {
+    for (int x = 0; x < 900; ++x) {
+      if (x % 21 < 2 || y % 21 < 2) {
+        paper.Row(y)[x] = 60;
+      }
+    }
+  }
+  EXPECT_LT(precise::FindMarkCandidates(precise::BuildPyramid(paper), 0.3).size(), 500u);
+  const Seed seed = FindSeed(paper);
   EXPECT_TRUE(seed.marks.empty());
   EXPECT_NE(seed.reason.find("continuous"), std::string::npos);
 }
