@@ -193,9 +193,9 @@ bool PoseFromHomography(const Problem& problem, double focalLength, CameraModel&
     const Eigen::Vector3d onBoard(point.label.x() - labelMiddle.x(),
                                   point.label.y() - labelMiddle.y(), 1.0);
     Eigen::Matrix<double, 3, 9> rows = Eigen::Matrix<double, 3, 9>::Zero();  // ray x (H board)
-    for (int i = 0; i < 3; ++i) {
-      const int next = (i + 1) % 3;
-      const int last = (i + 2) % 3;
+    for (Eigen::Index i = 0; i < 3; ++i) {
+      const Eigen::Index next = (i + 1) % 3;
+      const Eigen::Index last = (i + 2) % 3;
       rows.block<1, 3>(i, 3 * last) = ray[next] * onBoard.transpose();
       rows.block<1, 3>(i, 3 * next) = -ray[last] * onBoard.transpose();
     }
@@ -204,7 +204,7 @@ bool PoseFromHomography(const Problem& problem, double focalLength, CameraModel&
   const Eigen::SelfAdjointEigenSolver<Eigen::Matrix<double, 9, 9>> solver(squares);
   const Eigen::Matrix<double, 9, 1> best = solver.eigenvectors().col(0);
   Eigen::Matrix3d homography;
-  for (int i = 0; i < 3; ++i) {
+  for (Eigen::Index i = 0; i < 3; ++i) {
     homography.row(i) = best.segment<3>(3 * i).transpose();
   }
   double agree = 0.0;

@@ -206,6 +206,7 @@ void Growth::Refine() {
     return;
   }
   std::vector<double> darkness;
+  darkness.reserve(marks.size());
   for (const GridMark& mark : marks) {
     darkness.push_back(mark.fit.darkness);
   }

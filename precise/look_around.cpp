@@ -93,7 +93,9 @@ double DarkestOffset(const GrayPicture& picture, const MarkFrame& frame, Index s
   }
   std::vector<double> scores;
   double bestScore = 0.0;
-  for (double offset = -range; offset <= range; offset += 1.0 / kBinsPerPixel) {
+  const int steps = static_cast<int>(2.0 * range * kBinsPerPixel);
+  for (int step = 0; step <= steps; ++step) {
+    const double offset = -range + static_cast<double>(step) / kBinsPerPixel;
     scores.push_back(WeakerContrast(arms[0], offset, halfWidth) +
                      WeakerContrast(arms[1], offset, halfWidth));
     bestScore = std::max(bestScore, scores.back());
@@ -120,7 +122,8 @@ double SpreadAcross(const GrayPicture& picture, const Eigen::Vector2d& middle,
                     const Eigen::Vector2d& normal, double reach) {
   int lowest = 255;
   int highest = 0;
-  for (double v = -reach; v <= reach; v += 1.0) {
+  for (int step = 0; step <= static_cast<int>(2.0 * reach); ++step) {
+    const double v = step - reach;
     const int x = static_cast<int>(std::lround(middle.x() + v * normal.x()));
     const int y = static_cast<int>(std::lround(middle.y() + v * normal.y()));
     if (picture.Holds(x, y)) {
