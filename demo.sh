@@ -5,10 +5,10 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 trap 'echo "demo: failed (line $LINENO)" >&2' ERR
 
-echo "demo: 1/5 installing what is missing"
+echo "demo: 1/6 installing what is missing"
 scripts/setup.sh
 
-echo "demo: 2/5 building"
+echo "demo: 2/6 building"
 cmake --preset release >/dev/null
 cmake --build --preset release --target quorvex_command
 quorvex=$PWD/build/release/quorvex
@@ -17,19 +17,27 @@ output=demo-output
 rm -rf "$output"
 mkdir "$output"
 
-echo "demo: 3/5 rendering a fisheye picture of a board of 9 x 9 marks"
+echo "demo: 3/6 rendering a fisheye picture of a board of 9 x 9 marks"
 "$quorvex" render --preset fisheye --output "$output/fisheye.png" --truth "$output/truth.csv"
 
-echo "demo: 4/5 detecting its points"
+echo "demo: 4/6 detecting its points"
 "$quorvex" detect "$output/fisheye.png" --output "$output/points.csv" \
   --overlay "$output/overlay.png" --diagnostics "$output/diagnostics"
 
-echo "demo: 5/5 comparing them with the truth"
+echo "demo: 5/6 measuring its marks directly"
+"$quorvex" detect --precise "$output/fisheye.png" --output "$output/precise.csv" \
+  --overlay "$output/precise-overlay.png"
+
+echo "demo: 6/6 comparing both with the truth"
+echo "the detection:"
 "$quorvex" compare "$output/points.csv" "$output/truth.csv"
+echo "the direct detection:"
+"$quorvex" compare "$output/precise.csv" "$output/truth.csv"
 
 echo
 echo "The first points:"
 head -n 6 "$output/points.csv"
 echo
 echo "Look at $output/overlay.png: every point with its number, and the grid."
+echo "Look at $output/precise-overlay.png: the marks measured directly, with their covariances."
 echo "The pictures of each stage are in $output/diagnostics/."

@@ -23,6 +23,14 @@ if(MINGW)
 else()
   install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT library)
 endif()
+if(QUORVEX_BUILD_PRECISE)
+  install(TARGETS quorvex_precise EXPORT quorvex_targets
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT library
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT library
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library)
+  install(FILES interface/quorvex_precise.h
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quorvex/interface COMPONENT library)
+endif()
 install(EXPORT quorvex_targets NAMESPACE quorvex:: FILE quorvex-targets.cmake
   DESTINATION ${quorvex_package_dir} COMPONENT library)
 

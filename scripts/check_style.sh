@@ -2,13 +2,17 @@
 # Checks how the code is written: clang-format over all C++ files, clang-tidy over the sources of the library,
 # the command and the examples. Installs both tools where they are missing. Nothing is changed.
 #   scripts/check_style.sh             both
+#   scripts/check_style.sh --libraries clang-tidy over the libraries alone; the command takes as long again
 #   scripts/check_style.sh --format    clang-format alone, which takes seconds
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 trap 'echo "style: failed (line $LINENO)" >&2' ERR
 tidy=true
+rooms='base|platform|imageio|preprocess|crossmark|grid|postprocess|precise|interface'
+programs='|tools|examples'
 case "${1:-}" in
   "") ;;
+  --libraries) programs='' ;;
   --format) tidy=false ;;
   *) echo "style: unknown option $1" >&2; exit 2 ;;
 esac
@@ -23,7 +27,7 @@ $tidy || exit 0
 cmake --preset clang -B build/style >/dev/null
 
 # The sources of the libraries and programs in CMake's lists, tests and other systems' left out.
-mapfile -t sources < <(git ls-files '*.cpp' | grep -E '^(base|platform|imageio|preprocess|crossmark|grid|postprocess|interface|tools|examples)/' |
+mapfile -t sources < <(git ls-files '*.cpp' | grep -E "^($rooms$programs)/" |
   while read -r source; do
     if grep -qF "\"file\": \"$PWD/$source\"" build/style/compile_commands.json; then echo "$source"; fi
   done)

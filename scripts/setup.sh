@@ -12,6 +12,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 packages=(
   cmake ninja-build g++                                  # build
   libcli11-dev libfmt-dev nlohmann-json3-dev libpng-dev  # libraries of the command
+  libeigen3-dev                                          # linear algebra of the direct detector, headers alone
 )
 libpng_source=build/sources/libpng1.6
 windows=false

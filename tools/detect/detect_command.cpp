@@ -59,6 +59,8 @@ void AddParameters(CLI::App& command, DetectParameters& parameters) {
   command.add_flag("--pad", parameters.pad,
                    "grow images whose size is not a multiple of 4 pixels, at the right and at the "
                    "bottom; positions stay those of the image");
+  command.add_flag("!--no-check", parameters.check,
+                   "do not compare the points with what the direct detection finds");
   command
       .add_option_function<std::string>(
           "--renumber",
@@ -102,6 +104,29 @@ void AddOutputOptions(CLI::App& command, DetectOptions& options) {
       ->option_text("N=1");
 }
 
+void AddDirectDetection(CLI::App& command, DetectOptions& options) {
+  CLI::Option* isPrecise = command.add_flag(
+      "--precise", options.isPrecise,
+      "detect directly: every visible mark, measured to some thousandths of a pixel, with its "
+      "covariance; pictures of any size");
+  for (const char* other : {"--row-span", "--column-span", "--row-steps", "--pad", "--renumber",
+                            "--rearrange", "--diagnostics", "--no-check"}) {
+    isPrecise->excludes(command.get_option(other));
+  }
+  command
+      .add_flag("--predict", options.preciseOptions.predictsMissing,
+                "with --precise: also list the places within the grid where no mark is seen")
+      ->needs(isPrecise);
+  command.add_flag("--strict", options.isStrict,
+                   "exit code 1 when the check has something to say about the points");
+  command
+      .add_option_function<std::string>(
+          "--expect",
+          [&options](const std::string& text) { options.expected = ParseGridSize(text); },
+          "an image with another grid of points counts as failed")
+      ->option_text("ROWSxCOLUMNS");
+}
+
 void AddWorkerCommand(CLI::App& app, Action& action) {
   const auto options = std::make_shared<WorkerOptions>();
   CLI::App* command = app.add_subcommand(kWorkerCommand, "");
@@ -122,10 +147,16 @@ void AddDetectCommand(CLI::App& app, Action& action) {
       ->option_text("IMAGE...");
   AddParameters(*command, options->parameters);
   AddOutputOptions(*command, *options);
+  AddDirectDetection(*command, *options);
   command->footer(
       "Positions are pixels, x to the right and y down, integer at pixel centres. A point is\n"
       "'seen' when its mark is in the picture, and 'filled' when its place follows from the\n"
-      "points around it. Of several images, one that fails has a row or an entry with the\n"
+      "points around it. The points are compared with what the direct detection finds; where they\n"
+      "disagree, a sentence on standard error says how. With --precise its own points are listed:\n"
+      "'measured', 'doubtful' (on two arms only, or off the others' grid) or 'predicted', with "
+      "the\n"
+      "covariance in pixels squared. Of several images, one that fails has a row or an entry with "
+      "the\n"
       "reason; when all fail, nothing is written.\n"
       "Exit code 0: points were found in every image; 1: an image was read but nothing was found\n"
       "in it, or its points cannot be numbered as wanted; 2: bad usage or input.\n\n"
@@ -133,6 +164,7 @@ void AddDetectCommand(CLI::App& app, Action& action) {
       "  quorvex detect target.bmp --output points.csv --overlay points.png\n"
       "  quorvex detect left.bmp right.bmp --format json -j 2 --overlay seen/\n"
       "  quorvex detect photo.png --pad --row-steps 400 --diagnostics stages\n"
+      "  quorvex detect left.bmp right.bmp --precise --expect 9x9 -o points.json\n"
       "  quorvex detect left.bmp --renumber 9x9 --rearrange left");
   command->callback([options, &action] {
     action = [options] {

@@ -20,7 +20,7 @@ struct DetectionJob {
 struct DetectionObserver {
   std::function<void(int finished)> onProgress;
   // In the order of the jobs, whichever ends first.
-  std::function<void(const DetectionResult&)> onResult;
+  std::function<void(DetectionResult&)> onResult;
 };
 
 // Runs up to `parallel` workers at a time and returns one result per job, in the order of the jobs.

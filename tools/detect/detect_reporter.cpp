@@ -27,15 +27,14 @@ void DetectReporter::ShowProgress(int finished) {
 }
 
 void DetectReporter::Report(const DetectionResult& result) {
-  const bool failed = result.exitCode != kExitSuccess;
-  if (!failed && !settings_.showsSummaries) {
-    return;
-  }
   Erase();
-  if (failed) {
+  if (result.exitCode != kExitSuccess) {
     fmt::print(stream_, "quorvex: {}\n", result.message);
-  } else {
+  } else if (settings_.showsSummaries) {
     fmt::print(stream_, "{}\n", DescribePoints(result.found));
+  }
+  if (!result.warning.empty()) {
+    fmt::print(stream_, "quorvex: {}: {}\n", result.found.image, result.warning);
   }
   Draw();
 }

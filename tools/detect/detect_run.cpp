@@ -12,7 +12,9 @@
 #include "tools/detect/diagnostics_folder.h"
 #include "tools/detect/overlay.h"
 #include "tools/detect/overlay_files.h"
+#include "tools/detect/precise_images.h"
 #include "tools/errors.h"
+#include "tools/lists/option_text.h"
 #include "tools/pictures/picture_file.h"
 #include "tools/system/file_name.h"
 #include "tools/system/output_file.h"
@@ -69,21 +71,53 @@ ImageOutputs PrepareOutputs(const DetectOptions& options) {
   return outputs;
 }
 
-std::vector<DetectionResult> DetectAll(const DetectOptions& options, const ImageOutputs& outputs) {
+// Warns where the rows and columns found are not those that were expected.
+void RequireGrid(const std::optional<GridSize>& expected, DetectionResult& result) {
+  if (!expected || result.exitCode != kExitSuccess) {
+    return;
+  }
+  GridSize found;
+  for (const ListedPoint& p : result.found.points) {
+    found.rows = std::max(found.rows, p.row + 1);
+    found.columns = std::max(found.columns, p.col + 1);
+  }
+  if (found.rows != expected->rows || found.columns != expected->columns) {
+    result.exitCode = kExitNothingFound;
+    result.message = fmt::format("{}: a grid of {} was found, not of {}", result.found.image,
+                                 GridSizeText(found), GridSizeText(*expected));
+    result.found.points.clear();
+  }
+}
+
+// Both detections.
+std::vector<DetectionResult> Detect(const DetectOptions& options, const ImageOutputs& outputs,
+                                    const DetectionObserver& observer) {
+  if (options.isPrecise) {
+    return DetectImagesPrecisely(options.images, options.preciseOptions, options.parallel,
+                                 observer);
+  }
   std::vector<DetectionJob> jobs;
   for (std::size_t i = 0; i < options.images.size(); ++i) {
     const bool keeps = !outputs.diagnosticsFolders.empty();
     jobs.push_back({options.images[i], keeps ? outputs.diagnosticsFolders[i] : fs::path()});
   }
+  return DetectImages(jobs, options.parameters, options.parallel, observer);
+}
+
+std::vector<DetectionResult> DetectAll(const DetectOptions& options, const ImageOutputs& outputs) {
+  const int count = static_cast<int>(options.images.size());
   ReporterSettings settings;
-  settings.showsProgress = !options.isQuiet && jobs.size() > 1 && StandardErrorIsTerminal();
+  settings.showsProgress = !options.isQuiet && count > 1 && StandardErrorIsTerminal();
   // The text format ends with the same summary.
   settings.showsSummaries = !options.isQuiet && (FormatOf(options) != PointsFormat::kText ||
                                                  !IsStandardOutput(options.output));
-  DetectReporter reporter(stderr, static_cast<int>(jobs.size()), settings);
-  return DetectImages(jobs, options.parameters, options.parallel,
-                      {[&](int finished) { reporter.ShowProgress(finished); },
-                       [&](const DetectionResult& result) { reporter.Report(result); }});
+  DetectReporter reporter(stderr, count, settings);
+  return Detect(options, outputs,
+                {[&](int finished) { reporter.ShowProgress(finished); },
+                 [&](DetectionResult& result) {
+                   RequireGrid(options.expected, result);
+                   reporter.Report(result);
+                 }});
 }
 
 void WriteOverlays(const std::vector<fs::path>& overlays, const std::vector<fs::path>& images,
@@ -114,6 +148,9 @@ int RunDetect(const DetectOptions& options) {
   std::vector<PointsOfImage> lists;
   for (const DetectionResult& result : results) {
     exitCode = std::max(exitCode, result.exitCode);
+    if (options.isStrict && !result.warning.empty()) {
+      exitCode = std::max(exitCode, kExitNothingFound);
+    }
     hasSuccess = hasSuccess || result.exitCode == kExitSuccess;
     lists.push_back(result.found);
     if (result.exitCode != kExitSuccess) {

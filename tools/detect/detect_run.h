@@ -6,7 +6,9 @@
 #include <optional>
 #include <vector>
 
+#include "interface/quorvex_precise.h"
 #include "tools/detect/detect_worker.h"
+#include "tools/lists/point_edits.h"
 #include "tools/lists/points_file.h"
 
 namespace quorvex::tools {
@@ -18,8 +20,12 @@ struct DetectOptions {
   std::filesystem::path output;        // empty or "-" for standard output
   std::filesystem::path overlay;       // file, folder or pattern (overlay_files.h); empty for none
   std::filesystem::path diagnostics;   // empty for none
+  bool isPrecise = false;              // the direct detection instead of the host's
+  precise::Options preciseOptions;
+  bool isStrict = false;             // a point that is not as it should be is a failure
+  std::optional<GridSize> expected;  // another grid is a failure
   bool isQuiet = false;
-  int parallel = 1;  // workers at a time
+  int parallel = 1;  // images at a time
 };
 
 // Returns the command's exit code (tools/errors.h). Throws InputError for what can be refused

@@ -10,9 +10,11 @@
 #include <stdexcept>
 
 #include "interface/quorvex.h"
+#include "tools/detect/detection_check.h"
 #include "tools/detect/failure_diagnosis.h"
 #include "tools/detect/padding.h"
 #include "tools/detect/point_judge.h"
+#include "tools/detect/precise_detection.h"
 #include "tools/lists/option_text.h"
 #include "tools/lists/point_list.h"
 #include "tools/pictures/picture_file.h"
@@ -71,6 +73,14 @@ bool DetectPoints(const Picture& picture, const DetectParameters& parameters, Po
                                          parameters.rowSteps, points);
 }
 
+// Nothing where the direct detection finds no target: it cannot tell then.
+std::string WarningOf(const Picture& picture, const PointList& points) {
+  const precise::Result direct = precise::Detect(ViewOf(picture));
+  return direct.marks.empty()
+             ? ""
+             : DescribeCheck(CheckPoints(ToListedPoints(points), direct.marks, direct.facts.pitch));
+}
+
 DetectionResult Detect(const std::filesystem::path& imagePath,
                        const std::filesystem::path& directory, const DetectParameters& parameters) {
   const Picture original = ReadPictureFile(imagePath);
@@ -95,6 +105,9 @@ DetectionResult Detect(const std::filesystem::path& imagePath,
     result.message = fmt::format("{}: {}", Utf8Name(imagePath),
                                  DescribeFailure({".", gridFound, original.bitsPerSample}));
     return result;
+  }
+  if (parameters.check) {
+    result.warning = WarningOf(original, list);
   }
   try {
     NumberAsWanted(parameters, list);
@@ -126,6 +139,9 @@ std::vector<std::string> WorkerArguments(const std::filesystem::path& imagePath,
                                      std::to_string(parameters.rowSteps)};
   if (parameters.pad) {
     arguments.push_back("--pad");
+  }
+  if (!parameters.check) {
+    arguments.push_back("--no-check");
   }
   if (parameters.renumber) {
     arguments.insert(arguments.end(), {"--renumber", GridSizeText(*parameters.renumber)});

@@ -19,6 +19,7 @@ struct DetectParameters {
   int columnSpan = 20;  // columns looked for beyond the centre column
   int rowSteps = 300;   // pixels a row may run from one mark to the next
   bool pad = false;     // grow pictures whose size is not a multiple of 4
+  bool check = true;    // compare the points with what the direct detection finds
   // What is done to the points found, in this order.
   std::optional<GridSize> renumber;     // the size of the whole grid
   std::optional<CameraSide> rearrange;  // with as many columns as were found

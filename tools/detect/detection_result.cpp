@@ -23,11 +23,9 @@ void WriteDetectionResult(const DetectionResult& result, const std::filesystem::
   for (const ListedPoint& p : result.found.points) {
     points.push_back({p.id, p.row, p.col, p.x, p.y, p.kind});
   }
-  const Json json{{"exitCode", result.exitCode},
-                  {"message", result.message},
-                  {"width", result.found.width},
-                  {"height", result.found.height},
-                  {"points", std::move(points)}};
+  const Json json{{"exitCode", result.exitCode},   {"message", result.message},
+                  {"warning", result.warning},     {"width", result.found.width},
+                  {"height", result.found.height}, {"points", std::move(points)}};
   std::ofstream file(path);
   file << json.dump(-1, ' ', false, Json::error_handler_t::replace) << std::flush;
   if (!file) {
@@ -42,6 +40,7 @@ DetectionResult ReadDetectionResult(const std::filesystem::path& path) {
     DetectionResult result;
     result.exitCode = json.at("exitCode");
     result.message = json.at("message");
+    result.warning = json.at("warning");
     result.found.width = json.at("width");
     result.found.height = json.at("height");
     for (const Json& p : json.at("points")) {

@@ -14,6 +14,7 @@ struct DetectionResult {
   int exitCode = kExitSuccess;  // of this image alone (tools/errors.h)
   std::string message;          // one sentence; empty on success
   PointsOfImage found;          // without points unless successful
+  std::string warning = {};     // one sentence on points that are not as they should be
 };
 
 // Both are for a file of the command's own: throws std::runtime_error when it cannot be written, or

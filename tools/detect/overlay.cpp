@@ -22,14 +22,17 @@ constexpr Color kRowLine{60, 200, 80};
 constexpr Color kColumnLine{80, 150, 255};
 constexpr Color kMark{240, 40, 40};
 constexpr Color kFilledMark{255, 150, 0};
+constexpr Color kEllipse{0, 220, 220};
 constexpr Color kLabel{255, 225, 0};
 constexpr Color kLabelEdge{0, 0, 0};
 
 // Of the picture's shorter side; one more pixel of stroke each.
 constexpr int kPixelsPerScale = 800;
-constexpr int kRingRadius = 7;  // pixels, times the scale
-constexpr int kRingDashes = 4;  // of the ring around a position that was filled in
-constexpr int kDash = 6;        // pixels, times the scale; of the lines to it
+constexpr int kRingRadius = 7;          // pixels, times the scale
+constexpr int kRingDashes = 4;          // of the ring around a position that was filled in
+constexpr int kDash = 6;                // pixels, times the scale; of the lines to it
+constexpr double kEllipseScale = 1000;  // a pixel drawn is a thousandth of a pixel
+constexpr double kLongestAxis = 40;     // pixels drawn
 constexpr double kPi = 3.14159265358979323846;
 
 class Canvas {
@@ -80,6 +83,17 @@ class Canvas {
     }
   }
 
+  // Axes in pixels; the first one lies at `angle` from x to y.
+  void Ellipse(double x, double y, double first, double second, double angle, Color color) {
+    const int steps = 8 + static_cast<int>(8 * std::max(first, second));
+    for (int i = 0; i < steps; ++i) {
+      const double along = first * std::cos(2 * kPi * i / steps);
+      const double across = second * std::sin(2 * kPi * i / steps);
+      Dot(x + along * std::cos(angle) - across * std::sin(angle),
+          y + along * std::sin(angle) + across * std::cos(angle), 1, color);
+    }
+  }
+
   void Text(const std::string& text, int x0, int y0, int scale, Color color) {
     for (std::size_t i = 0; i < text.size(); ++i) {
       const int left = x0 + static_cast<int>(i) * (kGlyphWidth + 1) * scale;
@@ -124,7 +138,7 @@ void DrawGridLines(Canvas& canvas, const std::vector<ListedPoint>& points, int s
     }
     const double dx = (to.x - from.x) * ring / distance;
     const double dy = (to.y - from.y) * ring / distance;
-    const bool isSure = from.kind != PointKind::kFilled && to.kind != PointKind::kFilled;
+    const bool isSure = !IsComputed(from.kind) && !IsComputed(to.kind);
     canvas.Line(from.x + dx, from.y + dy, to.x - dx, to.y - dy, (scale + 1) / 2,
                 isSure ? 0 : kDash * scale, color);
   };
@@ -134,10 +148,21 @@ void DrawGridLines(Canvas& canvas, const std::vector<ListedPoint>& points, int s
   }
 }
 
+// The ellipse of one standard deviation, enlarged.
+void DrawCovariance(Canvas& canvas, const ListedPoint& p, const Covariance& covariance) {
+  const double mean = (covariance.xx + covariance.yy) / 2;
+  const double half = std::hypot((covariance.xx - covariance.yy) / 2, covariance.xy);
+  const auto drawn = [](double variance) {
+    return std::min(kEllipseScale * std::sqrt(std::max(variance, 0.0)), kLongestAxis);
+  };
+  canvas.Ellipse(p.x, p.y, drawn(mean + half), drawn(mean - half),
+                 std::atan2(2 * covariance.xy, covariance.xx - covariance.yy) / 2, kEllipse);
+}
+
 void DrawMark(Canvas& canvas, const ListedPoint& p, int scale) {
   const int radius = kRingRadius * scale;
   const double arm = radius / 2.0;
-  const bool isFilled = p.kind == PointKind::kFilled;
+  const bool isFilled = IsComputed(p.kind);
   const Color color = isFilled ? kFilledMark : kMark;
   canvas.Ring(p.x, p.y, radius, isFilled ? scale : (scale + 1) / 2, isFilled ? kRingDashes : 0,
               color);
@@ -171,6 +196,9 @@ ColorPicture DrawOverlay(const Picture& picture, const std::vector<ListedPoint>&
   DrawGridLines(canvas, inside, scale);
   for (const ListedPoint& p : inside) {
     DrawMark(canvas, p, scale);
+    if (p.covariance) {
+      DrawCovariance(canvas, p, *p.covariance);
+    }
   }
   for (const ListedPoint& p : inside) {
     DrawLabel(canvas, p, scale, picture.width, picture.height);

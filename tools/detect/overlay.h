@@ -11,8 +11,9 @@ namespace quorvex::tools {
 
 // Neighbours along a row are joined in green, neighbours along a column in blue; a red ring with a
 // cross in it stands around each position, and its id in yellow beside it. Around a position that
-// was filled in the ring is dashed and orange, and lines to it are dashed. Marks and labels grow
-// with the picture. Points outside the picture are left out.
+// was computed from others the ring is dashed and orange, and lines to it are dashed. A covariance
+// is drawn in cyan as the ellipse of one standard deviation, a pixel for a thousandth of a pixel.
+// Marks and labels grow with the picture. Points outside the picture are left out.
 ColorPicture DrawOverlay(const Picture& picture, const std::vector<ListedPoint>& points);
 
 }  // namespace quorvex::tools

@@ -89,6 +89,11 @@ bool HasKinds(const std::vector<ListedPoint>& points) {
                      [](const ListedPoint& p) { return p.kind != PointKind::kUnknown; });
 }
 
+bool HasCovariances(const std::vector<ListedPoint>& points) {
+  return std::any_of(points.begin(), points.end(),
+                     [](const ListedPoint& p) { return p.covariance.has_value(); });
+}
+
 std::string DescribePoints(const PointsOfImage& list) {
   const std::string name = list.image.empty() ? "" : list.image + ": ";
   if (!list.error.empty()) {

@@ -8,6 +8,12 @@ const char* KindName(PointKind kind) {
       return "seen";
     case PointKind::kFilled:
       return "filled";
+    case PointKind::kMeasured:
+      return "measured";
+    case PointKind::kDoubtful:
+      return "doubtful";
+    case PointKind::kPredicted:
+      return "predicted";
     case PointKind::kUnknown:
       break;
   }
@@ -15,12 +21,17 @@ const char* KindName(PointKind kind) {
 }
 
 std::optional<PointKind> KindNamed(const std::string& name) {
-  for (const PointKind kind : {PointKind::kUnknown, PointKind::kSeen, PointKind::kFilled}) {
+  for (const PointKind kind : {PointKind::kUnknown, PointKind::kSeen, PointKind::kFilled,
+                               PointKind::kMeasured, PointKind::kDoubtful, PointKind::kPredicted}) {
     if (name == KindName(kind)) {
       return kind;
     }
   }
   return std::nullopt;
+}
+
+bool IsComputed(PointKind kind) {
+  return kind == PointKind::kFilled || kind == PointKind::kPredicted;
 }
 
 }  // namespace quorvex::tools

@@ -44,16 +44,22 @@ std::vector<ListedPoint> ToListedPoints(const PointList& points) {
 std::vector<ListedPoint> ToListedPoints(const PointList& points,
                                         const std::vector<ListedPoint>& before) {
   std::vector<ListedPoint> listedPoints = ToListedPoints(points);
-  if (!HasKinds(before)) {
-    return listedPoints;
-  }
-  std::map<std::pair<float, float>, PointKind> kinds;  // by position, as the library holds it
+  std::map<std::pair<float, float>, const ListedPoint*>
+      known;  // by position, as the library holds it
   for (const ListedPoint& p : before) {
-    kinds[{static_cast<float>(p.x), static_cast<float>(p.y)}] = p.kind;
+    known[{static_cast<float>(p.x), static_cast<float>(p.y)}] = &p;
   }
+  const bool hasKinds = HasKinds(before);
   for (ListedPoint& p : listedPoints) {
-    const auto known = kinds.find({static_cast<float>(p.x), static_cast<float>(p.y)});
-    p.kind = known == kinds.end() ? PointKind::kSeen : known->second;
+    const auto same = known.find({static_cast<float>(p.x), static_cast<float>(p.y)});
+    if (same != known.end()) {
+      p.x = same->second->x;  // with all of its digits
+      p.y = same->second->y;
+      p.kind = same->second->kind;
+      p.covariance = same->second->covariance;
+    } else if (hasKinds) {
+      p.kind = PointKind::kSeen;
+    }
   }
   return listedPoints;
 }

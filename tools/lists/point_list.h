@@ -19,8 +19,8 @@ PointList ToPointList(const std::vector<ListedPoint>& listedPoints,
 std::vector<ListedPoint> ToListedPoints(const PointList& points);
 
 // The same after an edit of the points `before`: a point that is where one of those was keeps that
-// one's kind; any other was put there by a person and is seen. Where `before` tells no kinds, none
-// are given.
+// one's kind, covariance and digits; any other was put there by a person and is seen. Where
+// `before` tells no kinds, none are given.
 std::vector<ListedPoint> ToListedPoints(const PointList& points,
                                         const std::vector<ListedPoint>& before);
 

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <iterator>
 #include <optional>
@@ -17,6 +18,40 @@ bool NeedsKindColumn(const std::vector<PointsOfImage>& images) {
     return !image.error.empty() || HasKinds(image.points);
   });
 }
+
+bool NeedsCovarianceColumns(const std::vector<PointsOfImage>& images) {
+  return std::any_of(images.begin(), images.end(),
+                     [](const PointsOfImage& image) { return HasCovariances(image.points); });
+}
+
+std::string CovarianceFields(const std::optional<Covariance>& covariance) {
+  return covariance
+             ? fmt::format(",{:.6g},{:.6g},{:.6g}", covariance->xx, covariance->xy, covariance->yy)
+             : ",,,";
+}
+
+// The three columns, where a table has them.
+class CovarianceColumns {
+ public:
+  explicit CovarianceColumns(const CsvTable& table) : table_(table) {
+    if (table.HasColumn("cxx")) {
+      columns_ = {table.ColumnNamed("cxx"), table.ColumnNamed("cxy"), table.ColumnNamed("cyy")};
+    }
+  }
+
+  // Nothing for empty fields.
+  std::optional<Covariance> Of(std::size_t row) const {
+    if (!columns_ || table_.Text(row, (*columns_)[0]).empty()) {
+      return std::nullopt;
+    }
+    return Covariance{table_.Number(row, (*columns_)[0]), table_.Number(row, (*columns_)[1]),
+                      table_.Number(row, (*columns_)[2])};
+  }
+
+ private:
+  const CsvTable& table_;
+  std::optional<std::array<std::size_t, 3>> columns_;
+};
 
 PointsOfImage& ImageNamed(const std::string& name, std::vector<PointsOfImage>& images) {
   const auto found = std::find_if(images.rbegin(), images.rend(),
@@ -33,17 +68,20 @@ PointsOfImage& ImageNamed(const std::string& name, std::vector<PointsOfImage>& i
 
 std::string FormatPointsCsv(const std::vector<PointsOfImage>& images, bool withImageColumn) {
   const bool withKind = NeedsKindColumn(images);
-  std::string text =
-      fmt::format("{}id,row,col,x,y{}\n", withImageColumn ? "image," : "", withKind ? ",kind" : "");
+  const bool withCovariance = NeedsCovarianceColumns(images);
+  std::string text = fmt::format("{}id,row,col,x,y{}{}\n", withImageColumn ? "image," : "",
+                                 withKind ? ",kind" : "", withCovariance ? ",cxx,cxy,cyy" : "");
   for (const PointsOfImage& image : images) {
     const std::string prefix = withImageColumn ? CsvField(image.image) + ',' : "";
     if (!image.error.empty()) {
-      fmt::format_to(std::back_inserter(text), "{},,,,,{}\n", prefix, kFailedKind);
+      fmt::format_to(std::back_inserter(text), "{},,,,,{}{}\n", prefix, kFailedKind,
+                     withCovariance ? ",,," : "");
       continue;
     }
     for (const ListedPoint& p : image.points) {
-      fmt::format_to(std::back_inserter(text), "{}{},{},{},{:.9g},{:.9g}{}{}\n", prefix, p.id,
-                     p.row, p.col, p.x, p.y, withKind ? "," : "", KindName(p.kind));
+      fmt::format_to(std::back_inserter(text), "{}{},{},{},{:.9g},{:.9g}{}{}{}\n", prefix, p.id,
+                     p.row, p.col, p.x, p.y, withKind ? "," : "", KindName(p.kind),
+                     withCovariance ? CovarianceFields(p.covariance) : "");
     }
   }
   return text;
@@ -61,6 +99,8 @@ std::vector<PointsOfImage> ParsePointsCsv(const std::string& text, const std::st
   const std::size_t x = table.ColumnNamed("x");
   const std::size_t y = table.ColumnNamed("y");
 
+  const CovarianceColumns covariances(table);
+
   std::vector<PointsOfImage> images;
   for (std::size_t i = 0; i < table.RowCount(); ++i) {
     PointsOfImage& list = ImageNamed(isNamed ? table.Text(i, image) : "", images);
@@ -71,10 +111,10 @@ std::vector<PointsOfImage> ParsePointsCsv(const std::string& text, const std::st
     }
     const std::optional<PointKind> pointKind = KindNamed(kindName);
     if (!pointKind) {
-      table.FailAtField(i, kind, "seen, filled or failed");
+      table.FailAtField(i, kind, fmt::format("{} or {}", kKindNames, kFailedKind).c_str());
     }
     list.points.push_back({table.Integer(i, id), table.Integer(i, row), table.Integer(i, col),
-                           table.Number(i, x), table.Number(i, y), *pointKind});
+                           table.Number(i, x), table.Number(i, y), *pointKind, covariances.Of(i)});
   }
   // A list without points still is the list of one image.
   if (images.empty() && !isNamed) {

@@ -1,6 +1,7 @@
 // Lists of detected points as files: CSV and JSON, written and read, and a table for people,
 // written only. Floats carry nine significant digits, so that a 32-bit position survives the round
-// trip. The kind of the points stands in a file when it is known, and may be missing when read.
+// trip. The kind of the points and their covariance stand in a file when they are known, and may be
+// missing when read.
 #ifndef QUORVEX_TOOLS_LISTS_POINTS_FILE_H_
 #define QUORVEX_TOOLS_LISTS_POINTS_FILE_H_
 

@@ -69,9 +69,15 @@ class JsonObject {
     }
     const std::optional<PointKind> kind = KindNamed(Text("kind"));
     if (!kind) {
-      FailAt("kind", "seen or filled");
+      FailAt("kind", fmt::format("one of {}", kKindNames).c_str());
     }
     return *kind;
+  }
+  std::optional<Covariance> PointCovariance() const {
+    if (!Has("cxx")) {
+      return std::nullopt;
+    }
+    return Covariance{Number("cxx"), Number("cxy"), Number("cyy")};
   }
   const Json& List(const char* name) const {
     const Json& value = Member(name);
@@ -104,9 +110,32 @@ PointsOfImage ParseImage(const Json& value, const std::string& file, const std::
   for (std::size_t i = 0; i < points.size(); ++i) {
     const JsonObject point(points[i], file, fmt::format("{}, point {}", where, i + 1));
     image.points.push_back({point.Integer("id"), point.Integer("row"), point.Integer("col"),
-                            point.Number("x"), point.Number("y"), point.Kind()});
+                            point.Number("x"), point.Number("y"), point.Kind(),
+                            point.PointCovariance()});
   }
   return image;
+}
+
+std::string FormatPoint(const ListedPoint& p) {
+  std::string text =
+      fmt::format("{{\"id\": {}, \"row\": {}, \"col\": {}, \"x\": {:.9g}, \"y\": {:.9g}", p.id,
+                  p.row, p.col, p.x, p.y);
+  if (p.kind != PointKind::kUnknown) {
+    text += fmt::format(", \"kind\": \"{}\"", KindName(p.kind));
+  }
+  if (p.covariance) {
+    text += fmt::format(", \"cxx\": {:.6g}, \"cxy\": {:.6g}, \"cyy\": {:.6g}", p.covariance->xx,
+                        p.covariance->xy, p.covariance->yy);
+  }
+  return text + '}';
+}
+
+std::string FormatFacts(const std::vector<std::pair<std::string, double>>& facts) {
+  std::string text;
+  for (const auto& [name, value] : facts) {
+    text += fmt::format("{}\"{}\": {:.9g}", text.empty() ? "" : ", ", name, value);
+  }
+  return text.empty() ? "" : fmt::format("  \"facts\": {{{}}},\n", text);
 }
 
 }  // namespace
@@ -122,16 +151,10 @@ std::string FormatPointsJson(const std::vector<PointsOfImage>& images) {
       continue;
     }
     fmt::format_to(std::back_inserter(text),
-                   " {{\n  \"image\": {},\n  \"width\": {},\n  \"height\": {},\n  \"points\": [",
-                   JsonString(image.image), image.width, image.height);
+                   " {{\n  \"image\": {},\n  \"width\": {},\n  \"height\": {},\n{}  \"points\": [",
+                   JsonString(image.image), image.width, image.height, FormatFacts(image.facts));
     for (const ListedPoint& p : image.points) {
-      fmt::format_to(std::back_inserter(text),
-                     "{}   {{\"id\": {}, \"row\": {}, \"col\": {}, \"x\": {:.9g}, \"y\": {:.9g}",
-                     &p == image.points.data() ? "\n" : ",\n", p.id, p.row, p.col, p.x, p.y);
-      if (p.kind != PointKind::kUnknown) {
-        fmt::format_to(std::back_inserter(text), ", \"kind\": \"{}\"", KindName(p.kind));
-      }
-      text += '}';
+      text += (&p == image.points.data() ? "\n   " : ",\n   ") + FormatPoint(p);
     }
     text += "\n  ]\n }";
   }

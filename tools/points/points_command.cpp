@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -6,6 +7,7 @@
 #include "tools/lists/option_text.h"
 #include "tools/lists/point_edits.h"
 #include "tools/lists/points_file.h"
+#include "tools/points/points_refine.h"
 #include "tools/points/points_run.h"
 #include "tools/subcommands.h"
 #include "tools/system/choice_option.h"
@@ -229,6 +231,26 @@ void AddRearrange(CLI::App& points, Action& action) {
   });
 }
 
+void AddRefine(CLI::App& points, Action& action) {
+  struct Options {
+    PointsRun run;
+    std::filesystem::path picture;
+  };
+  const auto options = std::make_shared<Options>();
+  CLI::App& verb = *points.add_subcommand("refine", "Measure the points on their picture");
+  verb.footer(
+      "Each point that lies within about 4 pixels of a mark is moved to it and gets a covariance.\n"
+      "A point that is no mark stays where it is, and a sentence says why.");
+  AddFile(verb, options->run);
+  AddPathOption(verb, "picture", options->picture, "BMP or PNG file")
+      ->required()
+      ->option_text("IMAGE");
+  AddEditOutputs(verb, options->run);
+  verb.callback([options, &action] {
+    action = [options] { return RunRefinement(options->run, options->picture); };
+  });
+}
+
 }  // namespace
 
 void AddPointsCommand(CLI::App& app, Action& action) {
@@ -241,6 +263,7 @@ void AddPointsCommand(CLI::App& app, Action& action) {
   AddMove(points, action);
   AddRenumber(points, action);
   AddRearrange(points, action);
+  AddRefine(points, action);
   AddConvert(points, action);
   points.footer(
       "Positions are pixels, x to the right and y down, and are kept as 32-bit floats. The list\n"
@@ -252,6 +275,7 @@ void AddPointsCommand(CLI::App& app, Action& action) {
       "  quorvex points query points.csv 41\n"
       "  quorvex points delete points.csv --at 812,640 --in-place\n"
       "  quorvex points add points.csv --at 815.5,642 --in-place\n"
+      "  quorvex points refine points.csv board.bmp --in-place\n"
       "  quorvex points renumber points.csv --rows 9 --columns 9 --output numbered.csv\n"
       "  quorvex points rearrange numbered.csv left --count 9 --output left.csv\n"
       "  quorvex points convert left.csv --format json");

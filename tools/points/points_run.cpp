@@ -39,6 +39,13 @@ void WriteInPlace(const PointsRun& run, const OneImageFile& file) {
                      FormatPoints(images, file.format, NamesImages(file)));
 }
 
+int ReportNothingChanged(const PointsRun& run, const NothingChanged& reason) {
+  fmt::print(stderr, "quorvex: {}: {}\n", Utf8Name(run.input), reason.what());
+  return kExitNothingFound;
+}
+
+}  // namespace
+
 void WriteList(const PointsRun& run, const OneImageFile& file) {
   if (run.isInPlace) {
     WriteInPlace(run, file);
@@ -50,13 +57,6 @@ void WriteList(const PointsRun& run, const OneImageFile& file) {
   const PointsFormat format = run.format.value_or(FormatByName(run.output, file.format));
   WriteText(run.output, FormatPoints({file.list}, format, NamesImages(file)));
 }
-
-int ReportNothingChanged(const PointsRun& run, const NothingChanged& reason) {
-  fmt::print(stderr, "quorvex: {}: {}\n", Utf8Name(run.input), reason.what());
-  return kExitNothingFound;
-}
-
-}  // namespace
 
 int RunConversion(const PointsRun& run) {
   WriteList(run, ReadOneImageFile(run.input, run.image));

@@ -24,6 +24,9 @@ struct PointsRun {
 // Throws NothingChanged, or InputError for an option's value.
 using Edit = std::function<void(PointList&)>;
 
+// Writes the list of one image to where the run wants it. Throws InputError.
+void WriteList(const PointsRun& run, const OneImageFile& file);
+
 // All return the exit code and throw InputError. When an edit changes nothing, its sentence goes to
 // standard error and nothing is written.
 int RunConversion(const PointsRun& run);

@@ -26,6 +26,12 @@ Vector3 Turn(const Vector3& vector, const RenderSettings& settings) {
           swung.y * std::sin(aboutX) + swung.z * std::cos(aboutX)};
 }
 
+// From the outermost centres to the board's edge: the margin begins where a chessboard's outermost
+// squares end.
+double PatternReach(const RenderSettings& settings) {
+  return settings.margin + (settings.pattern == Pattern::kChessboard ? settings.pitch : 0);
+}
+
 // In the margin the clamp takes the outermost mark; it also keeps the number within an int.
 int NearestMark(double position, int count) {
   return static_cast<int>(std::clamp(position + 0.5, 0.0, count - 0.5));
@@ -42,7 +48,7 @@ Board::Board(const RenderSettings& settings)
       cameraInBoard_{-Dot(axisX_, origin_), -Dot(axisY_, origin_), -Dot(normal_, origin_)},
       firstMark_{-(settings_.columns - 1) * settings_.pitch / 2,
                  -(settings_.rows - 1) * settings_.pitch / 2},
-      corner_{settings_.margin - firstMark_.x, settings_.margin - firstMark_.y},
+      corner_{PatternReach(settings_) - firstMark_.x, PatternReach(settings_) - firstMark_.y},
       marksPerMillimetre_(1 / settings_.pitch),
       isShown_(
           static_cast<std::size_t>(settings_.rows) * static_cast<std::size_t>(settings_.columns),
@@ -81,7 +87,19 @@ double Board::LevelAt(const BoardPoint& point) const {
   if (!(std::abs(point.x) <= corner_.x && std::abs(point.y) <= corner_.y)) {
     return settings_.backgroundLevel;
   }
-  return IsOnMark(point) ? settings_.markLevel : settings_.boardLevel;
+  const bool isDark =
+      settings_.pattern == Pattern::kChessboard ? IsOnDarkSquare(point) : IsOnMark(point);
+  return isDark ? settings_.markLevel : settings_.boardLevel;
+}
+
+// Squares stand between the inner corners and one more on each side; that at the top left is dark.
+bool Board::IsOnDarkSquare(const BoardPoint& point) const {
+  const double column = std::floor((point.x - firstMark_.x) * marksPerMillimetre_ + 1);
+  const double row = std::floor((point.y - firstMark_.y) * marksPerMillimetre_ + 1);
+  if (!(column >= 0 && column <= settings_.columns && row >= 0 && row <= settings_.rows)) {
+    return false;
+  }
+  return (static_cast<int>(column) + static_cast<int>(row)) % 2 == 0;
 }
 
 bool Board::IsOnMark(const BoardPoint& point) const {

@@ -1,4 +1,4 @@
-// The board of cross marks: where it stands before the camera and how bright each of its points is.
+// The board of marks: where it stands before the camera and how bright each of its points is.
 #ifndef QUORVEX_TOOLS_RENDER_BOARD_H_
 #define QUORVEX_TOOLS_RENDER_BOARD_H_
 
@@ -33,6 +33,7 @@ class Board {
 
  private:
   bool IsOnMark(const BoardPoint& point) const;
+  bool IsOnDarkSquare(const BoardPoint& point) const;
 
   const RenderSettings& settings_;  // outlives the board
   Vector3 axisX_;                   // the board's axes in camera coordinates

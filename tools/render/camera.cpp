@@ -25,8 +25,9 @@ Camera::Camera(const RenderSettings& settings)
       principalPoint_{settings.principalX.value_or((settings.width - 1) / 2.0),
                       settings.principalY.value_or((settings.height - 1) / 2.0)},
       maxAngle_(FindMaxAngle()),
-      maxRadius_(model_ == CameraModel::kPinhole ? std::numeric_limits<double>::infinity()
-                                                 : RadiusAt(maxAngle_)) {}
+      maxRadius_(model_ == CameraModel::kPinhole || model_ == CameraModel::kStereographic
+                     ? std::numeric_limits<double>::infinity()
+                     : RadiusAt(maxAngle_)) {}
 
 double Camera::RadiusAt(double angle) const {
   switch (model_) {
@@ -37,6 +38,10 @@ double Camera::RadiusAt(double angle) const {
       return focalLength_ * angle *
              (1 + square * (k1_ + square * (k2_ + square * (k3_ + square * k4_))));
     }
+    case CameraModel::kEquisolid:
+      return 2 * focalLength_ * std::sin(angle / 2);
+    case CameraModel::kStereographic:
+      return 2 * focalLength_ * std::tan(angle / 2);
     case CameraModel::kEquidistant:
       break;
   }
@@ -44,11 +49,17 @@ double Camera::RadiusAt(double angle) const {
 }
 
 double Camera::AngleAt(double radius) const {
-  if (model_ == CameraModel::kPinhole) {
-    return std::atan(radius / focalLength_);
-  }
-  if (model_ == CameraModel::kEquidistant) {
-    return radius / focalLength_;
+  switch (model_) {
+    case CameraModel::kPinhole:
+      return std::atan(radius / focalLength_);
+    case CameraModel::kEquidistant:
+      return radius / focalLength_;
+    case CameraModel::kEquisolid:
+      return 2 * std::asin(std::min(1.0, radius / (2 * focalLength_)));
+    case CameraModel::kStereographic:
+      return 2 * std::atan(radius / (2 * focalLength_));
+    case CameraModel::kKannalaBrandt:
+      break;
   }
   double low = 0;
   double high = maxAngle_;
@@ -68,7 +79,7 @@ double Camera::FindMaxAngle() const {
   if (model_ == CameraModel::kPinhole) {
     return kPi / 2;
   }
-  if (model_ == CameraModel::kEquidistant) {
+  if (model_ != CameraModel::kKannalaBrandt) {
     return kPi;
   }
   // Where the polynomial turns back it would show two directions at one pixel.
@@ -80,7 +91,9 @@ double Camera::FindMaxAngle() const {
 }
 
 bool Camera::Sees(double angle) const {
-  return model_ == CameraModel::kPinhole ? angle < maxAngle_ : angle <= maxAngle_;
+  const bool growsForEver =
+      model_ == CameraModel::kPinhole || model_ == CameraModel::kStereographic;
+  return growsForEver ? angle < maxAngle_ : angle <= maxAngle_;
 }
 
 std::optional<PixelPoint> Camera::Project(const Vector3& ray) const {

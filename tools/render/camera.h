@@ -1,4 +1,4 @@
-// The three camera models of the renderer: rays to pixels and back.
+// The camera models of the renderer: rays to pixels and back.
 #ifndef QUORVEX_TOOLS_RENDER_CAMERA_H_
 #define QUORVEX_TOOLS_RENDER_CAMERA_H_
 
@@ -34,8 +34,8 @@ class Camera {
   double FocalLength() const { return focalLength_; }  // pixels
 
   // Distance from the principal point, in pixels, at an angle from the axis, in radians; and back.
-  // Both grow strictly up to MaxAngle and MaxRadius, which the equidistant model reaches behind the
-  // camera and the pinhole model never reaches.
+  // Both grow strictly up to MaxAngle and MaxRadius, which the equidistant and the equisolid model
+  // reach behind the camera and the pinhole and the stereographic model never reach.
   double RadiusAt(double angle) const;
   double AngleAt(double radius) const;
   double MaxRadius() const { return maxRadius_; }

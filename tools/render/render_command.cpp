@@ -32,6 +32,8 @@ constexpr const char* kExamples = R"(Examples:
   quorvex render --model pinhole --focal-length 1300 --distance 300 --rows 5 --columns 5
       --output flat.png
       the default board through another camera
+  quorvex render --pattern chessboard --output squares.png
+      a chessboard of the same size and pose
   quorvex render --missing 0,3 --missing 5,5 --output gaps.bmp
       two marks left out
 
@@ -43,7 +45,12 @@ using Changes = std::vector<std::function<void(RenderSettings&)>>;
 
 constexpr Choice<CameraModel> kModels[] = {{"equidistant", CameraModel::kEquidistant},
                                            {"kannala-brandt", CameraModel::kKannalaBrandt},
-                                           {"pinhole", CameraModel::kPinhole}};
+                                           {"pinhole", CameraModel::kPinhole},
+                                           {"equisolid", CameraModel::kEquisolid},
+                                           {"stereographic", CameraModel::kStereographic}};
+
+constexpr Choice<Pattern> kPatterns[] = {{"crosses", Pattern::kCrosses},
+                                         {"chessboard", Pattern::kChessboard}};
 
 struct RenderRequest {
   std::string preset = kDefaultPreset;
@@ -84,7 +91,7 @@ void AddCameraOptions(CLI::App& command, Changes& changes) {
       [&changes](CameraModel model) {
         changes.push_back([model](RenderSettings& settings) { settings.model = model; });
       },
-      "equidistant, kannala-brandt or pinhole")
+      "equidistant, kannala-brandt, pinhole, equisolid or stereographic")
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
       ->type_name("NAME")
       ->group("Camera");
@@ -111,8 +118,17 @@ void AddBoardOptions(CLI::App& command, RenderRequest& request) {
   const auto number = [&](const char* name, double RenderSettings::*field, const char* help) {
     AddSetting<double>(command, request.changes, name, field, help)->group("Board");
   };
-  AddSetting<int>(command, request.changes, "--rows", &RenderSettings::rows,
-                  "marks in a column, 1 to 1000")
+  Changes& changes = request.changes;
+  AddChoiceOption(
+      command, "--pattern", kPatterns,
+      [&changes](Pattern pattern) {
+        changes.push_back([pattern](RenderSettings& settings) { settings.pattern = pattern; });
+      },
+      "crosses or chessboard, whose inner corners are where the marks would be")
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
+      ->type_name("NAME")
+      ->group("Board");
+  AddSetting<int>(command, changes, "--rows", &RenderSettings::rows, "marks in a column, 1 to 1000")
       ->group("Board");
   AddSetting<int>(command, request.changes, "--columns", &RenderSettings::columns,
                   "marks in a row, 1 to 1000")
@@ -122,7 +138,7 @@ void AddBoardOptions(CLI::App& command, RenderRequest& request) {
          "from a mark's centre to the tip of an arm; below half the pitch [mm]");
   number("--stroke", &RenderSettings::strokeWidth, "width of the strokes [mm]");
   number("--margin", &RenderSettings::margin,
-         "from the outermost marks' centres to the board's edge [mm]");
+         "from the outermost marks' centres or squares to the board's edge [mm]");
   command
       .add_option("--missing", request.missing,
                   "a mark to leave out, counted from 0 at the top left; may be repeated and\n"

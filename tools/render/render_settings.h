@@ -1,5 +1,5 @@
-// What a rendered picture shows: a planar board of cross marks, the camera that sees it and the
-// light.
+// What a rendered picture shows: a planar board of cross marks or a chessboard, the camera that
+// sees it and the light.
 //
 // Pictures: pixels, integer values at pixel centres, x to the right and y down from the top row.
 // The camera looks along +z with x to the right and y down. Board: millimetres, columns along +x
@@ -22,6 +22,13 @@ enum class CameraModel {
   kEquidistant,    // r = f t
   kKannalaBrandt,  // r = f (t + k1 t^3 + k2 t^5 + k3 t^7 + k4 t^9); Kannala and Brandt, 2006
   kPinhole,        // r = f tan t
+  kEquisolid,      // r = 2 f sin(t / 2)
+  kStereographic,  // r = 2 f tan(t / 2)
+};
+
+enum class Pattern {
+  kCrosses,     // marks of two strokes
+  kChessboard,  // the marks' centres are the inner corners; arms, strokes and missing say nothing
 };
 
 struct RenderSettings {
@@ -45,12 +52,13 @@ struct RenderSettings {
   double tiltY = 0;     // degrees about the camera's y axis; positive brings the right edge nearer
   double rotation = 0;  // degrees in the board's plane, clockwise, -45 to 45: row 0 stays on top
 
+  Pattern pattern = Pattern::kCrosses;
   int rows = 0;            // marks, 1 to 1000
   int columns = 0;         // marks, 1 to 1000
   double pitch = 0;        // millimetres from one mark to the next
   double armLength = 0;    // millimetres from a mark's centre to the tip; below half the pitch
   double strokeWidth = 0;  // millimetres
-  double margin = 0;       // millimetres from the outermost mark centres to the board's edge
+  double margin = 0;       // millimetres from the outermost mark centres (squares) to the edge
   std::vector<GridPosition> missing;  // marks that are left out
 
   double boardLevel = 0;       // grey level

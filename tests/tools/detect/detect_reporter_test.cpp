@@ -56,6 +56,15 @@ TEST(DetectReporter, WithoutSummariesWritesFailuresOnly) {
   EXPECT_EQ(Reported({false, false}, TwoImages), "quorvex: b.bmp: nothing\n");
 }
 
+TEST(DetectReporter, PassesWarningsOnEvenWithoutSummaries) {
+  const std::string reported = Reported({false, false}, [](DetectReporter& reporter) {
+    DetectionResult result = Found("a.bmp");
+    result.warning = "2 labels are wrong";
+    reporter.Report(result);
+  });
+  EXPECT_EQ(reported, "quorvex: a.bmp: 2 labels are wrong\n");
+}
+
 TEST(DetectReporter, DrawsTheProgressLineAgainBelowEachReport) {
   const std::string erased = "\r" + std::string(30, ' ') + "\r";
   EXPECT_EQ(Reported({true, true}, TwoImages),

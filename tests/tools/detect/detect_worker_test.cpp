@@ -29,12 +29,13 @@ TEST(WorkerArguments, CarryEveryParameter) {
   parameters.columnSpan = 4;
   parameters.rowSteps = 150;
   parameters.pad = true;
+  parameters.check = false;
   parameters.renumber = GridSize{9, 7};
   parameters.rearrange = CameraSide::kRight;
-  EXPECT_THAT(
-      WorkerArguments("-a.bmp", "/work", parameters),
-      ElementsAre("detect-worker", "--row-span", "3", "--column-span", "4", "--row-steps", "150",
-                  "--pad", "--renumber", "9x7", "--rearrange", "right", "--", "-a.bmp", "/work"));
+  EXPECT_THAT(WorkerArguments("-a.bmp", "/work", parameters),
+              ElementsAre("detect-worker", "--row-span", "3", "--column-span", "4", "--row-steps",
+                          "150", "--pad", "--no-check", "--renumber", "9x7", "--rearrange", "right",
+                          "--", "-a.bmp", "/work"));
 }
 
 // The detection makes the worker's directory the current one.

@@ -92,5 +92,18 @@ TEST(Overlay, LeavesOutPointsOutsideThePicture) {
   EXPECT_EQ(CountOf(overlay, kGrey), 60 * 60);
 }
 
+// A pixel drawn is a thousandth of a pixel: 9 and 6 of them to either side.
+TEST(Overlay, DrawsTheCovarianceEnlarged) {
+  const ColorPicture overlay =
+      DrawOverlay(FlatPicture(100, 100, 90),
+                  {{1, 0, 0, 50, 50, PointKind::kMeasured, Covariance{81e-6, 0, 36e-6}}});
+  constexpr Rgb kCyan{0, 220, 220};
+  EXPECT_EQ(At(overlay, 59, 50), kCyan);
+  EXPECT_EQ(At(overlay, 41, 50), kCyan);
+  EXPECT_EQ(At(overlay, 50, 56), kCyan);
+  EXPECT_EQ(At(overlay, 50, 44), kCyan);
+  EXPECT_NE(At(overlay, 50, 59), kCyan);
+}
+
 }  // namespace
 }  // namespace quorvex::tests

@@ -119,9 +119,39 @@ INSTANTIATE_TEST_SUITE_P(
         BadFile{"id,row,col,x,y\n1,2,3,4\n", ":2: 4 fields where the header has 5"},
         BadFile{"id,row,col,x,y\n1,2,3,4,\"5\n", ":2: a quoted field does not end on its line"},
         BadFile{"id,row,col,x,y,kind\n1,2,3,4,5,Seen\n",
-                ":2: \"Seen\" in column \"kind\" is not seen, filled or failed"},
+                ":2: \"Seen\" in column \"kind\" is not seen, filled, measured, doubtful, "
+                "predicted or failed"},
         BadFile{"id,row,col,x,y,kind\n,,,,,seen\n",
                 ":2: \"\" in column \"id\" is not a whole number"}));
+
+TEST(PointsCsv, CovariancesStandBehindTheKinds) {
+  PointsOfImage list = TwoPoints("a");
+  list.points[0].kind = PointKind::kMeasured;
+  list.points[0].covariance = Covariance{1.5e-5, -2e-6, 0.25};
+  list.points[1].kind = PointKind::kDoubtful;
+  const std::string text = FormatPointsCsv({list}, false);
+  EXPECT_EQ(text,
+            "id,row,col,x,y,kind,cxx,cxy,cyy\n"
+            "1,0,0,10.5,20.25,measured,1.5e-05,-2e-06,0.25\n"
+            "2,0,1,110,21,doubtful,,,\n");
+  const std::vector<ListedPoint> points = ParsePointsCsv(text, "a")[0].points;
+  ASSERT_TRUE(points[0].covariance);
+  EXPECT_EQ(points[0].covariance->xx, 1.5e-5);
+  EXPECT_EQ(points[0].covariance->xy, -2e-6);
+  EXPECT_EQ(points[0].covariance->yy, 0.25);
+  EXPECT_FALSE(points[1].covariance);
+}
+
+TEST(PointsCsv, AFailedImageHasNoCovariances) {
+  PointsOfImage list = TwoPoints("a");
+  list.points[0].covariance = Covariance{1, 0, 1};
+  PointsOfImage failed;
+  failed.image = "b";
+  failed.error = "dark";
+  const std::string text = FormatPointsCsv({list, failed}, true);
+  EXPECT_NE(text.find("b,,,,,,failed,,,\n"), std::string::npos) << text;
+  EXPECT_EQ(ParsePointsCsv(text, "a").size(), 2u);
+}
 
 }  // namespace
 }  // namespace quorvex::tests

@@ -88,7 +88,8 @@ INSTANTIATE_TEST_SUITE_P(
                 ": \"x\" of image 1, point 1 is not a number"},
         BadFile{R"([{"image": "a", "width": 4, "height": 4,
                     "points": [{"id": 1, "row": 0, "col": 0, "x": 1, "y": 1, "kind": "failed"}]}])",
-                ": \"kind\" of image 1, point 1 is not seen or filled"},
+                ": \"kind\" of image 1, point 1 is not one of seen, filled, measured, doubtful, "
+                "predicted"},
         BadFile{R"([{"image": "a", "error": 5}])", ": \"error\" of image 1 is not a text"}));
 
 }  // namespace

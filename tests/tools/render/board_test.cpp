@@ -66,6 +66,37 @@ TEST(Board, IsDarkOnTheStrokesOnly) {
   EXPECT_EQ(board.LevelAt({mark.x - settings.margin - 0.01, mark.y}), settings.backgroundLevel);
 }
 
+TEST(Board, ChessboardMeetsAtTheMarks) {
+  RenderSettings settings = Upright();
+  settings.pattern = Pattern::kChessboard;
+  const Board board(settings);
+  for (int row = 0; row < settings.rows; ++row) {
+    for (int column = 0; column < settings.columns; ++column) {
+      const BoardPoint corner = board.MarkCentre(row, column);
+      const bool isEven = (row + column) % 2 == 0;
+      const double towardsTopLeft = isEven ? settings.markLevel : settings.boardLevel;
+      const double towardsTopRight = isEven ? settings.boardLevel : settings.markLevel;
+      EXPECT_EQ(board.LevelAt({corner.x - 0.01, corner.y - 0.01}), towardsTopLeft);
+      EXPECT_EQ(board.LevelAt({corner.x + 0.01, corner.y + 0.01}), towardsTopLeft);
+      EXPECT_EQ(board.LevelAt({corner.x + 0.01, corner.y - 0.01}), towardsTopRight);
+      EXPECT_EQ(board.LevelAt({corner.x - 0.01, corner.y + 0.01}), towardsTopRight);
+    }
+  }
+}
+
+TEST(Board, ChessboardHasOneSquareMoreThanCornersAndAMarginRoundThem) {
+  RenderSettings settings = Upright();
+  settings.pattern = Pattern::kChessboard;
+  const Board board(settings);
+  const BoardPoint corner = board.MarkCentre(0, 0);
+  const double square = corner.x - settings.pitch;
+  EXPECT_EQ(board.LevelAt({square + 0.01, corner.y - 1}), settings.markLevel);
+  EXPECT_EQ(board.LevelAt({square - 0.01, corner.y - 1}), settings.boardLevel);
+  EXPECT_EQ(board.LevelAt({square - settings.margin + 0.01, corner.y - 1}), settings.boardLevel);
+  EXPECT_EQ(board.LevelAt({square - settings.margin - 0.01, corner.y - 1}),
+            settings.backgroundLevel);
+}
+
 TEST(Board, IsNotSeenFromItsBackOrAwayFromIt) {
   RenderSettings settings = Upright();
   BoardPoint point;

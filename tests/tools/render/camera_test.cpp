@@ -27,10 +27,17 @@ RenderSettings SettingsOf(CameraModel model) {
   return settings;
 }
 
+// The picture's corners are within two focal lengths, where the equisolid model ends.
+RenderSettings WideSettingsOf(CameraModel model) {
+  RenderSettings settings = SettingsOf(model);
+  settings.focalLength = 800;
+  return settings;
+}
+
 class CameraModels : public testing::TestWithParam<CameraModel> {};
 
 TEST_P(CameraModels, RayOfAPixelProjectsBackToIt) {
-  const Camera camera(SettingsOf(GetParam()));
+  const Camera camera(WideSettingsOf(GetParam()));
   for (double y = -0.5; y < 2048; y += 93.25) {
     for (double x = -0.5; x < 2048; x += 93.25) {
       const auto ray = camera.Ray({x, y});
@@ -45,7 +52,7 @@ TEST_P(CameraModels, RayOfAPixelProjectsBackToIt) {
 }
 
 TEST_P(CameraModels, TableAgreesWithTheExactRays) {
-  const Camera camera(SettingsOf(GetParam()));
+  const Camera camera(WideSettingsOf(GetParam()));
   const RayTable table(camera, 1500);
   for (double x = -1023.4; x < 1024; x += 31.37) {
     for (double y = -1023.4; y < 1024; y += 31.37) {
@@ -75,11 +82,16 @@ TEST_P(CameraModels, AxisIsSeenAtThePrincipalPoint) {
 
 INSTANTIATE_TEST_SUITE_P(All, CameraModels,
                          testing::Values(CameraModel::kEquidistant, CameraModel::kKannalaBrandt,
-                                         CameraModel::kPinhole));
+                                         CameraModel::kPinhole, CameraModel::kEquisolid,
+                                         CameraModel::kStereographic));
 
 TEST(Camera, RadiusFollowsTheModel) {
   EXPECT_DOUBLE_EQ(Camera(SettingsOf(CameraModel::kEquidistant)).RadiusAt(0.5), 300);
   EXPECT_DOUBLE_EQ(Camera(SettingsOf(CameraModel::kPinhole)).RadiusAt(0.5), 600 * std::tan(0.5));
+  EXPECT_DOUBLE_EQ(Camera(SettingsOf(CameraModel::kEquisolid)).RadiusAt(0.5),
+                   1200 * std::sin(0.25));
+  EXPECT_DOUBLE_EQ(Camera(SettingsOf(CameraModel::kStereographic)).RadiusAt(0.5),
+                   1200 * std::tan(0.25));
   const double polynomial = 0.5 - 0.05 * std::pow(0.5, 3) + 0.01 * std::pow(0.5, 5) -
                             0.003 * std::pow(0.5, 7) + 0.0004 * std::pow(0.5, 9);
   EXPECT_DOUBLE_EQ(Camera(SettingsOf(CameraModel::kKannalaBrandt)).RadiusAt(0.5), 600 * polynomial);
@@ -89,6 +101,15 @@ TEST(Camera, FisheyeSeesBehindItselfAndPinholeDoesNot) {
   EXPECT_TRUE(Camera(SettingsOf(CameraModel::kEquidistant)).Project({1, 0, -1}));
   EXPECT_FALSE(Camera(SettingsOf(CameraModel::kPinhole)).Project({1, 0, -1}));
   EXPECT_FALSE(Camera(SettingsOf(CameraModel::kPinhole)).Project({1, 0, 0}));
+}
+
+TEST(Camera, EquisolidEndsAtTwoFocalLengthsAndStereographicNever) {
+  const Camera equisolid(SettingsOf(CameraModel::kEquisolid));
+  EXPECT_TRUE(equisolid.Project({1, 0, -10}));
+  EXPECT_FALSE(equisolid.Ray({1023.5 + 1201, 1023.5}));
+  const Camera stereographic(SettingsOf(CameraModel::kStereographic));
+  EXPECT_TRUE(stereographic.Ray({1023.5 + 1e5, 1023.5}));
+  EXPECT_FALSE(stereographic.Project({0, 0, -1}));
 }
 
 TEST(Camera, PolynomialEndsWhereItTurnsBack) {

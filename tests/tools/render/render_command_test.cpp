@@ -90,6 +90,15 @@ TEST(RenderCommand, MissingMarksReplaceThePresets) {
   EXPECT_THROW(RunRenderCommand(Small(folder.Path("a.bmp"), {"--preset", "dropped"})), InputError);
 }
 
+TEST(RenderCommand, ChessboardStandsWhereTheMarksWould) {
+  const TemporaryFolder folder;
+  RunRenderCommand(Small(folder.Path("crosses.bmp")));
+  RunRenderCommand(
+      Small(folder.Path("squares.bmp"), {"--pattern", "chessboard", "--missing", "0,1"}));
+  EXPECT_EQ(ReadText(folder.Path("squares.csv")), ReadText(folder.Path("crosses.csv")));
+  EXPECT_NE(ReadText(folder.Path("squares.bmp")), ReadText(folder.Path("crosses.bmp")));
+}
+
 TEST(RenderCommand, BadUsageIsRefusedAndWritesNothing) {
   const TemporaryFolder folder;
   const std::string output = folder.Path("a.bmp");

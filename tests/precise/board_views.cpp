@@ -1,0 +1,44 @@
+#include "tests/precise/board_views.h"
+
+namespace quorvex::tests {
+
+precise::CameraFit CameraOf(const DrawnBoard& board) {
+  constexpr double kDistance = 1e4;  // pitches
+  precise::CameraFit fit;
+  const Eigen::Vector2d right = board.step.normalized();
+  fit.model.rotation << right.x(), -right.y(), 0.0, right.y(), right.x(), 0.0, 0.0, 0.0, 1.0;
+  fit.model.translation = {0.0, 0.0, kDistance};
+  fit.model.focalLength = board.step.norm() * kDistance;
+  fit.model.centre = board.first;
+  fit.residual = 0.01;
+  fit.isFitted = true;
+  return fit;
+}
+
+precise::BoardFacts FactsOf(const DrawnBoard& board) {
+  precise::BoardFacts facts;
+  facts.strokeWidth.fill(board.stroke / board.step.norm());
+  facts.sigma.fill(board.blur);
+  facts.armEnd = board.arm;
+  return facts;
+}
+
+std::vector<precise::GridMark> TrueMarks(const DrawnBoard& board) {
+  std::vector<precise::GridMark> marks;
+  for (int row = 0; row < board.rows; ++row) {
+    for (int column = 0; column < board.columns; ++column) {
+      if (board.missing.count({row, column}) == 0) {
+        precise::GridMark mark;
+        mark.row = row;
+        mark.column = column;
+        mark.fit.isMeasured = true;
+        mark.fit.centre = board.Place(row, column);
+        mark.fit.covariance = 1e-4 * Eigen::Matrix2d::Identity();
+        marks.push_back(mark);
+      }
+    }
+  }
+  return marks;
+}
+
+}  // namespace quorvex::tests

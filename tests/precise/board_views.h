@@ -1,0 +1,22 @@
+// What stages of the direct detector need of a drawn board: its camera, facts and fitted marks.
+#ifndef QUORVEX_TESTS_PRECISE_BOARD_VIEWS_H_
+#define QUORVEX_TESTS_PRECISE_BOARD_VIEWS_H_
+
+#include <vector>
+
+#include "precise/board_map.h"
+#include "tests/precise/drawn_board.h"
+
+namespace quorvex::tests {
+
+// The camera that sees the board where it is drawn, far away, so that the picture is flat.
+precise::CameraFit CameraOf(const DrawnBoard& board);
+
+precise::BoardFacts FactsOf(const DrawnBoard& board);
+
+// All marks that are not missing, at their true places, with variances of (0.01 px)^2.
+std::vector<precise::GridMark> TrueMarks(const DrawnBoard& board);
+
+}  // namespace quorvex::tests
+
+#endif  // QUORVEX_TESTS_PRECISE_BOARD_VIEWS_H_

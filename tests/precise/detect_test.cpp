@@ -1,0 +1,129 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <vector>
+
+#include "interface/quorvex_precise.h"
+#include "tests/precise/drawn_board.h"
+
+namespace quorvex::tests {
+namespace {
+
+using precise::Detect;
+using precise::GrayPicture;
+using precise::ImageView;
+using precise::Mark;
+using precise::MarkColour;
+using precise::Options;
+using precise::Result;
+using precise::Verdict;
+
+DrawnBoard Board() {
+  DrawnBoard board;
+  board.width = 400;
+  board.height = 330;
+  board.rows = 5;
+  board.columns = 6;
+  board.first = {70.2, 35.6};
+  board.step = {55, 8};
+  board.noise = 2;
+  return board;
+}
+
+ImageView ViewOf(const GrayPicture& picture) {
+  return {picture.Row(0), picture.Width(), picture.Height(), picture.Width()};
+}
+
+void ExpectTheBoard(const DrawnBoard& board, const Result& result) {
+  ASSERT_EQ(result.marks.size(), 30U - board.missing.size())
+      << result.stage << ": " << result.reason;
+  EXPECT_EQ(result.reason, "");
+  EXPECT_EQ(result.stage, "");
+  for (const Mark& mark : result.marks) {
+    const Eigen::Vector2d place = board.Place(mark.row, mark.column);
+    EXPECT_NEAR(mark.x, place.x(), 0.05) << mark.row << ", " << mark.column;
+    EXPECT_NEAR(mark.y, place.y(), 0.05) << mark.row << ", " << mark.column;
+    EXPECT_GT(mark.cxx * mark.cyy, mark.cxy * mark.cxy);
+  }
+}
+
+TEST(Detect, FindsEveryMark) {
+  const DrawnBoard board = Board();
+  const GrayPicture picture = board.Draw();
+  const Result result = Detect(ViewOf(picture));
+  ExpectTheBoard(board, result);
+  EXPECT_NEAR(result.facts.noise, 2.0, 0.3);
+  EXPECT_NEAR(result.facts.strokeWidth, 3.0, 0.15);
+  EXPECT_NEAR(result.facts.pitch, board.step.norm(), 0.3);
+  EXPECT_NEAR(result.facts.blur, 0.7, 0.1);
+  EXPECT_NEAR(result.facts.armLength, 0.4, 0.02);
+}
+
+TEST(Detect, FindsLightMarksOnADarkBoard) {
+  DrawnBoard board = Board();
+  board.board = 50;
+  board.mark = 210;
+  const GrayPicture picture = board.Draw();
+  const Result result = Detect(ViewOf(picture));
+  ExpectTheBoard(board, result);
+  EXPECT_TRUE(result.facts.hasLightMarks);
+  Options options;
+  options.colour = MarkColour::kDark;
+  EXPECT_TRUE(Detect(ViewOf(picture), options).marks.empty());
+}
+
+TEST(Detect, RowsMayRunUpwardsAndHaveGaps) {
+  const DrawnBoard board = Board();
+  const GrayPicture picture = board.Draw();
+  const int stride = board.width + 13;
+  std::vector<unsigned char> bytes(static_cast<std::size_t>(stride * board.height), 0);
+  for (int y = 0; y < board.height; ++y) {
+    std::copy(picture.Row(y), picture.Row(y) + board.width,
+              bytes.begin() + (board.height - 1 - y) * stride);
+  }
+  ExpectTheBoard(board, Detect({bytes.data() + (board.height - 1) * stride, board.width,
+                                board.height, -stride}));
+}
+
+TEST(Detect, MissingMarksArePredictedOnDemandOnly) {
+  DrawnBoard board = Board();
+  board.missing.insert({2, 3});
+  const GrayPicture picture = board.Draw();
+  ExpectTheBoard(board, Detect(ViewOf(picture)));
+  Options options;
+  options.predictsMissing = true;
+  const Result result = Detect(ViewOf(picture), options);
+  ASSERT_EQ(result.marks.size(), 30U);
+  const Mark& mark = result.marks[2 * 6 + 3];
+  EXPECT_EQ(mark.verdict, Verdict::kPredicted);
+  const Eigen::Vector2d place = board.Place(2, 3);
+  EXPECT_LT(std::hypot(mark.x - place.x(), mark.y - place.y()), 0.05);
+  EXPECT_GT(mark.cxx, 0.0);
+}
+
+TEST(Detect, APictureWithoutMarksGivesAReason) {
+  DrawnBoard board = Board();
+  board.rows = board.columns = 0;
+  board.noise = 8;
+  const Result result = Detect(ViewOf(board.Draw()));
+  EXPECT_TRUE(result.marks.empty());
+  EXPECT_NE(result.reason, "");
+  EXPECT_EQ(result.stage, "seed");
+}
+
+TEST(Detect, WrongInputGivesAReason) {
+  std::vector<unsigned char> bytes(40 * 40, 128);
+  for (const ImageView& image :
+       {ImageView{nullptr, 40, 40, 40}, ImageView{bytes.data(), 15, 40, 40},
+        ImageView{bytes.data(), 40, 0, 40}, ImageView{bytes.data(), -40, 40, 40},
+        ImageView{bytes.data(), 40, 40, 39}, ImageView{bytes.data(), 40, 40, 0}}) {
+    const Result result = Detect(image);
+    EXPECT_TRUE(result.marks.empty());
+    EXPECT_EQ(result.stage, "input");
+    EXPECT_NE(result.reason, "");
+  }
+  EXPECT_EQ(Detect({bytes.data(), 16, 16, 40}).stage, "seed");
+}
+
+}  // namespace
+}  // namespace quorvex::tests

@@ -1,0 +1,104 @@
+#include "precise/grid_growth.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/precise/board_views.h"
+
+namespace quorvex::tests {
+namespace {
+
+using precise::Grid;
+using precise::GridMark;
+using precise::GrowGrid;
+using precise::Seed;
+using precise::SeedMark;
+
+DrawnBoard Board() {
+  DrawnBoard board;
+  board.width = 330;
+  board.height = 300;
+  board.rows = 5;
+  board.columns = 6;
+  board.first = {45.2, 30.6};
+  board.step = {48, 6};
+  board.noise = 1.5;
+  return board;
+}
+
+// Marks of the board's rows and columns up to some, a third of a pixel off.
+Seed SeedOf(const DrawnBoard& board, int rows, int columns) {
+  Seed seed;
+  seed.noise = 1.5;
+  seed.pitch = board.step.norm();
+  const Eigen::Vector2d right = board.step.normalized();
+  const Eigen::Vector2d down(-right.y(), right.x());
+  for (int row = 0; row < rows; ++row) {
+    for (int column = 0; column < columns; ++column) {
+      SeedMark mark;
+      mark.row = row;
+      mark.column = column;
+      mark.centre =
+          board.Place(row, column) + Eigen::Vector2d(0.2 * (row % 2), -0.2 * (column % 2));
+      const Eigen::Vector2d directions[4] = {right, down, -right, -down};
+      for (std::size_t arm = 0; arm < 4; ++arm) {
+        mark.arms[arm].isSeen = true;
+        mark.arms[arm].direction = directions[arm];
+        mark.arms[arm].length = board.arm * seed.pitch;
+        mark.arms[arm].contrast = 150.0;
+      }
+      seed.marks.push_back(mark);
+    }
+  }
+  return seed;
+}
+
+TEST(GridGrowth, FindsEveryMarkFromAFew) {
+  const DrawnBoard board = Board();
+  const Grid grid = GrowGrid(board.Draw(), SeedOf(board, 3, 3));
+  ASSERT_EQ(grid.marks.size(), 30U) << grid.reason;
+  for (const GridMark& mark : grid.marks) {
+    EXPECT_LT((mark.fit.centre - board.Place(mark.row, mark.column)).norm(), 0.08)
+        << mark.row << ", " << mark.column;
+  }
+}
+
+TEST(GridGrowth, CrossesAGap) {
+  DrawnBoard board = Board();
+  for (int row = 0; row < board.rows; ++row) {
+    board.missing.insert({row, 3});
+    board.missing.insert({row, 4});
+  }
+  const Grid grid = GrowGrid(board.Draw(), SeedOf(board, 5, 3));
+  ASSERT_EQ(grid.marks.size(), 20U) << grid.reason;
+  EXPECT_EQ(grid.marks.back().column, 5);
+}
+
+TEST(GridGrowth, AMissingMarkIsNotMadeUp) {
+  DrawnBoard board = Board();
+  board.missing.insert({3, 4});
+  const Grid grid = GrowGrid(board.Draw(), SeedOf(board, 3, 3));
+  EXPECT_EQ(grid.marks.size(), 29U);
+}
+
+TEST(GridGrowth, TooFewMarksGiveAReason) {
+  const DrawnBoard board = Board();
+  const Grid grid = GrowGrid(board.Draw(), SeedOf(board, 2, 2));
+  EXPECT_TRUE(grid.marks.empty());
+  EXPECT_EQ(grid.stage, "seed");
+  EXPECT_FALSE(grid.reason.empty());
+}
+
+TEST(GridGrowth, LabelsThatNoCameraSeesGiveAReason) {
+  const DrawnBoard board = Board();
+  Seed seed = SeedOf(board, 3, 3);
+  for (std::size_t i = 0; i < seed.marks.size(); ++i) {
+    seed.marks[i].row = static_cast<int>(i * 5 % 9);
+    seed.marks[i].column = static_cast<int>(i * 7 % 4);
+  }
+  const Grid grid = GrowGrid(board.Draw(), seed);
+  EXPECT_TRUE(grid.marks.empty());
+  EXPECT_FALSE(grid.reason.empty());
+}
+
+}  // namespace
+}  // namespace quorvex::tests

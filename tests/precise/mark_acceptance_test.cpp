@@ -1,0 +1,79 @@
+#include "precise/mark_acceptance.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/precise/board_views.h"
+
+namespace quorvex::tests {
+namespace {
+
+using precise::BoardMap;
+using precise::Expectation;
+using precise::GrayPicture;
+using precise::IsMark;
+using precise::MarkFit;
+using precise::MarkFrame;
+
+class MarkAcceptance : public testing::Test {
+ protected:
+  MarkAcceptance() : picture(200, 200, 0) {
+    DrawnBoard board;
+    BoardMap({}, CameraOf(board)).Frame(0, 0, FactsOf(board), frame);
+    fit.isMeasured = true;
+    fit.centre = frame.centre;
+    fit.covariance = 1e-4 * Eigen::Matrix2d::Identity();
+    fit.direction = frame.direction;
+    fit.darkness = 100.0;
+    for (auto& stroke : fit.arms) {
+      stroke[0].isSeen = stroke[1].isSeen = true;
+    }
+    expected.darkness = 100.0;
+    expected.tolerance = 2.0;
+  }
+
+  bool Accepted() const { return IsMark(picture, frame, fit, expected); }
+
+  GrayPicture picture;
+  MarkFrame frame;
+  MarkFit fit;
+  Expectation expected;
+};
+
+TEST_F(MarkAcceptance, AMarkAsExpectedIsOne) { EXPECT_TRUE(Accepted()); }
+
+TEST_F(MarkAcceptance, FarFromItsPlaceItIsNone) {
+  fit.centre.x() += 2.5;
+  EXPECT_FALSE(Accepted());
+}
+
+TEST_F(MarkAcceptance, MuchFainterThanItsNeighboursItIsNone) {
+  fit.darkness = 20.0;
+  EXPECT_FALSE(Accepted());
+}
+
+TEST_F(MarkAcceptance, TurnedAgainstThePredictionItIsNone) {
+  fit.direction[1] = Eigen::Vector2d(0.17, 0.985).normalized();
+  EXPECT_FALSE(Accepted());
+}
+
+TEST_F(MarkAcceptance, TwoArmsDoOnlyWhereThePlaceIsWellPredicted) {
+  fit.arms[0][1].isSeen = fit.arms[1][1].isSeen = false;
+  EXPECT_FALSE(Accepted());
+  expected.isWellPredicted = true;
+  EXPECT_TRUE(Accepted());
+}
+
+TEST_F(MarkAcceptance, TwoArmsDoInACornerOfThePicture) {
+  fit.arms[0][1].isSeen = fit.arms[1][1].isSeen = false;
+  frame.centre = fit.centre = {3.0, 4.0};
+  EXPECT_TRUE(Accepted());
+}
+
+TEST_F(MarkAcceptance, OneStrokeAloneIsNone) {
+  fit.arms[1][0].isSeen = fit.arms[1][1].isSeen = false;
+  expected.isWellPredicted = true;
+  EXPECT_FALSE(Accepted());
+}
+
+}  // namespace
+}  // namespace quorvex::tests

@@ -1,0 +1,98 @@
+// The direct detection through the command: its lists, its check of the other one, exit codes.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/support/command_test.h"
+#include "tests/support/small_target.h"
+#include "tools/lists/points_file.h"
+#include "tools/pictures/picture_file.h"
+
+namespace quorvex::tests {
+
+using namespace tools;
+
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class PreciseCommand : public CommandTest {
+ protected:
+  PreciseCommand() {
+    WritePictureFile(RenderSmallTarget().picture, folder.Path("target.bmp"));
+    WritePictureFile(FlatPicture(64, 48, 20), folder.Path("dark.bmp"));
+  }
+};
+
+TEST_F(PreciseCommand, WritesKindsAndCovariances) {
+  ASSERT_EQ(Run("detect --precise target.bmp"), 0) << errors;
+  EXPECT_THAT(output, StartsWith("id,row,col,x,y,kind,cxx,cxy,cyy\n1,0,0,"));
+  EXPECT_THAT(output, HasSubstr(",measured,"));
+  EXPECT_THAT(errors, HasSubstr("19 points, 4 rows x 5 columns, empty: place (1,2)"));
+  EXPECT_TRUE(LeftNothingTemporary());
+}
+
+TEST_F(PreciseCommand, PredictsOnDemand) {
+  ASSERT_EQ(Run("detect --precise --predict target.bmp"), 0) << errors;
+  EXPECT_THAT(output, HasSubstr(",predicted,"));
+  EXPECT_EQ(Run("detect --predict target.bmp"), 2);
+}
+
+TEST_F(PreciseCommand, WritesThePicturesFactsIntoJson) {
+  ASSERT_EQ(Run("detect --precise target.bmp -o points.json"), 0) << errors;
+  EXPECT_THAT(ReadWhole(folder.Path("points.json")), HasSubstr("\"facts\": {\"noise\": "));
+  const std::vector<PointsOfImage> images = ReadPointsFile(folder.Path("points.json"));
+  ASSERT_EQ(images.size(), 1u);
+  EXPECT_EQ(images[0].points.size(), 19u);
+  EXPECT_TRUE(images[0].points[0].covariance);
+}
+
+// Positions keep all of their digits, and a covariance stays with its point.
+TEST_F(PreciseCommand, ListsCanBeCorrected) {
+  ASSERT_EQ(Run("detect --precise target.bmp -o points.csv"), 0) << errors;
+  const std::string before = ReadWhole(folder.Path("points.csv"));
+  ASSERT_EQ(Run("points delete points.csv --id 1"), 0) << errors;
+  const std::size_t second = before.find("\n2,") + 1;
+  EXPECT_EQ(output, before.substr(0, before.find('\n') + 1) + before.substr(second));
+}
+
+TEST_F(PreciseCommand, WorksInThreads) {
+  ASSERT_EQ(Run("detect --precise target.bmp dark.bmp target.bmp -j 3 -q"), 1);
+  EXPECT_THAT(errors, HasSubstr("dark.bmp: no target was found: "));
+  EXPECT_THAT(output, HasSubstr("dark.bmp,,,,,,failed"));
+}
+
+TEST_F(PreciseCommand, RefusesOptionsOfTheOtherDetection) {
+  EXPECT_EQ(Run("detect --precise target.bmp --row-span 3"), 2);
+  EXPECT_EQ(Run("detect --precise target.bmp --diagnostics stages"), 2);
+  EXPECT_EQ(Run("detect --precise target.bmp --no-check"), 2);
+}
+
+TEST_F(PreciseCommand, ExpectsAGrid) {
+  EXPECT_EQ(Run("detect --precise target.bmp --expect 4x5 -q"), 0) << errors;
+  EXPECT_EQ(Run("detect --precise target.bmp --expect 5x4 -q"), 1);
+  EXPECT_THAT(errors, HasSubstr("target.bmp: a grid of 4x5 was found, not of 5x4"));
+  EXPECT_EQ(Run("detect target.bmp --expect 4x6 -q"), 1);
+  EXPECT_EQ(Run("detect target.bmp --expect 4"), 2);
+}
+
+TEST_F(PreciseCommand, TheCheckIsSilentWhereAllIsWell) {
+  ASSERT_EQ(Run("render --preset easy -o easy.bmp -q"), 0) << errors;
+  ASSERT_EQ(Run("detect easy.bmp -q --strict"), 0) << errors;
+  EXPECT_EQ(errors, "");
+}
+
+// The other detection needs a mark near the middle of the picture and finds two of this board.
+TEST_F(PreciseCommand, TheCheckTellsWhatIsWrong) {
+  ASSERT_EQ(Run("detect target.bmp -q"), 0) << errors;
+  EXPECT_THAT(errors, HasSubstr("quorvex: target.bmp: by the direct detection 17 marks were lost"));
+  EXPECT_EQ(Run("detect target.bmp -q --strict"), 1);
+  EXPECT_THAT(output, StartsWith("id,row,col"));
+  ASSERT_EQ(Run("detect target.bmp -q --no-check"), 0);
+  EXPECT_EQ(errors, "");
+}
+
+}  // namespace
+}  // namespace quorvex::tests
