@@ -86,6 +86,7 @@ HoughVotes::HoughVotes(int width, int height)
 // differences of the second, the third and the fourth pixel, two bits each, are the pattern's
 // number.
 void HoughVotes::MakePatterns() {
+  FourVotes* patterns = patterns_.data();
   for (int length = 1; length <= kPieceLimit; ++length) {
     for (int pattern = 0; pattern < kPatterns; ++pattern) {
       std::uint16_t votes[4] = {};
@@ -93,8 +94,7 @@ void HoughVotes::MakePatterns() {
       for (int pixel = 1; pixel < length; ++pixel) {
         ++votes[pattern >> 2 * (pixel - 1) & 3];
       }
-      std::memcpy(&patterns_[static_cast<std::size_t>((length - 1) * kPatterns + pattern)], votes,
-                  sizeof votes);
+      std::memcpy(patterns++, votes, sizeof votes);
     }
   }
 }
@@ -145,7 +145,7 @@ void HoughVotes::CastPiece(const Piece& piece, DegreeRange degrees) {
     bins[degree] = rows[degree] + first;
     numbers[degree] = second + (third << 2) + (fourth << 4);
   }
-  const FourVotes* patterns = patterns_.data() + (piece.length - 1) * kPatterns;
+  const FourVotes* patterns = patterns_.data() + std::ptrdiff_t{piece.length - 1} * kPatterns;
   std::uint16_t* votes = newVotes_.data();
   for (int degree = degrees.first; degree < degrees.end; ++degree) {
     FourVotes four;

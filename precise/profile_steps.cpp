@@ -23,6 +23,7 @@ using Matrix6 = Eigen::Matrix<double, 6, 6>;
 
 double TypicalPitch(const std::vector<ProfilePiece>& pieces) {
   std::vector<double> pitches;
+  pitches.reserve(pieces.size());
   for (const ProfilePiece& piece : pieces) {
     pitches.push_back(piece.pitch);
   }

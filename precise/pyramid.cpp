@@ -16,34 +16,18 @@ PyramidLevel EmptyLevel(int index, int width, int height) {
   return level;
 }
 
-// Sums of 2 x 2 pixels, 4 to a grey level.
-PyramidLevel HalfSums(const GrayPicture& picture) {
-  PyramidLevel sums = EmptyLevel(1, picture.Width() / 2, picture.Height() / 2);
+// Sums of 2 x 2 values, in `sums`, which is half as wide and as high as where they come from.
+template <typename Source>
+void SumByFours(const Source& source, PyramidLevel& sums) {
   for (int y = 0; y < sums.height; ++y) {
-    const std::uint8_t* upper = picture.Row(2 * y);
-    const std::uint8_t* lower = picture.Row(2 * y + 1);
+    const auto* upper = source.Row(2 * y);
+    const auto* lower = source.Row(2 * y + 1);
     std::uint16_t* to = sums.Row(y);
-    for (int x = 0; x < sums.width; ++x) {
+    for (std::ptrdiff_t x = 0; x < sums.width; ++x) {
       to[x] = static_cast<std::uint16_t>(upper[2 * x] + upper[2 * x + 1] + lower[2 * x] +
                                          lower[2 * x + 1]);
     }
   }
-  return sums;
-}
-
-// Sums of 4 x 4 pixels, 16 to a grey level.
-PyramidLevel QuarterSums(const PyramidLevel& half) {
-  PyramidLevel sums = EmptyLevel(2, half.width / 2, half.height / 2);
-  for (int y = 0; y < sums.height; ++y) {
-    const std::uint16_t* upper = half.Row(2 * y);
-    const std::uint16_t* lower = half.Row(2 * y + 1);
-    std::uint16_t* to = sums.Row(y);
-    for (int x = 0; x < sums.width; ++x) {
-      to[x] = static_cast<std::uint16_t>(upper[2 * x] + upper[2 * x + 1] + lower[2 * x] +
-                                         lower[2 * x + 1]);
-    }
-  }
-  return sums;
 }
 
 // The row with its ends repeated twice on either side: index x + 2 is pixel x.
@@ -124,8 +108,10 @@ PyramidLevel FullSize(const GrayPicture& picture) {
 }  // namespace
 
 Pyramid BuildPyramid(const GrayPicture& picture) {
-  const PyramidLevel half = HalfSums(picture);
-  const PyramidLevel quarter = QuarterSums(half);
+  PyramidLevel half = EmptyLevel(1, picture.Width() / 2, picture.Height() / 2);
+  SumByFours(picture, half);  // 4 to a grey level
+  PyramidLevel quarter = EmptyLevel(2, half.width / 2, half.height / 2);
+  SumByFours(half, quarter);  // 16 to a grey level
   return {FullSize(picture), Smoothed(half, 2), Smoothed(quarter, 4)};
 }
 

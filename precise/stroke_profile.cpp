@@ -82,7 +82,7 @@ int EdgeTables::DirectionIndex(const Eigen::Vector2d& normal) {
   const double x = std::abs(normal.x());
   const double y = std::abs(normal.y());
   const double angle = std::atan2(std::min(x, y), std::max(x, y));
-  return static_cast<int>(angle / (0.5 * kQuarterTurn) * (kDirections - 1) + 0.5);
+  return static_cast<int>(std::lround(angle / (0.5 * kQuarterTurn) * (kDirections - 1)));
 }
 
 double EdgeTables::Lookup(const std::vector<double>& table, double inside) const {

@@ -24,8 +24,10 @@ StrokeSection CutStroke(const PyramidLevel& level, const Eigen::Vector2d& point,
   }
   section.isInside = true;
   std::array<int, 2 * kHalf + 1> values{};
-  for (int k = -kHalf; k <= kHalf; ++k) {
-    values[static_cast<std::size_t>(k + kHalf)] = level.SampleFixed(x + k * stepX, y + k * stepY);
+  int k = -kHalf;
+  for (int& value : values) {
+    value = level.SampleFixed(x + k * stepX, y + k * stepY);
+    ++k;
   }
   const int side = std::min(values.front(), values.back());
   section.brightest = static_cast<double>(std::max(values.front(), values.back())) / kLevelUnit;
@@ -34,10 +36,12 @@ StrokeSection CutStroke(const PyramidLevel& level, const Eigen::Vector2d& point,
       kLevelUnit;
   int mass = 0;
   int moment = 0;
-  for (int k = -kHalf; k <= kHalf; ++k) {
-    const int darkness = std::max(0, side - values[static_cast<std::size_t>(k + kHalf)]);
+  k = -kHalf;
+  for (const int value : values) {
+    const int darkness = std::max(0, side - value);
     mass += darkness;
     moment += k * darkness;
+    ++k;
   }
   section.offset = mass > 0 ? spacing * moment / mass : 0.0;
   return section;
