@@ -76,7 +76,8 @@ void StepOutward(const Growth& growth, int direction, PointList& output) {
   std::vector<QuadraticCoefficients> curves = {growth.seed};
   int k = 0;
   // The span bounds k, not its magnitude: it does not end a walk towards smaller values. That one
-  // ends when its marks run out, or when a curve comes back after which it would repeat itself.
+  // ends when its marks run out, or when a curve comes back after which it would repeat itself;
+  // a negative span ends either walk after its first step.
   do {
     PointList candidates = CollectCandidates(growth, curves.back(), static_cast<float>(direction));
     if (candidates.size() < kFewestCandidates) {
@@ -84,7 +85,7 @@ void StepOutward(const Growth& growth, int direction, PointList& output) {
     }
     QuadraticCoefficients curve;
     RejectOutliers(axis.curve, candidates, kRejectionTolerance, curve);
-    if (direction < 0 && IsAmong(curves, curve)) {
+    if (direction < 0 && growth.span >= 0 && IsAmong(curves, curve)) {
       return;
     }
     curves.push_back(curve);

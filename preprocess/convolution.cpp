@@ -33,7 +33,7 @@ unsigned char MagnitudeToLevel(float value) {
 
 bool Convolve3x3(unsigned char* image, int width, int height, const float* kernel, float scale, int,
                  int, int, int) {
-  if (width < 3 || height < 3) {
+  if (width < 1 || height < 1) {
     return true;
   }
   const std::size_t stride = BitmapStride(width);
@@ -41,6 +41,9 @@ bool Convolve3x3(unsigned char* image, int width, int height, const float* kerne
   LocalBuffer convolved(size);
   if (!convolved.IsValid()) {
     return false;
+  }
+  if (width < 3 || height < 3) {
+    return true;
   }
   std::memcpy(convolved.Data(), image, size);
   for (int y = height - 2; y >= 1; --y) {

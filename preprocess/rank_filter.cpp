@@ -60,7 +60,7 @@ void PickSixthSmallest(const SortedColumns& sorted, int width, unsigned char* __
 }  // namespace
 
 bool RankFilter3x3(unsigned char* image, int width, int height, int) {
-  if (width < 3 || height < 3) {
+  if (width < 1 || height < 1) {
     return true;
   }
   const std::size_t stride = BitmapStride(width);
@@ -70,6 +70,9 @@ bool RankFilter3x3(unsigned char* image, int width, int height, int) {
   LocalBuffer columns(3 * rowSize);
   if (!above.IsValid() || !columns.IsValid()) {
     return false;
+  }
+  if (width < 3 || height < 3) {
+    return true;
   }
   const SortedColumns sorted{columns.Data(), columns.Data() + rowSize,
                              columns.Data() + 2 * rowSize};

@@ -213,6 +213,14 @@ TEST(GrowRows, TheWalkTowardsSmallerYEndsWhenItsCurveComesBack) {
   EXPECT_TRUE(output.empty());
 }
 
+TEST(GrowRows, ANegativeSpanEndsBothWalksAfterOneStep) {
+  PointList output;
+  EXPECT_TRUE(GrowRows(MarksOfOneX(-100.0f), -1, 0, {}, output));
+  ASSERT_EQ(output.size(), 1u);
+  EXPECT_EQ(output[0].y, -300.0f);
+  EXPECT_EQ(output[0].row, 1);
+}
+
 TEST(GrowRows, TheWalkTowardsLargerYRepeatsUntilTheSpanEndsIt) {
   PointList output;
   EXPECT_TRUE(GrowRows(MarksOfOneX(100.0f), 1, 0, {}, output));

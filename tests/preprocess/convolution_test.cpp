@@ -147,5 +147,12 @@ TEST(Convolution, MissingMemoryIsFalseAndLeavesTheImage) {
   EXPECT_EQ(image, Bytes(12, 5));
 }
 
+TEST(Convolution, MissingMemoryIsFalseForTwoRows) {
+  Bytes image(8, 5);
+  const FailNth fault(Fault::kLocalAlloc, 1);
+  EXPECT_FALSE(Convolve3x3(image.data(), 4, 2, kIdentity.data(), 2.0f, 0, 0, 0, 0));
+  EXPECT_TRUE(fault.HasHappened());
+}
+
 }  // namespace
 }  // namespace quorvex::tests

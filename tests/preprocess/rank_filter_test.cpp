@@ -153,5 +153,12 @@ TEST(RankFilter, MissingMemoryIsFalseAndLeavesTheImage) {
   }
 }
 
+TEST(RankFilter, MissingMemoryIsFalseForTwoRows) {
+  GrayImage image = ImageOf({"....", ".#.."});
+  const FailNth fault(Fault::kLocalAlloc, 1);
+  EXPECT_FALSE(RankFilter3x3(image.Data(), 4, 2, 0));
+  EXPECT_TRUE(fault.HasHappened());
+}
+
 }  // namespace
 }  // namespace quorvex::tests
