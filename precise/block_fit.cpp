@@ -3,7 +3,6 @@
 #include <Eigen/Cholesky>
 #include <Eigen/Core>
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace quorvex::precise {
@@ -17,37 +16,43 @@ constexpr double kMiddlePart = 0.5;       // of half the width and one sigma: th
 using Vector4 = Eigen::Vector4d;
 using Matrix4 = Eigen::Matrix4d;
 
-// Normal equations; of the symmetric matrix the upper half, row by row. The first unknown's row is
-// 1, so that its sums are counts and plain sums.
+using Pair = Eigen::Array2d;  // what processors compute at once
+
+// Normal equations of a block: sums over its pixels of products of the unknowns' factors and the
+// level. The factors are 1, the distance across, minus the covered part, and the shifted one (the
+// covered part's derivative); the last two are a pair, the covered part with its own sign.
 struct Sums {
-  std::array<double, 9> normal = {};  // 01 02 03 11 12 13 22 23 33
-  std::array<double, 4> right = {};
-  double square = 0.0;
+  Pair pair = Pair::Zero();
+  Pair pairByAcross = Pair::Zero();
+  Pair pairByLevel = Pair::Zero();
+  Pair pairSquares = Pair::Zero();
+  double pairProduct = 0.0;
+  double across = 0.0;
+  double acrossSquare = 0.0;
+  double level = 0.0;
+  double levelByAcross = 0.0;
+  double levelSquare = 0.0;
   double along = 0.0;
-  int count = 0;
   double middle = 0.0;
   double sides[2] = {0.0, 0.0};
+  int count = 0;
   int middleCount = 0;
   int sideCounts[2] = {0, 0};
 };
 
 // What a pixel adds to its block's sums; the level counts from a base so that squares stay small.
-void Add(Sums& sums, double slope, double dark, double shifted, double level, double u) {
-  sums.normal[0] += slope;
-  sums.normal[1] += dark;
-  sums.normal[2] += shifted;
-  sums.normal[3] += slope * slope;
-  sums.normal[4] += slope * dark;
-  sums.normal[5] += slope * shifted;
-  sums.normal[6] += dark * dark;
-  sums.normal[7] += dark * shifted;
-  sums.normal[8] += shifted * shifted;
-  sums.right[0] += level;
-  sums.right[1] += slope * level;
-  sums.right[2] += dark * level;
-  sums.right[3] += shifted * level;
-  sums.square += level * level;
-  sums.along += u;
+void Add(Sums& sums, double across, const Pair& pair, double level, double along) {
+  sums.pair += pair;
+  sums.pairByAcross += across * pair;
+  sums.pairByLevel += level * pair;
+  sums.pairSquares += pair * pair;
+  sums.pairProduct += pair[0] * pair[1];
+  sums.across += across;
+  sums.acrossSquare += across * across;
+  sums.level += level;
+  sums.levelByAcross += level * across;
+  sums.levelSquare += level * level;
+  sums.along += along;
   ++sums.count;
 }
 
@@ -73,11 +78,16 @@ bool Solve(const Sums& sums, double peak, Block& block) {
   if (sums.count < kFewestPixels || sums.middleCount == 0) {
     return false;
   }
-  const std::array<double, 9>& n = sums.normal;
+  const double dark = -sums.pair[0];
+  const double shifted = sums.pair[1];
+  const double darkAcross = -sums.pairByAcross[0];
+  const double shiftedAcross = sums.pairByAcross[1];
   Matrix4 normal;
-  normal << sums.count, n[0], n[1], n[2], n[0], n[3], n[4], n[5], n[1], n[4], n[6], n[7], n[2],
-      n[5], n[7], n[8];
-  const Vector4 right(sums.right[0], sums.right[1], sums.right[2], sums.right[3]);
+  normal << sums.count, sums.across, dark, shifted,               //
+      sums.across, sums.acrossSquare, darkAcross, shiftedAcross,  //
+      dark, darkAcross, sums.pairSquares[0], -sums.pairProduct,   //
+      shifted, shiftedAcross, -sums.pairProduct, sums.pairSquares[1];
+  const Vector4 right(sums.level, sums.levelByAcross, -sums.pairByLevel[0], sums.pairByLevel[1]);
   const Eigen::LDLT<Matrix4> solver(normal);
   if (solver.info() != Eigen::Success || solver.vectorD().minCoeff() <= 1e-9) {
     return false;
@@ -86,7 +96,7 @@ bool Solve(const Sums& sums, double peak, Block& block) {
   const double variance = solver.solve(Vector4::UnitW()).w();
   block.along = sums.along / sums.count;
   block.darkness = solution[2];
-  const double residual = sums.square - solution.dot(right);
+  const double residual = sums.levelSquare - solution.dot(right);
   block.misfit = std::max(residual, 0.0) / (sums.count - 4);
   // Beside the other stroke there may be no clear side; the fit's own word then stands.
   block.contrast = solution[2] * peak;
@@ -129,20 +139,22 @@ void FitBlocks(const GrayPicture& picture, const Stroke& stroke, const Stroke& o
         if (base < 0.0) {
           base = level;
         }
-        const StrokeProfile::Value own = stroke.profile.At(v);
-        const StrokeProfile::Value crossing = std::abs(u) > clear
-                                                  ? StrokeProfile::Value{0.0, 0.0}
-                                                  : OtherAt(other, Eigen::Vector2d(x, y));
-        const double open = 1.0 - crossing.dark;
-        const double both = own.dark * crossing.dark + overlap * own.slope * crossing.slope;
+        Pair pair = stroke.profile.PairAt(v);
+        bool isClear = true;
+        if (std::abs(u) <= clear) {
+          const StrokeProfile::Value crossing = OtherAt(other, Eigen::Vector2d(x, y));
+          const double both = pair[0] * crossing.dark + overlap * pair[1] * crossing.slope;
+          pair = Pair(pair[0] + crossing.dark - both, pair[1] * (1.0 - crossing.dark));
+          isClear = crossing.dark < 0.05;
+        }
         const int index =
             std::min(static_cast<int>((u - span.from) * blocksPerPixel), span.count - 1);
         Sums& block = sums[static_cast<std::size_t>(index)];
-        Add(block, v, both - own.dark - crossing.dark, own.slope * open, level - base, u);
+        Add(block, v, pair, level - base, u);
         if (std::abs(v) <= middle) {
           block.middle += level;
           ++block.middleCount;
-        } else if (std::abs(v) >= side && crossing.dark < 0.05) {
+        } else if (std::abs(v) >= side && isClear) {
           block.sides[v > 0.0 ? 1 : 0] += level;
           ++block.sideCounts[v > 0.0 ? 1 : 0];
         }

@@ -10,13 +10,14 @@
 namespace quorvex::precise {
 namespace {
 
-constexpr double kPieceFrom = 0.35;   // of an arm: clear of the crossing
-constexpr double kPieceTo = 0.85;     // of an arm: clear of its end
-constexpr double kFirstBend = 0.3;    // px at the end of the arms, of the first fits
-constexpr int kEndBins = 60;          // of the darkness along arms
-constexpr double kEndReach = 0.6;     // pitches; beyond, the neighbour's arms are
-constexpr double kGoesOn = 0.5;       // pitches: arms that touch their neighbours'
-constexpr double kPlateauFrom = 0.5;  // of the expected arm, where it is surely dark
+constexpr double kPieceFrom = 0.35;     // of an arm: clear of the crossing
+constexpr double kPieceTo = 0.85;       // of an arm: clear of its end
+constexpr double kFirstBend = 0.3;      // px at the end of the arms, of the first fits
+constexpr std::size_t kFirstMarks = 6;  // of the first round; even a hidden half tells enough
+constexpr int kEndBins = 60;            // of the darkness along arms
+constexpr double kEndReach = 0.6;       // pitches; beyond, the neighbour's arms are
+constexpr double kGoesOn = 0.5;         // pitches: arms that touch their neighbours'
+constexpr double kPlateauFrom = 0.5;    // of the expected arm, where it is surely dark
 constexpr double kPlateauTo = 0.7;
 
 using Index = std::size_t;
@@ -182,8 +183,11 @@ bool MeasureBoard(const GrayPicture& picture, const BoardMap& map,
   if (frames.empty() || !FitBothProfiles(picture, frames, true, facts)) {
     return false;
   }
-  for (int round = 0; round < 2; ++round) {
-    frames = FittedFrames(picture, map, marks, noise, facts);
+  // The first round need not be precise: some of the marks are enough.
+  std::vector<GridLabel> some = marks;
+  some.resize(std::min(kFirstMarks, marks.size()));
+  for (const std::vector<GridLabel>& round : {some, marks}) {
+    frames = FittedFrames(picture, map, round, noise, facts);
     if (frames.empty() || !FitBothProfiles(picture, frames, false, facts)) {
       return false;
     }

@@ -1,22 +1,16 @@
 #include "precise/board_map.h"
 
 #include <Eigen/Cholesky>
-#include <Eigen/LU>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace quorvex::precise {
 namespace {
 
-constexpr int kWindow = 3;               // labels on each side that a place is smoothed from
-constexpr double kKernelLength = 3.0;    // pitches over which what is off changes
 constexpr double kLeastVariance = 1e-6;  // px^2; marks are not measured better than 0.001 px
 constexpr int kBendSamples = 4;          // places on each arm that its bend is taken from
 constexpr double kBendReach = 0.45;      // pitches, the farthest of them
-
-double Kernel(const Eigen::Vector2d& difference) {
-  return std::exp(-0.5 * difference.squaredNorm() / (kKernelLength * kKernelLength));
-}
 
 double Median(std::vector<double>& values) {
   const std::ptrdiff_t middle = static_cast<std::ptrdiff_t>(values.size() / 2);
@@ -46,59 +40,6 @@ std::array<double, 2> BendOf(const std::vector<Eigen::Vector2d>& points,
 
 }  // namespace
 
-// What is off around a label, as a function of the label.
-class BoardMap::Field {
- public:
-  Field(const std::vector<Eigen::Vector2d>& labels, const std::vector<Residual>& residuals,
-        double variance)
-      : labels_(labels), variance_(variance) {
-    const Eigen::Index count = static_cast<Eigen::Index>(labels.size());
-    if (count == 0 || !(variance > 0.0)) {
-      labels_.clear();
-      return;
-    }
-    Eigen::MatrixXd kernel(count, count);
-    Eigen::MatrixX2d away(count, 2);
-    for (Eigen::Index i = 0; i < count; ++i) {
-      const std::size_t first = static_cast<std::size_t>(i);
-      for (Eigen::Index j = 0; j <= i; ++j) {
-        const std::size_t second = static_cast<std::size_t>(j);
-        kernel(i, j) = kernel(j, i) = variance * Kernel(labels[first] - labels[second]);
-      }
-      kernel(i, i) += residuals[first].variance;
-      away.row(i) = residuals[first].away.transpose();
-    }
-    solver_.compute(kernel);
-    weights_ = solver_.solve(away);
-  }
-
-  Eigen::Vector2d At(const Eigen::Vector2d& label) const {
-    Eigen::Vector2d sum = Eigen::Vector2d::Zero();
-    for (std::size_t i = 0; i < labels_.size(); ++i) {
-      const double kernel = variance_ * Kernel(label - labels_[i]);
-      sum += kernel * weights_.row(static_cast<Eigen::Index>(i)).transpose();
-    }
-    return sum;
-  }
-
-  double Variance(const Eigen::Vector2d& label) const {
-    if (labels_.empty()) {
-      return variance_;
-    }
-    Eigen::VectorXd kernel(static_cast<Eigen::Index>(labels_.size()));
-    for (std::size_t i = 0; i < labels_.size(); ++i) {
-      kernel[static_cast<Eigen::Index>(i)] = variance_ * Kernel(label - labels_[i]);
-    }
-    return std::max(variance_ - kernel.dot(solver_.solve(kernel)), 0.0);
-  }
-
- private:
-  std::vector<Eigen::Vector2d> labels_;
-  double variance_;
-  Eigen::LLT<Eigen::MatrixXd> solver_;
-  Eigen::MatrixX2d weights_;
-};
-
 BoardMap::BoardMap(const std::vector<GridMark>& marks, const CameraFit& camera) : camera_(camera) {
   std::vector<double> squares;
   std::vector<double> variances;
@@ -121,44 +62,50 @@ BoardMap::BoardMap(const std::vector<GridMark>& marks, const CameraFit& camera) 
   }
 }
 
-BoardMap::Field BoardMap::FieldAround(int row, int column, bool withoutItself) const {
-  std::vector<Eigen::Vector2d> labels;
-  std::vector<Residual> residuals;
-  for (int r = row - kWindow; r <= row + kWindow; ++r) {
-    for (int c = column - kWindow; c <= column + kWindow; ++c) {
-      const auto found = residuals_.find({r, c});
-      if (found != residuals_.end() && !(withoutItself && r == row && c == column)) {
-        labels.emplace_back(c, r);
-        residuals.push_back(found->second);
+const BoardField& BoardMap::FieldAround(int row, int column) const {
+  const auto known = fields_.find({row, column});
+  if (known != fields_.end()) {
+    return known->second;
+  }
+  std::vector<Deviation> marks;
+  for (int r = -kFieldWindow; r <= kFieldWindow; ++r) {
+    for (auto mark = residuals_.lower_bound({row + r, column - kFieldWindow});
+         mark != residuals_.end() && mark->first <= Label(row + r, column + kFieldWindow); ++mark) {
+      const int c = mark->first.second - column;
+      if (r * r + c * c <= kFieldReach) {
+        marks.push_back({r, c, mark->second.away, mark->second.variance});
       }
     }
   }
-  return Field(labels, residuals, fieldSigma_ * fieldSigma_);
+  return fields_
+      .emplace(Label(row, column), BoardField(std::move(marks), fieldSigma_ * fieldSigma_))
+      .first->second;
 }
 
 Predicted BoardMap::At(int row, int column, bool withoutItself) const {
   Predicted predicted;
-  const Eigen::Vector2d label(column, row);
   CameraModel::Jacobian jacobian;
-  predicted.isSeen = camera_.model.Project(label, predicted.pixel, &jacobian);
+  predicted.isSeen = camera_.model.Project({column, row}, predicted.pixel, &jacobian);
   if (predicted.isSeen) {
-    const Field field = FieldAround(row, column, withoutItself);
-    predicted.pixel += field.At(label);
+    const BoardField& field = FieldAround(row, column);
+    const BoardField::Estimate estimate =
+        withoutItself ? field.AtMiddleByOthers() : field.AtMiddle();
+    predicted.pixel += estimate.away;
     predicted.covariance = jacobian * camera_.covariance * jacobian.transpose() +
-                           field.Variance(label) * Eigen::Matrix2d::Identity();
+                           estimate.variance * Eigen::Matrix2d::Identity();
   }
   return predicted;
 }
 
 bool BoardMap::Frame(int row, int column, const BoardFacts& facts, MarkFrame& frame) const {
-  const Field field = FieldAround(row, column, false);
   const Eigen::Vector2d middle(column, row);
   Eigen::Vector2d pixel;
   Eigen::Matrix2d byLabel;
   if (!camera_.model.Project(middle, pixel, nullptr, &byLabel)) {
     return false;
   }
-  frame.centre = pixel + field.At(middle);
+  const BoardField& field = FieldAround(row, column);
+  frame.centre = pixel + field.AtMiddle().away;
   for (int stroke = 0; stroke < 2; ++stroke) {
     const std::size_t s = static_cast<std::size_t>(stroke);
     const Eigen::Vector2d step = stroke == 0 ? Eigen::Vector2d::UnitX() : Eigen::Vector2d::UnitY();
@@ -172,9 +119,9 @@ bool BoardMap::Frame(int row, int column, const BoardFacts& facts, MarkFrame& fr
     frame.width[s] = facts.strokeWidth[s] * std::abs(normal.dot(byLabel.col(1 - stroke)));
     std::vector<Eigen::Vector2d> points;
     for (int i = -kBendSamples; i <= kBendSamples; ++i) {
-      const Eigen::Vector2d label = middle + step * (kBendReach * i / kBendSamples);
-      if (i != 0 && camera_.model.Project(label, pixel)) {
-        points.push_back(pixel + field.At(label));
+      const Eigen::Vector2d away = step * (kBendReach * i / kBendSamples);
+      if (i != 0 && camera_.model.Project(middle + away, pixel)) {
+        points.push_back(pixel + field.At(away.x(), away.y()));
       }
     }
     Eigen::Vector2d ends[2];

@@ -1,6 +1,5 @@
 // Where every label of a board is seen: the camera model, and near measured marks what these are
-// off from it, smoothed (Gaussian process regression with a squared exponential kernel over the
-// labels; Rasmussen and Williams, 2006).
+// off from it, smoothed.
 #ifndef QUORVEX_PRECISE_BOARD_MAP_H_
 #define QUORVEX_PRECISE_BOARD_MAP_H_
 
@@ -10,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "precise/board_field.h"
 #include "precise/camera_fit.h"
 #include "precise/mark_fit.h"
 
@@ -36,6 +36,7 @@ struct Predicted {
   Eigen::Matrix2d covariance = Eigen::Matrix2d::Zero();  // px^2
 };
 
+// One map serves one thread: what it says around a label is kept when it is first asked for.
 class BoardMap {
  public:
   // Marks of the fit that are not measured are left out. width and height of the picture, px.
@@ -52,17 +53,19 @@ class BoardMap {
   bool Frame(int row, int column, const BoardFacts& facts, MarkFrame& frame) const;
 
  private:
-  class Field;
-  Field FieldAround(int row, int column, bool withoutItself) const;
+  using Label = std::pair<int, int>;  // row, column
 
   struct Residual {
     Eigen::Vector2d away;  // px, measured minus camera
     double variance;       // px^2, of the measurement
   };
 
+  const BoardField& FieldAround(int row, int column) const;
+
   CameraFit camera_;
   double fieldSigma_ = 0.0;
-  std::map<std::pair<int, int>, Residual> residuals_;  // by row and column
+  std::map<Label, Residual> residuals_;
+  mutable std::map<Label, BoardField> fields_;
 };
 
 }  // namespace quorvex::precise

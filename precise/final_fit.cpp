@@ -32,24 +32,41 @@ double Median(std::vector<double>& values) {
   return values[static_cast<Index>(middle)];
 }
 
+// Where marks of the grid are expected by all of them together.
+struct ExpectedMark {
+  bool isSeen = false;
+  MarkFrame frame;
+};
+
+std::vector<ExpectedMark> ExpectedMarks(const Grid& grid, const BoardMap& map) {
+  std::vector<ExpectedMark> expected(grid.marks.size());
+  for (Index i = 0; i < expected.size(); ++i) {
+    const GridMark& mark = grid.marks[i];
+    expected[i].isSeen = map.Frame(mark.row, mark.column, grid.facts, expected[i].frame);
+  }
+  return expected;
+}
+
 // How far strokes are from the bend that the map gives them, px at the end of the arms, beyond what
 // their own errors explain; for the quadratic and the cubic term.
-std::array<double, 2> BendSigma(const Grid& grid, const BoardMap& map) {
+std::array<double, 2> BendSigma(const std::vector<GridMark>& marks,
+                                const std::vector<ExpectedMark>& expected) {
   std::array<double, 2> sigma = {kLargestBend, kLargestBend};
   for (Index term = 0; term < 2; ++term) {
     std::vector<double> squares;
     std::vector<double> variances;
-    for (const GridMark& mark : grid.marks) {
-      MarkFrame frame;
-      if (!map.Frame(mark.row, mark.column, grid.facts, frame)) {
+    for (Index i = 0; i < marks.size(); ++i) {
+      if (!expected[i].isSeen) {
         continue;
       }
+      const MarkFit& fit = marks[i].fit;
+      const MarkFrame& frame = expected[i].frame;
       for (Index stroke = 0; stroke < 2; ++stroke) {
         const double length = std::max(frame.armLength[stroke][0], frame.armLength[stroke][1]);
         const double scale = term == 0 ? length * length : length * length * length;
-        const double away = (mark.fit.bend[stroke][term] - frame.bend[stroke][term]) * scale;
+        const double away = (fit.bend[stroke][term] - frame.bend[stroke][term]) * scale;
         squares.push_back(away * away);
-        variances.push_back(mark.fit.bendVariance[stroke][term] * scale * scale);
+        variances.push_back(fit.bendVariance[stroke][term] * scale * scale);
       }
     }
     if (!squares.empty()) {
@@ -136,14 +153,15 @@ std::vector<MarkVerdict> MeasureFinally(const GrayPicture& picture, double noise
   settings.edges = {&first, &second};
   settings.noise = noise;
   settings.isNear = true;
-  const BoardMap map(grid.marks, grid.camera);
-  settings.bendSigma = BendSigma(grid, map);
+  const std::vector<ExpectedMark> marks = ExpectedMarks(grid, BoardMap(grid.marks, grid.camera));
+  settings.bendSigma = BendSigma(grid.marks, marks);
   std::vector<GridMark> measured;
-  for (const GridMark& mark : grid.marks) {
-    MarkFrame frame;
-    if (!map.Frame(mark.row, mark.column, grid.facts, frame)) {
+  for (Index i = 0; i < marks.size(); ++i) {
+    if (!marks[i].isSeen) {
       continue;
     }
+    const GridMark& mark = grid.marks[i];
+    MarkFrame frame = marks[i].frame;
     frame.centre = mark.fit.centre;
     GridMark again = mark;
     again.fit = FitMark(picture, frame, settings);
@@ -161,8 +179,8 @@ std::vector<MarkVerdict> MeasureFinally(const GrayPicture& picture, double noise
   for (GridMark& mark : grid.marks) {
     mark.fit.covariance *= neighbours;
   }
-  DropContradicted(grid.marks, grid.camera, picture.Width(), picture.Height());
-  const BoardMap after(grid.marks, grid.camera);
+  const BoardMap after =
+      DropContradicted(grid.marks, grid.camera, picture.Width(), picture.Height());
   const double scatter = UsualScatter(grid.marks, after);
   std::vector<MarkVerdict> verdicts;
   for (const GridMark& mark : grid.marks) {

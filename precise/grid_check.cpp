@@ -50,10 +50,9 @@ std::vector<LabelledPoint> PointsOf(const std::vector<GridMark>& marks) {
   return points;
 }
 
-int DropContradicted(std::vector<GridMark>& marks, CameraFit& camera, int width, int height) {
-  int dropped = 0;
+BoardMap DropContradicted(std::vector<GridMark>& marks, CameraFit& camera, int width, int height) {
   for (int round = 0; round < kRounds; ++round) {
-    const BoardMap map(marks, camera);
+    BoardMap map(marks, camera);
     const double scatter = UsualScatter(marks, map);
     std::vector<std::pair<double, std::size_t>> worst;
     for (std::size_t i = 0; i < marks.size(); ++i) {
@@ -63,7 +62,7 @@ int DropContradicted(std::vector<GridMark>& marks, CameraFit& camera, int width,
       }
     }
     if (worst.empty()) {
-      break;
+      return map;
     }
     // Neighbours of a wrong mark look wrong, too: only the worst go before the rest is looked at
     // again.
@@ -78,14 +77,13 @@ int DropContradicted(std::vector<GridMark>& marks, CameraFit& camera, int width,
     std::sort(going.rbegin(), going.rend());
     for (std::size_t index : going) {
       marks.erase(marks.begin() + static_cast<std::ptrdiff_t>(index));
-      ++dropped;
     }
     const CameraFit refined = RefineCamera(PointsOf(marks), camera.model, width, height);
     if (refined.isFitted) {
       camera = refined;
     }
   }
-  return dropped;
+  return BoardMap(marks, camera);
 }
 
 }  // namespace quorvex::precise

@@ -14,8 +14,8 @@ double Contradiction(const GridMark& mark, const BoardMap& map, double scatter);
 // The usual distance of marks from what their neighbours predict, px.
 double UsualScatter(const std::vector<GridMark>& marks, const BoardMap& map);
 
-// Drops from `marks`; returns how many. The camera is refitted on the way.
-int DropContradicted(std::vector<GridMark>& marks, CameraFit& camera, int width, int height);
+// Drops from `marks` and refits the camera on the way. Returns the map of what is left.
+BoardMap DropContradicted(std::vector<GridMark>& marks, CameraFit& camera, int width, int height);
 
 std::vector<LabelledPoint> PointsOf(const std::vector<GridMark>& marks);
 

@@ -285,9 +285,9 @@ Grid Growth::Run() {
   TryOnceMore();
   grid_.marks = Marks();
   const std::size_t grown = grid_.marks.size();
-  const int dropped =
-      DropContradicted(grid_.marks, grid_.camera, picture_.Width(), picture_.Height());
-  if (grid_.marks.size() < kFewestMarks || static_cast<std::size_t>(dropped) > grown / 4) {
+  DropContradicted(grid_.marks, grid_.camera, picture_.Width(), picture_.Height());
+  const std::size_t dropped = grown - grid_.marks.size();
+  if (grid_.marks.size() < kFewestMarks || dropped > grown / 4) {
     grid_.marks.clear();
     grid_.stage = "check";
     grid_.reason = "the marks contradict each other";

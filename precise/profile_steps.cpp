@@ -39,35 +39,62 @@ struct Totals {
   Eigen::Vector2d right = Eigen::Vector2d::Zero();
 };
 
+// How the darkness across a stroke changes with its width and with the blur, both per px.
+class ProfileDerivatives {
+ public:
+  ProfileDerivatives(const EdgeTables& edges, const Eigen::Vector2d& normal, double width,
+                     double reach) {
+    // Two samples on either side: the blur changes the profile by its second derivative.
+    constexpr int kStep = 2;
+    const int samples = static_cast<int>(reach * kProfileSamples) + 2;
+    const int count = samples + 2 * kStep;
+    const int direction = EdgeTables::DirectionIndex(normal);
+    const double before = kStep / kProfileSamples;
+    const std::vector<EdgeTables::Value> near = edges.Along(direction, 0.5 * width - before, count);
+    const std::vector<EdgeTables::Value> far = edges.Along(direction, -0.5 * width - before, count);
+    const auto slope = [&](std::size_t i) { return near[i].spread - far[i].spread; };
+    for (std::size_t i = kStep; i + kStep < near.size(); ++i) {
+      const double bend = (slope(i + kStep) - slope(i - kStep)) / (2.0 * before);
+      entries_.emplace_back(-0.5 * (near[i].spread + far[i].spread), -edges.Sigma() * bend);
+    }
+  }
+
+  // By width and by blur. Within the reach only.
+  Eigen::Vector2d At(double across) const {
+    const double position = std::abs(across) * kProfileSamples;
+    const std::size_t sample = static_cast<std::size_t>(position);
+    const double part = position - static_cast<double>(sample);
+    return (1.0 - part) * entries_[sample] + part * entries_[sample + 1];
+  }
+
+ private:
+  std::vector<Eigen::Vector2d> entries_;  // from the middle outwards
+};
+
 // Adds one piece: its own four unknowns eliminated.
 void AddPiece(const GrayPicture& picture, const ProfilePiece& piece, const EdgeTables& edges,
               double width, double widthScale, Totals& totals) {
   const Eigen::Vector2d normal = piece.line.Normal();
   const StrokeProfile profile(edges, normal, width);
-  const int direction = EdgeTables::DirectionIndex(normal);
-  const double half = 0.5 * width;
+  const double reach = BlockReach(profile);
+  const ProfileDerivatives derivatives(edges, normal, width, reach);
   Matrix6 squares = Matrix6::Zero();
   Vector6 right = Vector6::Zero();
   double levels = 0.0;
   double base = -1.0;
   int count = 0;
-  ForEachStrokePixel(
-      picture, piece.line, piece.from, piece.to, BlockReach(profile),
-      [&](double level, int, int, double, double v) {
-        base = base < 0.0 ? level : base;
-        const StrokeProfile::Value value = profile.At(v);
-        constexpr double kStep = 1.0 / 16.0;  // px
-        const double bend =
-            (profile.At(v + kStep).slope - profile.At(v - kStep).slope) / (2.0 * kStep);
-        const double byWidth =
-            0.5 * (edges.Spread(direction, v + half) + edges.Spread(direction, v - half));
-        Vector6 row;
-        row << 1.0, v, -value.dark, value.slope, -byWidth * widthScale, -edges.Sigma() * bend;
-        squares.noalias() += row * row.transpose();
-        right += row * (level - base);
-        levels += (level - base) * (level - base);
-        ++count;
-      });
+  ForEachStrokePixel(picture, piece.line, piece.from, piece.to, reach,
+                     [&](double level, int, int, double, double v) {
+                       base = base < 0.0 ? level : base;
+                       const StrokeProfile::Value value = profile.At(v);
+                       const Eigen::Vector2d change = derivatives.At(v);
+                       Vector6 row;
+                       row << 1.0, v, -value.dark, value.slope, change[0] * widthScale, change[1];
+                       squares.noalias() += row * row.transpose();
+                       right += row * (level - base);
+                       levels += (level - base) * (level - base);
+                       ++count;
+                     });
   const Eigen::LDLT<Eigen::Matrix4d> own(squares.topLeftCorner<4, 4>());
   if (count < 16 || own.info() != Eigen::Success || !(own.vectorD().minCoeff() > 1e-9)) {
     return;

@@ -27,13 +27,8 @@ Integrals IntegratedGaussian(double t, double sigma) {
           0.5 * ((t * t + sigma * sigma) * cumulated + t * sigma * density)};
 }
 
-struct EdgeValue {
-  double edge;
-  double spread;
-};
-
 // Convolving with both boxes is a second difference of the integrals.
-EdgeValue ThroughPixel(double t, double sigma, double wide, double narrow) {
+EdgeTables::Value ThroughPixel(double t, double sigma, double wide, double narrow) {
   const double outer = 0.5 * (wide + narrow);
   const double inner = 0.5 * (wide - narrow);
   const Integrals a = IntegratedGaussian(t + outer, sigma);
@@ -57,20 +52,17 @@ EdgeTables::EdgeTables(double sigma)
 
 const EdgeTables::Table& EdgeTables::TableOf(int direction) const {
   Table& table = tables_[static_cast<std::size_t>(direction)];
-  if (table.edge.empty()) {
+  if (table.empty()) {
     const double angle = 0.5 * kQuarterTurn * direction / (kDirections - 1);
     const double wide = std::cos(angle);
     const double narrow = std::max(std::sin(angle), kLeastShadow);
     const std::size_t middle = static_cast<std::size_t>(half_);
-    table.edge.resize(2 * middle + 1);
-    table.spread.resize(2 * middle + 1);
+    table.resize(2 * middle + 1);
     for (std::size_t sample = 0; sample <= middle; ++sample) {
       const double t = static_cast<double>(sample) / kProfileSamples;
-      const EdgeValue value = ThroughPixel(t, sigma_, wide, narrow);
-      table.edge[middle + sample] = value.edge;
-      table.edge[middle - sample] = 1.0 - value.edge;
-      table.spread[middle + sample] = value.spread;
-      table.spread[middle - sample] = value.spread;
+      const Value value = ThroughPixel(t, sigma_, wide, narrow);
+      table[middle + sample] = value;
+      table[middle - sample] = {1.0 - value.edge, value.spread};
     }
   }
   return table;
@@ -85,30 +77,37 @@ int EdgeTables::DirectionIndex(const Eigen::Vector2d& normal) {
   return static_cast<int>(std::lround(angle / (0.5 * kQuarterTurn) * (kDirections - 1)));
 }
 
-double EdgeTables::Lookup(const std::vector<double>& table, double inside) const {
+// All places are the same part of a sample away from the table's.
+std::vector<EdgeTables::Value> EdgeTables::Along(int direction, double inside, int count) const {
+  const Table& table = TableOf(direction);
   const double position = (inside + reach_) * kProfileSamples;
-  if (position <= 0.0) {
-    return table.front();
+  const double floor = std::floor(position);
+  const double part = position - floor;
+  const int first = static_cast<int>(floor);
+  const int size = static_cast<int>(table.size());
+  const int before = std::clamp(-first, 0, count);
+  const int within = std::clamp(size - 1 - first, before, count);
+  std::vector<Value> values(static_cast<std::size_t>(count), table.back());
+  std::fill_n(values.begin(), before, table.front());
+  for (int sample = before; sample < within; ++sample) {
+    const Value& near = table[static_cast<std::size_t>(first + sample)];
+    const Value& far = table[static_cast<std::size_t>(first + sample) + 1];
+    values[static_cast<std::size_t>(sample)] = {near.edge + part * (far.edge - near.edge),
+                                                near.spread + part * (far.spread - near.spread)};
   }
-  const std::size_t sample = static_cast<std::size_t>(position);
-  if (sample + 1 >= table.size()) {
-    return table.back();
-  }
-  const double part = position - static_cast<double>(sample);
-  return table[sample] + part * (table[sample + 1] - table[sample]);
+  return values;
 }
 
 StrokeProfile::StrokeProfile(const EdgeTables& edges, const Eigen::Vector2d& normal, double width)
     : width_(width), reach_(0.5 * width + edges.Reach()), totalSigma_(edges.TotalSigma()) {
   const int direction = EdgeTables::DirectionIndex(normal);
   const int samples = static_cast<int>(reach_ * kProfileSamples) + 2;
-  entries_.reserve(static_cast<std::size_t>(samples));
-  const double half = 0.5 * width;
-  for (int sample = 0; sample < samples; ++sample) {
-    const double across = sample / kProfileSamples;
-    entries_.push_back(
-        {edges.Edge(direction, half + across) - edges.Edge(direction, across - half),
-         edges.Spread(direction, across + half) - edges.Spread(direction, across - half)});
+  const std::vector<EdgeTables::Value> near = edges.Along(direction, 0.5 * width, samples);
+  const std::vector<EdgeTables::Value> far = edges.Along(direction, -0.5 * width, samples);
+  entries_.resize(near.size());
+  for (std::size_t sample = 0; sample < near.size(); ++sample) {
+    entries_[sample] = {near[sample].edge - far[sample].edge,
+                        near[sample].spread - far[sample].spread};
   }
   entries_.back() = {0.0, 0.0};
   last_ = static_cast<double>(entries_.size() - 1);

@@ -29,21 +29,16 @@ class EdgeTables {
 
   static int DirectionIndex(const Eigen::Vector2d& normal);
 
-  // The part of a pixel that is covered, `inside` px within the edge, and its derivative.
-  double Edge(int direction, double inside) const {
-    return Lookup(TableOf(direction).edge, inside);
-  }
-  double Spread(int direction, double inside) const {
-    return Lookup(TableOf(direction).spread, inside);
-  }
+  struct Value {
+    double edge;    // the part of a pixel that is covered
+    double spread;  // its derivative, 1 / px
+  };
+  // For pixels `inside` px within the edge, and 1, 2, ... samples further.
+  std::vector<Value> Along(int direction, double inside, int count) const;
 
  private:
-  struct Table {
-    std::vector<double> edge;
-    std::vector<double> spread;
-  };
+  using Table = std::vector<Value>;
   const Table& TableOf(int direction) const;
-  double Lookup(const std::vector<double>& table, double inside) const;
 
   double sigma_;
   double reach_;
@@ -78,6 +73,21 @@ class StrokeProfile {
     const Value& far = entries_[static_cast<std::size_t>(sample) + 1];
     const double slope = near.slope + part * (far.slope - near.slope);
     return {near.dark + part * (far.dark - near.dark), across < 0.0 ? -slope : slope};
+  }
+
+  // The same as a pair, for sums over many pixels.
+  Eigen::Array2d PairAt(double across) const {
+    const double position = std::abs(across) * kProfileSamples;
+    if (!(position < last_)) {
+      return Eigen::Array2d::Zero();
+    }
+    static constexpr double kSign[2][2] = {{1.0, 1.0}, {1.0, -1.0}};
+    using Entry = Eigen::Map<const Eigen::Array2d>;
+    const int sample = static_cast<int>(position);
+    const double part = position - sample;
+    const Entry near(&entries_[static_cast<std::size_t>(sample)].dark);
+    const Entry far(&entries_[static_cast<std::size_t>(sample) + 1].dark);
+    return (near + part * (far - near)) * Entry(kSign[across < 0.0 ? 1 : 0]);
   }
 
  private:

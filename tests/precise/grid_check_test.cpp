@@ -25,7 +25,7 @@ TEST(GridCheck, DropsTheMarkThatTheOthersContradict) {
   std::vector<GridMark> marks = TrueMarks(board);
   marks[17].fit.centre.x() += 3.0;
   CameraFit camera = CameraOf(board);
-  EXPECT_EQ(DropContradicted(marks, camera, 640, 480), 1);
+  DropContradicted(marks, camera, 640, 480);
   ASSERT_EQ(marks.size(), 41U);
   for (const GridMark& mark : marks) {
     EXPECT_LT((mark.fit.centre - board.Place(mark.row, mark.column)).norm(), 1e-9);
@@ -36,7 +36,7 @@ TEST(GridCheck, KeepsMarksThatAgree) {
   const DrawnBoard board = Grid();
   std::vector<GridMark> marks = TrueMarks(board);
   CameraFit camera = CameraOf(board);
-  EXPECT_EQ(DropContradicted(marks, camera, 640, 480), 0);
+  DropContradicted(marks, camera, 640, 480);
   EXPECT_EQ(marks.size(), 42U);
 }
 

@@ -1,0 +1,53 @@
+// What measured marks are off from the camera around one label, smoothed: Gaussian process
+// regression with a squared exponential kernel over the labels (Rasmussen and Williams, Gaussian
+// Processes for Machine Learning, 2006, chapters 2 and 5.4.2).
+#ifndef QUORVEX_PRECISE_BOARD_FIELD_H_
+#define QUORVEX_PRECISE_BOARD_FIELD_H_
+
+#include <Eigen/Cholesky>
+#include <Eigen/Core>
+#include <array>
+#include <vector>
+
+namespace quorvex::precise {
+
+constexpr int kFieldWindow = 3;  // labels on each side that a place is smoothed from
+constexpr int kFieldReach = 10;  // square of the distance up to which they are, labels
+
+// A measured mark near the field's middle.
+struct Deviation {
+  int row = 0;  // labels from the middle, -kFieldWindow to kFieldWindow
+  int column = 0;
+  Eigen::Vector2d away = Eigen::Vector2d::Zero();  // px, measured minus camera
+  double variance = 0.0;                           // px^2, of the measurement
+};
+
+class BoardField {
+ public:
+  struct Estimate {
+    Eigen::Vector2d away = Eigen::Vector2d::Zero();  // px
+    double variance = 0.0;                           // px^2, of each coordinate
+  };
+
+  // variance: of what marks are off beyond their own errors, px^2; 0 says that nothing is off.
+  BoardField(std::vector<Deviation> marks, double variance);
+
+  // Off at a place that is `column` and `row` pitches from the middle, px.
+  Eigen::Vector2d At(double column, double row) const;
+
+  Estimate AtMiddle() const;
+  // At the middle, as if the middle's own mark had not been measured.
+  Estimate AtMiddleByOthers() const;
+
+ private:
+  bool HoldsMiddle() const;
+
+  std::vector<Deviation> marks_;  // the middle's own one last
+  double variance_;
+  Eigen::LLT<Eigen::MatrixXd> solver_;
+  Eigen::MatrixX2d weights_;
+};
+
+}  // namespace quorvex::precise
+
+#endif  // QUORVEX_PRECISE_BOARD_FIELD_H_
