@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 
+#include "precise/median.h"
 #include "precise/profile_steps.h"
 
 namespace quorvex::precise {
@@ -111,15 +112,6 @@ void AddAlongArms(const GrayPicture& picture, const MarkFrame& frame, const Boar
       }
     }
   }
-}
-
-double MedianOf(std::vector<double>& values) {
-  if (values.empty()) {
-    return 0.0;
-  }
-  const std::ptrdiff_t middle = static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), values.begin() + middle, values.end());
-  return values[static_cast<Index>(middle)];
 }
 
 // Where the darkness along the arms falls to half of what it is in their middle, in pitches.

@@ -1,4 +1,5 @@
 #include "precise/board_map.h"
+#include "precise/median.h"
 
 #include <Eigen/Cholesky>
 #include <algorithm>
@@ -11,12 +12,6 @@ namespace {
 constexpr double kLeastVariance = 1e-6;  // px^2; marks are not measured better than 0.001 px
 constexpr int kBendSamples = 4;          // places on each arm that its bend is taken from
 constexpr double kBendReach = 0.45;      // pitches, the farthest of them
-
-double Median(std::vector<double>& values) {
-  const std::ptrdiff_t middle = static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), values.begin() + middle, values.end());
-  return values[static_cast<std::size_t>(middle)];
-}
 
 // The bend of the curve through points: least squares of u^1 to u^3 on the offset.
 std::array<double, 2> BendOf(const std::vector<Eigen::Vector2d>& points,
@@ -57,7 +52,7 @@ BoardMap::BoardMap(const std::vector<GridMark>& marks, const CameraFit& camera) 
   }
   if (!squares.empty()) {
     // For Gaussian errors the median of the squared distance is 1.386 variances of a coordinate.
-    const double excess = Median(squares) / 1.3863 - Median(variances);
+    const double excess = MedianOf(squares) / 1.3863 - MedianOf(variances);
     fieldSigma_ = std::sqrt(std::max(excess, 0.0));
   }
 }

@@ -1,9 +1,7 @@
 #include "precise/camera_fit.h"
+#include "precise/median.h"
 
 #include <Eigen/Cholesky>
-#include <Eigen/Eigenvalues>
-#include <Eigen/Geometry>
-#include <Eigen/SVD>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -56,9 +54,7 @@ bool Distances(const Problem& problem, const CameraModel& model, std::vector<dou
 // median distance is 1.1774 of it.
 double RobustResidual(const std::vector<double>& distances) {
   std::vector<double> sorted = distances;
-  const std::ptrdiff_t middle = static_cast<std::ptrdiff_t>(sorted.size() / 2);
-  std::nth_element(sorted.begin(), sorted.begin() + middle, sorted.end());
-  return std::max(sorted[static_cast<std::size_t>(middle)] / 1.1774, kLeastResidual);
+  return std::max(MedianOf(sorted) / 1.1774, kLeastResidual);
 }
 
 double Cost(double distance, double residual) {
@@ -175,54 +171,6 @@ CameraFit Follow(const Problem& problem, const CameraModel& start, int steps) {
   return fit;
 }
 
-// The pose under which rays of an equidistant lens of this focal length meet the board.
-bool PoseFromHomography(const Problem& problem, double focalLength, CameraModel& model) {
-  Eigen::Matrix<double, 9, 9> squares = Eigen::Matrix<double, 9, 9>::Zero();
-  Eigen::Vector2d labelMiddle = Eigen::Vector2d::Zero();
-  for (const LabelledPoint& point : problem.points) {
-    labelMiddle += point.label / static_cast<double>(problem.points.size());
-  }
-  std::vector<Eigen::Vector3d> rays;
-  for (const LabelledPoint& point : problem.points) {
-    const Eigen::Vector2d away = point.pixel - problem.middle;
-    const double angle = std::min(away.norm() / focalLength, 3.0);
-    const Eigen::Vector2d outward = away / std::max(away.norm(), 1e-9);
-    Eigen::Vector3d ray;
-    ray << outward * std::sin(angle), std::cos(angle);
-    rays.push_back(ray);
-    const Eigen::Vector3d onBoard(point.label.x() - labelMiddle.x(),
-                                  point.label.y() - labelMiddle.y(), 1.0);
-    Eigen::Matrix<double, 3, 9> rows = Eigen::Matrix<double, 3, 9>::Zero();  // ray x (H board)
-    for (Eigen::Index i = 0; i < 3; ++i) {
-      const Eigen::Index next = (i + 1) % 3;
-      const Eigen::Index last = (i + 2) % 3;
-      rows.block<1, 3>(i, 3 * last) = ray[next] * onBoard.transpose();
-      rows.block<1, 3>(i, 3 * next) = -ray[last] * onBoard.transpose();
-    }
-    squares.noalias() += rows.transpose() * rows;
-  }
-  const Eigen::SelfAdjointEigenSolver<Eigen::Matrix<double, 9, 9>> solver(squares);
-  const Eigen::Matrix<double, 9, 1> best = solver.eigenvectors().col(0);
-  Eigen::Matrix3d homography;
-  for (Eigen::Index i = 0; i < 3; ++i) {
-    homography.row(i) = best.segment<3>(3 * i).transpose();
-  }
-  double agree = 0.0;
-  for (std::size_t i = 0; i < rays.size(); ++i) {
-    const Eigen::Vector2d label = problem.points[i].label - labelMiddle;
-    agree += rays[i].dot(homography * Eigen::Vector3d(label.x(), label.y(), 1.0)) > 0.0 ? 1 : -1;
-  }
-  homography *= (agree < 0.0 ? -2.0 : 2.0) / (homography.col(0).norm() + homography.col(1).norm());
-  Eigen::Matrix3d turn;
-  turn << homography.col(0), homography.col(1), homography.col(0).cross(homography.col(1));
-  const Eigen::JacobiSVD<Eigen::Matrix3d> svd(turn, Eigen::ComputeFullU | Eigen::ComputeFullV);
-  model.rotation = svd.matrixU() * svd.matrixV().transpose();
-  model.translation = homography.col(2) - model.rotation.leftCols<2>() * labelMiddle;
-  model.focalLength = focalLength;
-  model.centre = problem.middle;
-  return model.rotation.determinant() > 0.0 && model.translation.allFinite();
-}
-
 Problem ProblemOf(const std::vector<LabelledPoint>& points, int width, int height) {
   return {points, Eigen::Vector2d(0.5 * (width - 1), 0.5 * (height - 1)),
           std::hypot(static_cast<double>(width), static_cast<double>(height))};
@@ -243,7 +191,7 @@ CameraFit FitCamera(const std::vector<LabelledPoint>& points, int width, int hei
   const Problem small = ProblemOf(some, width, height);
   for (double cornerAngle : kCornerAngles) {
     CameraModel start;
-    if (!PoseFromHomography(small, 0.5 * small.diagonal / cornerAngle, start)) {
+    if (!StartCamera(some, small.middle, 0.5 * small.diagonal / cornerAngle, start)) {
       continue;
     }
     const CameraFit fit = Follow(small, start, kStartSteps);

@@ -10,13 +10,9 @@
 #include <vector>
 
 #include "precise/camera_model.h"
+#include "precise/camera_start.h"
 
 namespace quorvex::precise {
-
-struct LabelledPoint {
-  Eigen::Vector2d label = Eigen::Vector2d::Zero();  // column, row
-  Eigen::Vector2d pixel = Eigen::Vector2d::Zero();  // px
-};
 
 struct CameraFit {
   bool isFitted = false;

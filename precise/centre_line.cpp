@@ -1,4 +1,5 @@
 #include "precise/centre_line.h"
+#include "precise/median.h"
 
 #include <Eigen/Cholesky>
 #include <algorithm>
@@ -56,9 +57,7 @@ double ScatterScale(const std::vector<Block>& blocks, const std::vector<double>&
   for (std::size_t i = 0; i < blocks.size(); ++i) {
     sizes.push_back(std::abs(deviations[i]));
   }
-  const std::size_t middle = sizes.size() / 2;
-  std::nth_element(sizes.begin(), sizes.begin() + static_cast<std::ptrdiff_t>(middle), sizes.end());
-  return std::max(1.0, 1.4826 * sizes[middle]);
+  return std::max(1.0, 1.4826 * MedianOf(sizes));
 }
 
 }  // namespace

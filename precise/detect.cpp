@@ -11,19 +11,11 @@
 #include "precise/grid_growth.h"
 #include "precise/grid_labels.h"
 #include "precise/image_input.h"
+#include "precise/median.h"
 #include "precise/seed.h"
 
 namespace quorvex::precise {
 namespace {
-
-double Median(std::vector<double>& values) {
-  if (values.empty()) {
-    return 0.0;
-  }
-  const std::ptrdiff_t middle = static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), values.begin() + middle, values.end());
-  return values[static_cast<std::size_t>(middle)];
-}
 
 CameraFacts FactsOf(const CameraFit& fit) {
   CameraFacts facts;
@@ -64,8 +56,8 @@ PictureFacts FactsOf(const Grid& grid, double noise) {
       }
     }
   }
-  facts.pitch = Median(pitches);
-  facts.strokeWidth = Median(widths);
+  facts.pitch = MedianOf(pitches);
+  facts.strokeWidth = MedianOf(widths);
   return facts;
 }
 

@@ -9,6 +9,7 @@
 
 #include "precise/grid_check.h"
 #include "precise/mark_acceptance.h"
+#include "precise/median.h"
 
 namespace quorvex::precise {
 namespace {
@@ -25,12 +26,6 @@ constexpr double kSharedErrors = 1.8;  // differences share marks, which makes m
 constexpr double kSurely = 2.0;        // standard errors
 
 using Index = std::size_t;
-
-double Median(std::vector<double>& values) {
-  const std::ptrdiff_t middle = static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), values.begin() + middle, values.end());
-  return values[static_cast<Index>(middle)];
-}
 
 // Where marks of the grid are expected by all of them together.
 struct ExpectedMark {
@@ -71,10 +66,10 @@ std::array<double, 2> BendSigma(const std::vector<GridMark>& marks,
     }
     if (!squares.empty()) {
       // An excess within the medians' own error is none.
-      const double explained = Median(variances);
+      const double explained = MedianOf(variances);
       const double error =
           kMedianError * explained / std::sqrt(static_cast<double>(squares.size()));
-      double excess = Median(squares) / kGaussMedian - explained;
+      double excess = MedianOf(squares) / kGaussMedian - explained;
       excess = excess > 2.0 * error ? excess : 0.0;
       sigma[term] = std::clamp(std::sqrt(std::max(excess, 0.0)), kLeastBend, kLargestBend);
     }
@@ -90,7 +85,7 @@ void EnlargeCovariances(std::vector<GridMark>& marks) {
       scatters.push_back(mark.fit.squares / mark.fit.freedom);
     }
   }
-  const double board = scatters.empty() ? 1.0 : std::max(Median(scatters), 1.0);
+  const double board = scatters.empty() ? 1.0 : std::max(MedianOf(scatters), 1.0);
   for (GridMark& mark : marks) {
     double scatter = board;
     if (mark.fit.freedom >= kLeastFreedom &&
@@ -140,7 +135,7 @@ double NeighbourScatter(const std::vector<GridMark>& marks, const CameraModel& c
     return 1.0;
   }
   const double error = kMedianError * kSharedErrors / std::sqrt(static_cast<double>(ratios.size()));
-  const double scatter = Median(ratios) / kGaussMedian;
+  const double scatter = MedianOf(ratios) / kGaussMedian;
   return scatter > 1.0 + kSurely * error ? scatter : 1.0;
 }
 

@@ -1,4 +1,5 @@
 #include "precise/grid_check.h"
+#include "precise/median.h"
 
 #include <Eigen/LU>
 #include <algorithm>
@@ -24,9 +25,7 @@ double UsualScatter(const std::vector<GridMark>& marks, const BoardMap& map) {
   if (squares.empty()) {
     return kLeastScatter;
   }
-  const std::ptrdiff_t middle = static_cast<std::ptrdiff_t>(squares.size() / 2);
-  std::nth_element(squares.begin(), squares.begin() + middle, squares.end());
-  return std::max(std::sqrt(squares[static_cast<std::size_t>(middle)] / 1.3863), kLeastScatter);
+  return std::max(std::sqrt(MedianOf(squares) / 1.3863), kLeastScatter);
 }
 
 double Contradiction(const GridMark& mark, const BoardMap& map, double scatter) {

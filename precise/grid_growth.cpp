@@ -8,12 +8,13 @@
 
 #include "precise/grid_check.h"
 #include "precise/mark_acceptance.h"
+#include "precise/median.h"
+#include "precise/seed_facts.h"
 
 namespace quorvex::precise {
 namespace {
 
 constexpr std::size_t kFewestMarks = 6;    // fewer do not contradict any camera
-constexpr std::size_t kStrongMarks = 14;   // for the board's facts
 constexpr double kLargestResidual = 0.08;  // pitches, of the seed from the camera
 constexpr double kFirstBend = 0.3;         // px at the end of the arms
 constexpr double kFirstSettled = 0.15;   // px; a linear fit from there is off by a hundredth of it
@@ -74,48 +75,15 @@ bool Growth::StartCamera() {
   return true;
 }
 
-// The strongest marks with four arms, spread over the seed.
 bool Growth::MeasureFacts() {
-  std::vector<std::pair<double, std::size_t>> contrasts;
-  std::vector<double> ends;
-  for (std::size_t i = 0; i < seed_.marks.size(); ++i) {
-    double weakest = 1e9;
-    for (const SeedArm& arm : seed_.marks[i].arms) {
-      weakest = std::min(weakest, arm.isSeen ? arm.contrast : 0.0);
-    }
-    contrasts.emplace_back(-weakest, i);
+  if (!MeasureSeedFacts(picture_, seed_, map_[0], grid_.facts)) {
+    grid_.stage = "strokes";
+    grid_.reason = "no stroke could be measured on the marks";
+    return false;
   }
-  std::sort(contrasts.begin(), contrasts.end());
-  const std::size_t strong =
-      std::min(contrasts.size(), std::max(kStrongMarks, 2 * contrasts.size() / 3));
-  const std::size_t stride = std::max<std::size_t>(1, strong / kStrongMarks);
-  std::vector<GridLabel> labels;
-  BoardFacts scale;
-  scale.strokeWidth = {0.03, 0.03};
-  scale.armEnd = 0.5;
-  for (std::size_t i = 0; i < strong && labels.size() < kStrongMarks; i += stride) {
-    const SeedMark& mark = seed_.marks[contrasts[i].second];
-    labels.push_back({mark.row, mark.column});
-    MarkFrame frame;
-    if (map_[0].Frame(mark.row, mark.column, scale, frame)) {
-      for (std::size_t arm = 0; arm < 4; ++arm) {
-        ends.push_back(0.5 * mark.arms[arm].length / frame.armLength[arm % 2][arm / 2]);
-      }
-    }
-  }
-  if (!ends.empty()) {
-    const std::ptrdiff_t middle = static_cast<std::ptrdiff_t>(ends.size() / 2);
-    std::nth_element(ends.begin(), ends.begin() + middle, ends.end());
-    const double end = std::clamp(ends[static_cast<std::size_t>(middle)], 0.15, 0.48);
-    if (MeasureBoard(picture_, map_[0], labels, seed_.noise, end, grid_.facts)) {
-      edges_.emplace_back(grid_.facts.sigma[0]);
-      edges_.emplace_back(grid_.facts.sigma[1]);
-      return true;
-    }
-  }
-  grid_.stage = "strokes";
-  grid_.reason = "no stroke could be measured on the marks";
-  return false;
+  edges_.emplace_back(grid_.facts.sigma[0]);
+  edges_.emplace_back(grid_.facts.sigma[1]);
+  return true;
 }
 
 double Growth::DarknessAround(const Key& key) const {
@@ -132,9 +100,7 @@ double Growth::DarknessAround(const Key& key) const {
   if (values.empty()) {
     return usualDarkness_;
   }
-  const std::ptrdiff_t middle = static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), values.begin() + middle, values.end());
-  return values[static_cast<std::size_t>(middle)];
+  return MedianOf(values);
 }
 
 void Growth::Try(const Key& key, double tolerance, bool isLast) {
@@ -210,9 +176,7 @@ void Growth::Refine() {
   for (const GridMark& mark : marks) {
     darkness.push_back(mark.fit.darkness);
   }
-  const std::ptrdiff_t middle = static_cast<std::ptrdiff_t>(darkness.size() / 2);
-  std::nth_element(darkness.begin(), darkness.begin() + middle, darkness.end());
-  usualDarkness_ = darkness[static_cast<std::size_t>(middle)];
+  usualDarkness_ = MedianOf(darkness);
   const CameraFit camera =
       RefineCamera(PointsOf(marks), grid_.camera.model, picture_.Width(), picture_.Height());
   if (camera.isFitted) {

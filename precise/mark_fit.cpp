@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "precise/block_fit.h"
+#include "precise/median.h"
 
 namespace quorvex::precise {
 namespace {
@@ -31,15 +32,6 @@ struct StrokeState {
   std::vector<Block> blocks;
   CentreLine line;
 };
-
-double MedianOf(std::vector<double>& values) {
-  if (values.empty()) {
-    return 0.0;
-  }
-  const std::ptrdiff_t middle = static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), values.begin() + middle, values.end());
-  return values[static_cast<Index>(middle)];
-}
 
 ArmSpan SpanOf(const MarkFrame& frame, const MarkFitSettings& settings, Index stroke, int arm) {
   const Eigen::Vector2d& own = frame.direction[stroke];

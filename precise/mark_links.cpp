@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <limits>
 
+#include "precise/median.h"
 #include "precise/point_grid.h"
 
 namespace quorvex::precise {
@@ -125,12 +126,7 @@ double SmallestPopulated(const std::vector<double>& ratios) {
       near.push_back(ratio);
     }
   }
-  if (near.empty()) {
-    return 0.0;
-  }
-  const auto median = near.begin() + static_cast<std::ptrdiff_t>(near.size() / 2);
-  std::nth_element(near.begin(), median, near.end());
-  return *median;
+  return MedianOf(near);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "precise/profile_steps.h"
+#include "precise/median.h"
 
 #include <Eigen/Cholesky>
 #include <Eigen/LU>
@@ -27,9 +28,7 @@ double TypicalPitch(const std::vector<ProfilePiece>& pieces) {
   for (const ProfilePiece& piece : pieces) {
     pitches.push_back(piece.pitch);
   }
-  const std::ptrdiff_t middle = static_cast<std::ptrdiff_t>(pitches.size() / 2);
-  std::nth_element(pitches.begin(), pitches.begin() + middle, pitches.end());
-  return pitches[static_cast<std::size_t>(middle)];
+  return MedianOf(pitches);
 }
 
 struct Totals {
@@ -179,9 +178,7 @@ bool GuessProfile(const GrayPicture& picture, const std::vector<ProfilePiece>& p
   if (widths.empty()) {
     return false;
   }
-  const std::ptrdiff_t middle = static_cast<std::ptrdiff_t>(widths.size() / 2);
-  std::nth_element(widths.begin(), widths.begin() + middle, widths.end());
-  const double equivalent = widths[static_cast<std::size_t>(middle)];
+  const double equivalent = MedianOf(widths);
   profile.width = 0.9 * equivalent;
   profile.sigma = std::clamp(0.25 * equivalent * TypicalPitch(pieces), 0.4, 2.0);
   return true;

@@ -11,6 +11,7 @@
 #include "precise/mark_candidates.h"
 #include "precise/mark_joining.h"
 #include "precise/mark_links.h"
+#include "precise/median.h"
 #include "precise/noise_estimate.h"
 #include "precise/pyramid.h"
 
@@ -94,12 +95,7 @@ double MedianPitch(const std::vector<MarkCandidate>& marks,
       }
     }
   }
-  if (distances.empty()) {
-    return 0.0;
-  }
-  const auto median = distances.begin() + static_cast<std::ptrdiff_t>(distances.size() / 2);
-  std::nth_element(distances.begin(), median, distances.end());
-  return *median;
+  return MedianOf(distances);
 }
 
 }  // namespace

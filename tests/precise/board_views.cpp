@@ -41,4 +41,30 @@ std::vector<precise::GridMark> TrueMarks(const DrawnBoard& board) {
   return marks;
 }
 
+precise::Seed SeedOf(const DrawnBoard& board, int rows, int columns) {
+  precise::Seed seed;
+  seed.noise = board.noise;
+  seed.pitch = board.step.norm();
+  const Eigen::Vector2d right = board.step.normalized();
+  const Eigen::Vector2d down(-right.y(), right.x());
+  for (int row = 0; row < rows; ++row) {
+    for (int column = 0; column < columns; ++column) {
+      precise::SeedMark mark;
+      mark.row = row;
+      mark.column = column;
+      mark.centre =
+          board.Place(row, column) + Eigen::Vector2d(0.2 * (row % 2), -0.2 * (column % 2));
+      const Eigen::Vector2d directions[4] = {right, down, -right, -down};
+      for (std::size_t arm = 0; arm < 4; ++arm) {
+        mark.arms[arm].isSeen = true;
+        mark.arms[arm].direction = directions[arm];
+        mark.arms[arm].length = board.arm * seed.pitch;
+        mark.arms[arm].contrast = 150.0;
+      }
+      seed.marks.push_back(mark);
+    }
+  }
+  return seed;
+}
+
 }  // namespace quorvex::tests

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "precise/board_map.h"
+#include "precise/seed.h"
 #include "tests/precise/drawn_board.h"
 
 namespace quorvex::tests {
@@ -16,6 +17,9 @@ precise::BoardFacts FactsOf(const DrawnBoard& board);
 
 // All marks that are not missing, at their true places, with variances of (0.01 px)^2.
 std::vector<precise::GridMark> TrueMarks(const DrawnBoard& board);
+
+// Marks of the first rows and columns, a third of a pixel off their places.
+precise::Seed SeedOf(const DrawnBoard& board, int rows, int columns);
 
 }  // namespace quorvex::tests
 

@@ -11,7 +11,6 @@ using precise::Grid;
 using precise::GridMark;
 using precise::GrowGrid;
 using precise::Seed;
-using precise::SeedMark;
 
 DrawnBoard Board() {
   DrawnBoard board;
@@ -23,33 +22,6 @@ DrawnBoard Board() {
   board.step = {48, 6};
   board.noise = 1.5;
   return board;
-}
-
-// Marks of the board's rows and columns up to some, a third of a pixel off.
-Seed SeedOf(const DrawnBoard& board, int rows, int columns) {
-  Seed seed;
-  seed.noise = 1.5;
-  seed.pitch = board.step.norm();
-  const Eigen::Vector2d right = board.step.normalized();
-  const Eigen::Vector2d down(-right.y(), right.x());
-  for (int row = 0; row < rows; ++row) {
-    for (int column = 0; column < columns; ++column) {
-      SeedMark mark;
-      mark.row = row;
-      mark.column = column;
-      mark.centre =
-          board.Place(row, column) + Eigen::Vector2d(0.2 * (row % 2), -0.2 * (column % 2));
-      const Eigen::Vector2d directions[4] = {right, down, -right, -down};
-      for (std::size_t arm = 0; arm < 4; ++arm) {
-        mark.arms[arm].isSeen = true;
-        mark.arms[arm].direction = directions[arm];
-        mark.arms[arm].length = board.arm * seed.pitch;
-        mark.arms[arm].contrast = 150.0;
-      }
-      seed.marks.push_back(mark);
-    }
-  }
-  return seed;
 }
 
 TEST(GridGrowth, FindsEveryMarkFromAFew) {
