@@ -3,11 +3,9 @@
 #include <Eigen/LU>
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <vector>
 
 #include "precise/block_fit.h"
-#include "precise/median.h"
 
 namespace quorvex::precise {
 namespace {
@@ -16,12 +14,6 @@ constexpr double kBlockLength = 3.0;     // px; shorter ones hold too few pixels
 constexpr int kFewestBlocks = 3;         // of an arm
 constexpr int kMostBlocks = 12;          // of an arm
 constexpr double kCrossingMargin = 1.5;  // px beyond the other stroke's flank
-constexpr double kWeakest = 0.45;        // of the median darkness; weaker is not this stroke
-constexpr double kStrongest = 2.0;       // of the median darkness
-constexpr double kSeenContrast = 0.4;    // of the darkness, against the weaker side
-constexpr double kSeenPart = 0.6;        // of an arm's blocks
-constexpr double kModelMisfit = 0.12;    // of the darkness: what the profile itself may be off
-constexpr double kNoiseMisfit = 9.0;     // times the noise's variance
 constexpr double kFarthestStep = 0.25;   // of the arms' length; a fit that leaves is no fit
 
 using Index = std::size_t;
@@ -50,57 +42,6 @@ ArmSpan SpanOf(const MarkFrame& frame, const MarkFitSettings& settings, Index st
   span.count =
       std::clamp(static_cast<int>((end - begin) / kBlockLength), kFewestBlocks, kMostBlocks);
   return span;
-}
-
-// The median darkness of a stroke's blocks, grey levels.
-double TypicalDarkness(const std::vector<Block>& blocks) {
-  std::vector<double> values;
-  for (const Block& block : blocks) {
-    if (block.information > 0.0 && block.contrast > 0.0) {
-      values.push_back(block.darkness);
-    }
-  }
-  return MedianOf(values);
-}
-
-// Says for each arm what is seen of it, and leaves the blocks out that are no part of the stroke.
-// Residuals count only where the line is near the stroke already.
-void JudgeBlocks(StrokeState& state, std::array<ArmFit, 2>& arms, double darkness, double noise,
-                 bool isNear) {
-  const double least = kSeenContrast * darkness * state.stroke.profile.Peak();
-  const double largestMisfit =
-      isNear ? kNoiseMisfit * noise * noise + kModelMisfit * darkness * kModelMisfit * darkness
-             : std::numeric_limits<double>::infinity();
-  std::vector<Block> kept;
-  arms = {};
-  std::array<int, 2> counts = {};
-  for (const Block& block : state.blocks) {
-    const bool isStroke = block.information > 0.0 && block.darkness > kWeakest * darkness &&
-                          block.darkness < kStrongest * darkness && block.contrast > least &&
-                          block.misfit < largestMisfit;
-    if (!isStroke) {
-      continue;
-    }
-    ArmFit& arm = arms[static_cast<Index>(block.arm)];
-    arm.contrast += block.contrast;
-    arm.lastSeen = std::max(arm.lastSeen, std::abs(block.along));
-    ++counts[static_cast<Index>(block.arm)];
-    kept.push_back(block);
-  }
-  for (Index arm = 0; arm < 2; ++arm) {
-    const int count = state.spans[arm].count;
-    if (counts[arm] > 0) {
-      arms[arm].contrast /= counts[arm];
-      arms[arm].seenPart = static_cast<double>(counts[arm]) / count;
-    }
-    arms[arm].isSeen = counts[arm] >= 2 && arms[arm].seenPart >= kSeenPart;
-  }
-  state.blocks.clear();
-  for (const Block& block : kept) {
-    if (arms[static_cast<Index>(block.arm)].isSeen) {
-      state.blocks.push_back(block);
-    }
-  }
 }
 
 // Where two lines cross that pass near each other's origin.
@@ -191,7 +132,8 @@ bool FitRound(const GrayPicture& picture, const MarkFrame& frame, const MarkFitS
       return false;
     }
     fit.darkness += 0.5 * darkness * state.stroke.profile.Peak();
-    JudgeBlocks(state, fit.arms[stroke], darkness, settings.noise, isNear);
+    fit.arms[stroke] = JudgeArms({darkness, state.stroke.profile.Peak(), settings.noise, isNear},
+                                 state.spans, state.blocks);
     BendPrior prior;
     prior.expected = frame.bend[stroke];
     prior.sigma = settings.bendSigma;

@@ -6,6 +6,7 @@
 #include <Eigen/Core>
 #include <array>
 
+#include "precise/arm_judgement.h"
 #include "precise/centre_line.h"
 #include "precise/gray_picture.h"
 #include "precise/stroke_profile.h"
@@ -35,13 +36,6 @@ struct MarkFitSettings {
   double settled = 0.02;                        // px; a step below that is the last
   bool isNear = false;  // the frame is within a few tenths of a px: the first round may judge
                         // blocks by their residuals already
-};
-
-struct ArmFit {
-  bool isSeen = false;
-  double contrast = 0.0;  // grey levels, mean against the weaker side
-  double seenPart = 0.0;  // of its blocks, those outside the picture included
-  double lastSeen = 0.0;  // px, how far out the farthest block of it lies
 };
 
 struct MarkFit {
