@@ -58,10 +58,13 @@ class ProfileDerivatives {
     }
   }
 
-  // By width and by blur. Within the reach only.
+  // By width and by blur; nothing beyond the reach.
   Eigen::Vector2d At(double across) const {
     const double position = std::abs(across) * kProfileSamples;
     const std::size_t sample = static_cast<std::size_t>(position);
+    if (sample + 1 >= entries_.size()) {
+      return Eigen::Vector2d::Zero();
+    }
     const double part = position - static_cast<double>(sample);
     return (1.0 - part) * entries_[sample] + part * entries_[sample + 1];
   }
