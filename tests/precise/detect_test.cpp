@@ -101,6 +101,39 @@ TEST(Detect, MissingMarksArePredictedOnDemandOnly) {
   EXPECT_GT(mark.cxx, 0.0);
 }
 
+TEST(Detect, ABoardThatTheGridDoesNotFitIsNoResult) {
+  Options options;
+  options.boardRows = 5;
+  options.boardColumns = 5;
+  const Result result = Detect(ViewOf(Board().Draw()), options);
+  EXPECT_TRUE(result.marks.empty());
+  EXPECT_EQ(result.stage, "size");
+  EXPECT_EQ(result.reason, "5 rows x 6 columns were found on a board of 5 x 5");
+}
+
+// Row 0 lies above the picture, row 1 is cut through; of the last columns nothing is hidden.
+TEST(Detect, LabelsOfACutBoardAreTheBoards) {
+  DrawnBoard board = Board();
+  board.first = {70.2, -60.4};
+  const GrayPicture picture = board.Draw();
+  Options options;
+  options.boardRows = 5;
+  options.boardColumns = 6;
+  options.predictsMissing = true;
+  const Result result = Detect(ViewOf(picture), options);
+  ASSERT_FALSE(result.marks.empty()) << result.reason;
+  EXPECT_TRUE(result.facts.hasFixedRows);
+  EXPECT_TRUE(result.facts.hasFixedColumns);
+  EXPECT_EQ(result.marks.back().row, 4);
+  for (const Mark& mark : result.marks) {
+    const Eigen::Vector2d place = board.Place(mark.row, mark.column);
+    const double most = mark.verdict == Verdict::kPredicted ? 1.0 : 0.1;
+    EXPECT_LT(std::hypot(mark.x - place.x(), mark.y - place.y()), most) << mark.row;
+    EXPECT_GE(mark.y, 0.0);
+  }
+  EXPECT_FALSE(Detect(ViewOf(picture)).facts.hasFixedRows);
+}
+
 TEST(Detect, APictureWithoutMarksGivesAReason) {
   DrawnBoard board = Board();
   board.rows = board.columns = 0;
