@@ -51,10 +51,10 @@ struct Options {
   // Also gives the places within the found rows and columns, and within the picture, where no mark
   // was measured; all rows of the board where hasFixedRows, all columns where hasFixedColumns.
   bool predictsMissing = false;
-  // Marks in a column and in a row of the whole board, as it stands in the picture: rows are what
-  // PictureFacts and Mark count as rows. 0, or one of them 0: not known. A grid that has more is no
-  // result (stage "size"); of one that has fewer, labels are those of the board where it can be
-  // told which of its rows and columns were found.
+  // Marks in a column and in a row of the whole board, 1 to 1000, with the board as it stands in
+  // the picture; both 0 when it is not known. A grid that has more is no result (stage "size"); of
+  // one that has fewer, labels are those of the board where it can be told which of its rows and
+  // columns were found (hasFixedRows, hasFixedColumns).
   int boardRows = 0;
   int boardColumns = 0;
 };
@@ -124,7 +124,7 @@ struct Result {
 };
 
 // Finds the marks of one target. Bad input (no pixels, less than 16 pixels high or wide, a stride
-// below the width) gives a reason, like a picture without a target.
+// below the width, a board size out of range) gives a reason, like a picture without a target.
 QUORVEX_PRECISE_API Result Detect(const ImageView& image, const Options& options = Options());
 
 struct Point {

@@ -9,6 +9,7 @@
 namespace quorvex::precise {
 namespace {
 
+constexpr int kMostLines = 1000;      // rows or columns of a board
 constexpr int kLeastPlaces = 3;       // blank places that end a board, or as many as its lines have
 constexpr double kFromTip = 0.04;     // pitches along an arm from one sample to the next
 constexpr int kTipSamples = 3;        // from the tip inwards
@@ -104,7 +105,16 @@ std::string Text(const BoardSize& size, const char* rows, const char* columns) {
   return std::to_string(size.rows) + rows + " x " + std::to_string(size.columns) + columns;
 }
 
+bool IsLineCount(int count) { return count >= 1 && count <= kMostLines; }
+
 }  // namespace
+
+std::string WrongSize(const BoardSize& board) {
+  const bool isUnknown = board.rows == 0 && board.columns == 0;
+  return isUnknown || (IsLineCount(board.rows) && IsLineCount(board.columns))
+             ? ""
+             : "a board has 1 to 1000 rows and 1 to 1000 columns, or both are 0";
+}
 
 BoardSize SizeOf(const Grid& grid) {
   BoardSize found;

@@ -16,16 +16,18 @@ namespace quorvex::precise {
 struct BoardSize {
   int rows = 0;
   int columns = 0;
-
-  bool IsKnown() const { return rows > 0 && columns > 0; }
 };
+
+// Why no board has this size, in words; empty for 1 to 1000 rows and columns, and for none of both,
+// which is a size that is not known.
+std::string WrongSize(const BoardSize& board);
 
 struct FixedLabels {
   bool rows = false;  // row 0 of the grid is row 0 of the board
   bool columns = false;
 };
 
-// All of these need labels as NameRowsAndColumns leaves them.
+// The following need labels as NameRowsAndColumns leaves them.
 
 // The rows and columns from 0 on that hold marks.
 BoardSize SizeOf(const Grid& grid);

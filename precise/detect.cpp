@@ -17,6 +17,8 @@
 namespace quorvex::precise {
 namespace {
 
+constexpr const char* kSizeStage = "size";
+
 double Median(std::vector<double>& values) {
   if (values.empty()) {
     return 0.0;
@@ -151,10 +153,10 @@ Result DetectOn(const GrayPicture& picture, const Options& options) {
   NameRowsAndColumns(grid);  // the first row or column may have gone
   const BoardSize board{options.boardRows, options.boardColumns};
   FixedLabels fixed;
-  if (board.IsKnown()) {
+  if (board.rows > 0) {
     result.reason = SizeConflict(grid, board);
     if (!result.reason.empty()) {
-      result.stage = "size";
+      result.stage = kSizeStage;
       return result;
     }
     fixed = FixLabels(picture, board, grid);
@@ -178,6 +180,9 @@ Result DetectOn(const GrayPicture& picture, const Options& options) {
 Result Detect(const ImageView& image, const Options& options) {
   Result result;
   result.reason = WrongInput(image);
+  if (result.reason.empty()) {
+    result.reason = WrongSize({options.boardRows, options.boardColumns});
+  }
   if (!result.reason.empty()) {
     result.stage = "input";
     return result;
@@ -192,7 +197,8 @@ Result Detect(const ImageView& image, const Options& options) {
     const Result light = DetectOn(
         CopyPicture(image.pixels, image.width, image.height, image.stride, Polarity::kLightMarks),
         options);
-    if (options.colour == MarkColour::kLight || !light.marks.empty()) {
+    // A board of another size says more than that there are no dark marks.
+    if (options.colour == MarkColour::kLight || !light.marks.empty() || light.stage == kSizeStage) {
       result = light;
       result.facts.hasLightMarks = true;
     }

@@ -72,6 +72,16 @@ void ExpectTrueLabels(const DrawnBoard& board, const Grid& grid) {
   }
 }
 
+TEST(BoardSize, IsOneToAThousandOrNotKnown) {
+  for (const BoardSize& right : {BoardSize{0, 0}, BoardSize{1, 1}, BoardSize{1000, 1000}}) {
+    EXPECT_EQ(WrongSize(right), "");
+  }
+  for (const BoardSize& wrong : {BoardSize{0, 1}, BoardSize{1, 0}, BoardSize{1001, 5},
+                                 BoardSize{5, 1001}, BoardSize{-1, -1}, BoardSize{5, -1}}) {
+    EXPECT_EQ(WrongSize(wrong), "a board has 1 to 1000 rows and 1 to 1000 columns, or both are 0");
+  }
+}
+
 TEST(BoardSize, MoreThanTheBoardHasIsAConflict) {
   const Grid grid = GridOf(Board());
   EXPECT_EQ(SizeConflict(grid, {6, 5}), "");

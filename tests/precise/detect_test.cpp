@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <utility>
 #include <vector>
 
 #include "interface/quorvex_precise.h"
@@ -101,17 +102,32 @@ TEST(Detect, MissingMarksArePredictedOnDemandOnly) {
   EXPECT_GT(mark.cxx, 0.0);
 }
 
-TEST(Detect, ABoardThatTheGridDoesNotFitIsNoResult) {
+void ExpectAnotherSize(const DrawnBoard& board) {
+  const GrayPicture picture = board.Draw();
   Options options;
   options.boardRows = 5;
   options.boardColumns = 5;
-  const Result result = Detect(ViewOf(Board().Draw()), options);
+  const Result result = Detect(ViewOf(picture), options);
   EXPECT_TRUE(result.marks.empty());
   EXPECT_EQ(result.stage, "size");
   EXPECT_EQ(result.reason, "5 rows x 6 columns were found on a board of 5 x 5");
 }
 
-// Row 0 lies above the picture, row 1 is cut through; of the last columns nothing is hidden.
+TEST(Detect, ABoardThatTheGridDoesNotFitIsNoResult) {
+  DrawnBoard board = Board();
+  ExpectAnotherSize(board);
+  std::swap(board.board, board.mark);
+  ExpectAnotherSize(board);
+}
+
+TEST(Detect, HalfASizeOfTheBoardIsWrongInput) {
+  const GrayPicture picture = Board().Draw();
+  Options options;
+  options.boardRows = 5;
+  EXPECT_EQ(Detect(ViewOf(picture), options).stage, "input");
+}
+
+// Row 0 lies above the picture, and its edge cuts row 1; the blank board below row 4 is seen.
 TEST(Detect, LabelsOfACutBoardAreTheBoards) {
   DrawnBoard board = Board();
   board.first = {70.2, -60.4};

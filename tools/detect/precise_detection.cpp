@@ -68,10 +68,6 @@ std::vector<std::pair<std::string, double>> ToListedFacts(const precise::Picture
   return listed;
 }
 
-bool IsBoardKnown(const precise::Options& options) {
-  return options.boardRows > 0 && options.boardColumns > 0;
-}
-
 // "rows are the board's, columns count from the first one found"
 std::string DescribeLabels(const precise::PictureFacts& facts) {
   if (facts.hasFixedRows == facts.hasFixedColumns) {
@@ -118,7 +114,7 @@ DetectionResult DetectPrecisely(const std::filesystem::path& image,
     }
     result.found.points = ToListedPoints(found.marks, options.boardColumns);
     result.found.facts = ToListedFacts(found.facts);
-    if (IsBoardKnown(options)) {
+    if (options.boardRows > 0) {
       result.found.facts.emplace_back("fixed_rows", found.facts.hasFixedRows ? 1 : 0);
       result.found.facts.emplace_back("fixed_columns", found.facts.hasFixedColumns ? 1 : 0);
       result.found.labels = DescribeLabels(found.facts);
