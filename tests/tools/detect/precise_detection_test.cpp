@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 
 #include "tests/support/small_target.h"
 #include "tests/support/test_files.h"
@@ -23,7 +24,8 @@ constexpr int kAboveRowOne = 240;  // px; below all of row 0, above all of row 1
 constexpr std::size_t kMarks = kSmallTargetRows * kSmallTargetColumns - 1;
 
 Picture WithoutTop(Picture picture, int lines) {
-  picture.pixels.erase(picture.pixels.begin(), picture.pixels.begin() + lines * picture.width);
+  const std::ptrdiff_t gone = std::ptrdiff_t{lines} * picture.width;
+  picture.pixels.erase(picture.pixels.begin(), picture.pixels.begin() + gone);
   picture.height -= lines;
   return picture;
 }
