@@ -49,8 +49,14 @@ enum class MarkColour {
 struct Options {
   MarkColour colour = MarkColour::kEither;
   // Also gives the places within the found rows and columns, and within the picture, where no mark
-  // was measured.
+  // was measured; all rows of the board where hasFixedRows, all columns where hasFixedColumns.
   bool predictsMissing = false;
+  // Marks in a column and in a row of the whole board, 1 to 1000, with the board as it stands in
+  // the picture; both 0 when it is not known. A grid that has more is no result (stage "size"); of
+  // one that has fewer, labels are those of the board where it can be told which of its rows and
+  // columns were found (hasFixedRows, hasFixedColumns).
+  int boardRows = 0;
+  int boardColumns = 0;
 };
 
 enum class Verdict {
@@ -60,8 +66,8 @@ enum class Verdict {
 };
 
 struct Mark {
-  int row = 0;     // from 0 at the top of what was found
-  int column = 0;  // from 0 at its left
+  int row = 0;     // from 0 at the top of what was found; of the board where hasFixedRows
+  int column = 0;  // from 0 at its left; of the board where hasFixedColumns
   double x = 0.0;  // px
   double y = 0.0;  // px
   // Covariance of x and y, px^2. For measured marks of the measurement; for predicted ones of the
@@ -99,6 +105,13 @@ struct PictureFacts {
   double blur = 0.0;         // px, standard deviation
   double armLength = 0.0;    // pitches, from a mark's centre to the end of its arms
   bool hasLightMarks = false;
+  // With a known size of the board: row 0 is the first row of the board, as it stands in the
+  // picture. So it is when all rows were found; also when one side shows the end of the board,
+  // blank where the next marks would begin, and the other side does not, so that the missing rows
+  // lie there: beyond the picture's edge or hidden. What is hidden by something as bright as the
+  // board looks blank.
+  bool hasFixedRows = false;
+  bool hasFixedColumns = false;  // the same for column 0
   CameraFacts camera;
 };
 
@@ -106,12 +119,12 @@ struct Result {
   std::vector<Mark> marks;  // by row, then by column; empty when there is no target
   PictureFacts facts;       // of a picture with marks; otherwise only the noise, where known
   std::string
-      stage;  // where the search ended: input, seed, camera, strokes, check; empty with marks
+      stage;  // where the search ended: input, seed, camera, strokes, check, size; empty with marks
   std::string reason;  // why, in words; empty with marks
 };
 
 // Finds the marks of one target. Bad input (no pixels, less than 16 pixels high or wide, a stride
-// below the width) gives a reason, like a picture without a target.
+// below the width, a board size out of range) gives a reason, like a picture without a target.
 QUORVEX_PRECISE_API Result Detect(const ImageView& image, const Options& options = Options());
 
 struct Point {

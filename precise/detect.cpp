@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "interface/quorvex_precise.h"
+#include "precise/board_size.h"
 #include "precise/final_fit.h"
 #include "precise/gray_picture.h"
 #include "precise/grid_growth.h"
@@ -16,6 +17,8 @@
 
 namespace quorvex::precise {
 namespace {
+
+constexpr const char* kSizeStage = "size";
 
 CameraFacts FactsOf(const CameraFit& fit) {
   CameraFacts facts;
@@ -86,19 +89,16 @@ std::vector<Mark> MarksOf(const Grid& grid, const std::vector<MarkVerdict>& verd
   return marks;
 }
 
-// The labels within the found rows and columns that have no mark.
-void AddPredicted(const GrayPicture& picture, const Grid& grid, std::vector<Mark>& marks) {
+// The labels of these rows and columns that have no mark.
+void AddPredicted(const GrayPicture& picture, const Grid& grid, const BoardSize& size,
+                  std::vector<Mark>& marks) {
   const BoardMap map(grid.marks, grid.camera);
   std::set<std::pair<int, int>> known;
-  int rows = 0;
-  int columns = 0;
   for (const Mark& mark : marks) {
     known.insert({mark.row, mark.column});
-    rows = std::max(rows, mark.row + 1);
-    columns = std::max(columns, mark.column + 1);
   }
-  for (int row = 0; row < rows; ++row) {
-    for (int column = 0; column < columns; ++column) {
+  for (int row = 0; row < size.rows; ++row) {
+    for (int column = 0; column < size.columns; ++column) {
       if (known.count({row, column}) != 0) {
         continue;
       }
@@ -143,10 +143,26 @@ Result DetectOn(const GrayPicture& picture, const Options& options) {
     return result;
   }
   NameRowsAndColumns(grid);  // the first row or column may have gone
+  const BoardSize board{options.boardRows, options.boardColumns};
+  FixedLabels fixed;
+  if (board.rows > 0) {
+    result.reason = SizeConflict(grid, board);
+    if (!result.reason.empty()) {
+      result.stage = kSizeStage;
+      return result;
+    }
+    fixed = FixLabels(picture, board, grid);
+  }
   result.facts = FactsOf(grid, seed.noise);
+  result.facts.hasFixedRows = fixed.rows;
+  result.facts.hasFixedColumns = fixed.columns;
   result.marks = MarksOf(grid, verdicts);
   if (options.predictsMissing) {
-    AddPredicted(picture, grid, result.marks);
+    const BoardSize found = SizeOf(grid);
+    AddPredicted(
+        picture, grid,
+        {fixed.rows ? board.rows : found.rows, fixed.columns ? board.columns : found.columns},
+        result.marks);
   }
   return result;
 }
@@ -156,6 +172,9 @@ Result DetectOn(const GrayPicture& picture, const Options& options) {
 Result Detect(const ImageView& image, const Options& options) {
   Result result;
   result.reason = WrongInput(image);
+  if (result.reason.empty()) {
+    result.reason = WrongSize({options.boardRows, options.boardColumns});
+  }
   if (!result.reason.empty()) {
     result.stage = "input";
     return result;
@@ -170,7 +189,8 @@ Result Detect(const ImageView& image, const Options& options) {
     const Result light = DetectOn(
         CopyPicture(image.pixels, image.width, image.height, image.stride, Polarity::kLightMarks),
         options);
-    if (options.colour == MarkColour::kLight || !light.marks.empty()) {
+    // A board of another size says more than that there are no dark marks.
+    if (options.colour == MarkColour::kLight || !light.marks.empty() || light.stage == kSizeStage) {
       result = light;
       result.facts.hasLightMarks = true;
     }

@@ -32,21 +32,28 @@ void TurnByAQuarter(Grid& grid) {
   std::swap(grid.facts.sigma[0], grid.facts.sigma[1]);
 }
 
+bool ComesBefore(const GridMark& a, const GridMark& b) {
+  return a.row != b.row ? a.row < b.row : a.column < b.column;
+}
+
+}  // namespace
+
 void MoveOrigin(Grid& grid, int row, int column) {
   for (GridMark& mark : grid.marks) {
     mark.row -= row;
     mark.column -= column;
   }
   CameraModel& camera = grid.camera.model;
-  camera.translation +=
-      camera.rotation.col(0) * column + camera.rotation.col(1) * row * camera.aspect;
+  const Eigen::Vector3d down = camera.rotation.col(1) * row * camera.aspect;
+  const Eigen::Vector3d way = camera.rotation.col(0) * column + down;
+  camera.translation += way;
+  // The new origin's place follows the old one's, the rotation and the aspect.
+  using Covariance = decltype(grid.camera.covariance);
+  Covariance byOld = Covariance::Identity();
+  byOld.block<3, 3>(3, 0) << 0.0, way.z(), -way.y(), -way.z(), 0.0, way.x(), way.y(), -way.x(), 0.0;
+  byOld.block<3, 1>(3, 11) = down;
+  grid.camera.covariance = byOld * grid.camera.covariance * byOld.transpose();
 }
-
-bool ComesBefore(const GridMark& a, const GridMark& b) {
-  return a.row != b.row ? a.row < b.row : a.column < b.column;
-}
-
-}  // namespace
 
 void NameRowsAndColumns(Grid& grid) {
   if (grid.marks.empty()) {

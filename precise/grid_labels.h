@@ -11,6 +11,9 @@ namespace quorvex::precise {
 // two strokes change places where the axes do. The direction is judged at the middle of the marks.
 void NameRowsAndColumns(Grid& grid);
 
+// Makes this label (0, 0); the camera and its covariance follow.
+void MoveOrigin(Grid& grid, int row, int column);
+
 }  // namespace quorvex::precise
 
 #endif  // QUORVEX_PRECISE_GRID_LABELS_H_

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <utility>
 #include <vector>
 
 #include "interface/quorvex_precise.h"
@@ -99,6 +100,54 @@ TEST(Detect, MissingMarksArePredictedOnDemandOnly) {
   const Eigen::Vector2d place = board.Place(2, 3);
   EXPECT_LT(std::hypot(mark.x - place.x(), mark.y - place.y()), 0.05);
   EXPECT_GT(mark.cxx, 0.0);
+}
+
+void ExpectAnotherSize(const DrawnBoard& board) {
+  const GrayPicture picture = board.Draw();
+  Options options;
+  options.boardRows = 5;
+  options.boardColumns = 5;
+  const Result result = Detect(ViewOf(picture), options);
+  EXPECT_TRUE(result.marks.empty());
+  EXPECT_EQ(result.stage, "size");
+  EXPECT_EQ(result.reason, "5 rows x 6 columns were found on a board of 5 x 5");
+}
+
+TEST(Detect, ABoardThatTheGridDoesNotFitIsNoResult) {
+  DrawnBoard board = Board();
+  ExpectAnotherSize(board);
+  std::swap(board.board, board.mark);
+  ExpectAnotherSize(board);
+}
+
+TEST(Detect, HalfASizeOfTheBoardIsWrongInput) {
+  const GrayPicture picture = Board().Draw();
+  Options options;
+  options.boardRows = 5;
+  EXPECT_EQ(Detect(ViewOf(picture), options).stage, "input");
+}
+
+// Row 0 lies above the picture, and its edge cuts row 1; the blank board below row 4 is seen.
+TEST(Detect, LabelsOfACutBoardAreTheBoards) {
+  DrawnBoard board = Board();
+  board.first = {70.2, -60.4};
+  const GrayPicture picture = board.Draw();
+  Options options;
+  options.boardRows = 5;
+  options.boardColumns = 6;
+  options.predictsMissing = true;
+  const Result result = Detect(ViewOf(picture), options);
+  ASSERT_FALSE(result.marks.empty()) << result.reason;
+  EXPECT_TRUE(result.facts.hasFixedRows);
+  EXPECT_TRUE(result.facts.hasFixedColumns);
+  EXPECT_EQ(result.marks.back().row, 4);
+  for (const Mark& mark : result.marks) {
+    const Eigen::Vector2d place = board.Place(mark.row, mark.column);
+    const double most = mark.verdict == Verdict::kPredicted ? 1.0 : 0.1;
+    EXPECT_LT(std::hypot(mark.x - place.x(), mark.y - place.y()), most) << mark.row;
+    EXPECT_GE(mark.y, 0.0);
+  }
+  EXPECT_FALSE(Detect(ViewOf(picture)).facts.hasFixedRows);
 }
 
 TEST(Detect, APictureWithoutMarksGivesAReason) {

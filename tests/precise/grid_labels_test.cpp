@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <Eigen/Geometry>
+
 #include "tests/precise/board_views.h"
 
 namespace quorvex::tests {
@@ -64,6 +66,25 @@ TEST(GridLabels, NegativeLabelsBecomeOrdinaryOnes) {
   Eigen::Vector2d pixel;
   ASSERT_TRUE(grid.camera.model.Project({0, 0}, pixel));
   EXPECT_LT((pixel - board.first).norm(), 1e-2);
+}
+
+// Errors of the rotation about the old origin are errors of the place of the new one.
+TEST(GridLabels, AMovedOriginLeavesPredictionsAsSureAsTheyWere) {
+  DrawnBoard board;
+  board.rows = board.columns = 3;
+  Grid grid = GridOf(board);
+  grid.camera.model.rotation = Eigen::AngleAxisd(0.3, Eigen::Vector3d(1, 2, 3).normalized());
+  grid.camera.model.translation = {-1.0, -2.0, 9.0};
+  grid.camera.model.focalLength = 400.0;
+  grid.camera.model.aspect = 1.1;
+  for (Eigen::Index i = 0; i < precise::CameraModel::kParameters; ++i) {
+    grid.camera.covariance(i, i) = 1e-6 * (1.0 + static_cast<double>(i));
+  }
+  const precise::Predicted before = precise::BoardMap({}, grid.camera).At(2, 1, false);
+  MoveOrigin(grid, -4, -7);
+  const precise::Predicted after = precise::BoardMap({}, grid.camera).At(6, 8, false);
+  EXPECT_LT((after.pixel - before.pixel).norm(), 1e-9);
+  EXPECT_LT((after.covariance - before.covariance).norm(), 1e-9 * before.covariance.norm());
 }
 
 }  // namespace

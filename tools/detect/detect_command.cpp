@@ -104,6 +104,19 @@ void AddOutputOptions(CLI::App& command, DetectOptions& options) {
       ->option_text("N=1");
 }
 
+void AddBoardSize(CLI::App& command, CLI::Option& isPrecise, precise::Options& options) {
+  CLI::Option* rows = command.add_option(
+      "--rows", options.boardRows,
+      "with --precise and --columns: marks in a column of the whole board, 1 to 1000. Rows and "
+      "columns are then the board's, also of a board that the picture cuts off, where its end on "
+      "the other side is seen; a sentence says where they are not. An image with more counts as "
+      "failed");
+  CLI::Option* columns =
+      command.add_option("--columns", options.boardColumns, "marks in a row of it, 1 to 1000");
+  rows->needs(&isPrecise)->needs(columns)->check(CLI::Range(1, kLargestSpan))->option_text("R");
+  columns->needs(&isPrecise)->needs(rows)->check(CLI::Range(1, kLargestSpan))->option_text("C");
+}
+
 void AddDirectDetection(CLI::App& command, DetectOptions& options) {
   CLI::Option* isPrecise = command.add_flag(
       "--precise", options.isPrecise,
@@ -117,8 +130,10 @@ void AddDirectDetection(CLI::App& command, DetectOptions& options) {
       .add_flag("--predict", options.preciseOptions.predictsMissing,
                 "with --precise: also list the places within the grid where no mark is seen")
       ->needs(isPrecise);
+  AddBoardSize(command, *isPrecise, options.preciseOptions);
   command.add_flag("--strict", options.isStrict,
-                   "exit code 1 when the check has something to say about the points");
+                   "exit code 1 when the check has something to say about the points, or rows and "
+                   "columns are not known to be the board's");
   command
       .add_option_function<std::string>(
           "--expect",

@@ -27,9 +27,10 @@ PointKind KindOf(precise::Verdict verdict) {
   return PointKind::kPredicted;
 }
 
-// Numbered row by row, as the other detection numbers its points.
-std::vector<ListedPoint> ToListedPoints(const std::vector<precise::Mark>& marks) {
-  int columns = 0;
+// Numbered row by row, as the other detection numbers its points; by the columns of the board, when
+// they are known.
+std::vector<ListedPoint> ToListedPoints(const std::vector<precise::Mark>& marks, int boardColumns) {
+  int columns = boardColumns;
   for (const precise::Mark& mark : marks) {
     columns = std::max(columns, mark.column + 1);
   }
@@ -67,6 +68,29 @@ std::vector<std::pair<std::string, double>> ToListedFacts(const precise::Picture
   return listed;
 }
 
+// "rows are the board's, columns count from the first one found"
+std::string DescribeLabels(const precise::PictureFacts& facts) {
+  if (facts.hasFixedRows == facts.hasFixedColumns) {
+    return facts.hasFixedRows ? "rows and columns are the board's"
+                              : "rows and columns count from the first ones found";
+  }
+  return facts.hasFixedRows ? "rows are the board's, columns count from the first one found"
+                            : "columns are the board's, rows count from the first one found";
+}
+
+// Says that labels may be others than the board's; nothing when they are the board's.
+std::string WarnOfLabels(const precise::PictureFacts& facts, const precise::Options& options) {
+  const std::string rows = fmt::format("{} rows", options.boardRows);
+  const std::string columns = fmt::format("{} columns", options.boardColumns);
+  if (facts.hasFixedRows && facts.hasFixedColumns) {
+    return "";
+  }
+  return fmt::format("which of the board's {} were found cannot be told",
+                     facts.hasFixedRows      ? columns
+                     : facts.hasFixedColumns ? rows
+                                             : rows + " and " + columns);
+}
+
 }  // namespace
 
 precise::ImageView ViewOf(const Picture& picture) {
@@ -84,11 +108,18 @@ DetectionResult DetectPrecisely(const std::filesystem::path& image,
     result.found.height = picture.height;
     if (found.marks.empty()) {
       result.exitCode = kExitNothingFound;
-      result.message = fmt::format("{}: no target was found: {}", result.found.image, found.reason);
+      const std::string start = found.stage == "size" ? "" : "no target was found: ";
+      result.message = fmt::format("{}: {}{}", result.found.image, start, found.reason);
       return result;
     }
-    result.found.points = ToListedPoints(found.marks);
+    result.found.points = ToListedPoints(found.marks, options.boardColumns);
     result.found.facts = ToListedFacts(found.facts);
+    if (options.boardRows > 0) {
+      result.found.facts.emplace_back("fixed_rows", found.facts.hasFixedRows ? 1 : 0);
+      result.found.facts.emplace_back("fixed_columns", found.facts.hasFixedColumns ? 1 : 0);
+      result.found.labels = DescribeLabels(found.facts);
+      result.warning = WarnOfLabels(found.facts, options);
+    }
   } catch (const InputError& error) {
     result.exitCode = kExitBadInput;
     result.message = error.what();

@@ -113,7 +113,7 @@ std::string DescribePoints(const PointsOfImage& list) {
   if (grid.withoutPlace > 0) {
     text += fmt::format(", {} without a place", grid.withoutPlace);
   }
-  return text;
+  return list.labels.empty() ? text : fmt::format("{}; {}", text, list.labels);
 }
 
 }  // namespace quorvex::tools

@@ -37,6 +37,8 @@ struct PointsOfImage {
   std::string error = {};
   // What else is known of the picture, by name; JSON lists hold it, and it is not read again.
   std::vector<std::pair<std::string, double>> facts = {};
+  // What rows and columns count from, in a few words for people; it is not read again either.
+  std::string labels = {};
 };
 
 // Whether a point of the list tells its kind.
@@ -48,7 +50,8 @@ bool HasCovariances(const std::vector<ListedPoint>& points);
 // "name: 80 points, 9 rows x 9 columns, empty: place (2,4)"; without a name from the number of
 // points on. Rows and columns are those that the ids count: the largest + 1. Empty rows and columns
 // are named, and so are the places between the others that hold no point, as long as they are few.
-// For an image without a detection, "name: " and the error.
+// What the list says of its labels ends the sentence. For an image without a detection, "name: "
+// and the error.
 std::string DescribePoints(const PointsOfImage& list);
 
 }  // namespace quorvex::tools

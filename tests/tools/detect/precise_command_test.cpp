@@ -78,6 +78,33 @@ TEST_F(PreciseCommand, ExpectsAGrid) {
   EXPECT_EQ(Run("detect target.bmp --expect 4"), 2);
 }
 
+TEST_F(PreciseCommand, TakesTheSizeOfTheBoard) {
+  ASSERT_EQ(Run("detect --precise target.bmp --rows 4 --columns 5 --format json"), 0) << errors;
+  EXPECT_THAT(output, HasSubstr("\"fixed_rows\": 1, \"fixed_columns\": 1}"));
+  EXPECT_THAT(errors, HasSubstr("place (1,2); rows and columns are the board's"));
+  ASSERT_EQ(Run("detect --precise target.bmp --rows 6 --columns 5 --format text"), 0) << errors;
+  EXPECT_THAT(output, HasSubstr("; columns are the board's, rows count from the first one found"));
+  EXPECT_THAT(errors, HasSubstr("quorvex: target.bmp: which of the board's 6 rows were found "));
+  EXPECT_EQ(Run("detect --precise target.bmp --rows 6 --columns 5 --strict -q"), 1);
+  EXPECT_THAT(output, StartsWith("id,row,col"));
+}
+
+TEST_F(PreciseCommand, ABoardThatIsTooSmallIsAFailure) {
+  ASSERT_EQ(Run("detect --precise target.bmp --rows 5 --columns 4 -q"), 1);
+  EXPECT_EQ(output, "");
+  EXPECT_EQ(errors,
+            "quorvex: target.bmp: 4 rows x 5 columns were found on a board of 5 x 4, where they "
+            "would fit turned by a right angle\n");
+}
+
+TEST_F(PreciseCommand, RefusesHalfASizeAndWrongOnes) {
+  EXPECT_EQ(Run("detect --precise target.bmp --rows 4"), 2);
+  EXPECT_EQ(Run("detect --precise target.bmp --columns 5"), 2);
+  EXPECT_EQ(Run("detect target.bmp --rows 4 --columns 5"), 2);
+  EXPECT_EQ(Run("detect --precise target.bmp --rows 0 --columns 5"), 2);
+  EXPECT_EQ(Run("detect --precise target.bmp --rows 4 --columns 1001"), 2);
+}
+
 TEST_F(PreciseCommand, TheCheckIsSilentWhereAllIsWell) {
   ASSERT_EQ(Run("render --preset easy -o easy.bmp -q"), 0) << errors;
   ASSERT_EQ(Run("detect easy.bmp -q --strict"), 0) << errors;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 
 #include "tests/support/small_target.h"
 #include "tests/support/test_files.h"
@@ -16,9 +17,18 @@ using namespace tools;
 
 namespace {
 
+using testing::EndsWith;
 using testing::HasSubstr;
 
+constexpr int kAboveRowOne = 240;  // px; below all of row 0, above all of row 1
 constexpr std::size_t kMarks = kSmallTargetRows * kSmallTargetColumns - 1;
+
+Picture WithoutTop(Picture picture, int lines) {
+  const std::ptrdiff_t gone = std::ptrdiff_t{lines} * picture.width;
+  picture.pixels.erase(picture.pixels.begin(), picture.pixels.begin() + gone);
+  picture.height -= lines;
+  return picture;
+}
 
 class PreciseDetection : public testing::Test {
  protected:
@@ -69,6 +79,53 @@ TEST_F(PreciseDetection, TellsThePicturesFacts) {
   ASSERT_NE(pitch, result.found.facts.end());
   EXPECT_GT(pitch->second, 100);
   EXPECT_LT(pitch->second, 200);
+}
+
+TEST_F(PreciseDetection, ABoardOfKnownSizeThatIsCutHasTheBoardsLabels) {
+  WritePictureFile(WithoutTop(target.picture, kAboveRowOne), folder.Path("cut.bmp"));
+  precise::Options options;
+  options.boardRows = kSmallTargetRows;
+  options.boardColumns = kSmallTargetColumns;
+  const DetectionResult result = DetectPrecisely(folder.Path("cut.bmp"), options);
+  ASSERT_EQ(result.exitCode, kExitSuccess) << result.message;
+  ASSERT_GT(result.found.points.size(), 10u);
+  for (const ListedPoint& p : result.found.points) {
+    EXPECT_EQ(p.id, p.row * kSmallTargetColumns + p.col + 1);
+    const auto truth = std::find_if(target.marks.begin(), target.marks.end(), [&](const auto& m) {
+      return m.row == p.row && m.column == p.col;
+    });
+    ASSERT_NE(truth, target.marks.end());
+    EXPECT_LT(std::hypot(truth->x - p.x, truth->y - kAboveRowOne - p.y), 0.1);
+  }
+  EXPECT_EQ(result.warning, "");
+  EXPECT_EQ(result.found.labels, "rows and columns are the board's");
+  EXPECT_THAT(result.found.facts, testing::Contains(testing::Pair("fixed_rows", 1.0)));
+}
+
+TEST_F(PreciseDetection, SaysWhenLabelsMayBeOthers) {
+  precise::Options options;
+  options.boardRows = kSmallTargetRows + 1;
+  options.boardColumns = kSmallTargetColumns;
+  DetectionResult result = DetectPrecisely(folder.Path("target.bmp"), options);
+  ASSERT_EQ(result.exitCode, kExitSuccess) << result.message;
+  EXPECT_EQ(result.warning, "which of the board's 5 rows were found cannot be told");
+  EXPECT_EQ(result.found.labels, "columns are the board's, rows count from the first one found");
+  EXPECT_THAT(result.found.facts, testing::Contains(testing::Pair("fixed_rows", 0.0)));
+  EXPECT_THAT(result.found.facts, testing::Contains(testing::Pair("fixed_columns", 1.0)));
+  options.boardColumns = kSmallTargetColumns + 1;
+  result = DetectPrecisely(folder.Path("target.bmp"), options);
+  EXPECT_EQ(result.warning, "which of the board's 5 rows and 6 columns were found cannot be told");
+  EXPECT_EQ(result.found.labels, "rows and columns count from the first ones found");
+}
+
+TEST_F(PreciseDetection, ABoardThatIsTooSmallIsAFailure) {
+  precise::Options options;
+  options.boardRows = kSmallTargetRows - 1;
+  options.boardColumns = kSmallTargetColumns;
+  const DetectionResult result = DetectPrecisely(folder.Path("target.bmp"), options);
+  EXPECT_EQ(result.exitCode, kExitNothingFound);
+  EXPECT_THAT(result.message,
+              EndsWith("target.bmp: 4 rows x 5 columns were found on a board of 3 x 5"));
 }
 
 TEST_F(PreciseDetection, SaysWhyThereIsNothing) {

@@ -64,6 +64,12 @@ TEST(DescribePoints, CountsPointsWithoutAPlace) {
   EXPECT_EQ(DescribePoints(list), "5 points, 2 rows x 2 columns, 1 without a place");
 }
 
+TEST(DescribePoints, EndsWithWhatTheLabelsCountFrom) {
+  PointsOfImage list = GridWithout(2, 2, {});
+  list.labels = "rows and columns are the board's";
+  EXPECT_EQ(DescribePoints(list), "4 points, 2 rows x 2 columns; rows and columns are the board's");
+}
+
 TEST(DescribePoints, SaysWhyThereAreNone) {
   EXPECT_EQ(DescribePoints({"a.bmp", 0, 0, {}, "no target was seen"}), "a.bmp: no target was seen");
 }
