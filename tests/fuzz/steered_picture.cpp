@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <limits>
 
+#include "tests/fuzz/stroke_canvas.h"
+
 namespace quorvex::tests {
 namespace {
 
@@ -15,18 +17,6 @@ constexpr int kBoardSide = 90;  // px; smaller pictures rarely hold six marks
 constexpr int kMostLines = 8;   // rows or columns of a board
 constexpr double kPi = 3.14159265358979323846;
 
-// A picture with rows without gaps, on which strokes are drawn.
-struct Canvas {
-  int width = 0;
-  int height = 0;
-  std::vector<double> levels;
-
-  double& At(int x, int y) {
-    return levels[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
-                  static_cast<std::size_t>(x)];
-  }
-};
-
 Canvas MakeCanvas(InputBytes& input, int leastSide, double level) {
   Canvas canvas;
   canvas.width = input.Between(leastSide, kMostSide);
@@ -34,42 +24,6 @@ Canvas MakeCanvas(InputBytes& input, int leastSide, double level) {
   canvas.levels.assign(
       static_cast<std::size_t>(canvas.width) * static_cast<std::size_t>(canvas.height), level);
   return canvas;
-}
-
-struct Stroke {
-  precise::Point from;
-  precise::Point to;
-  double width = 3.0;  // px
-  double level = 0.0;
-};
-
-// With edges one pixel soft and blunt ends.
-void Draw(const Stroke& stroke, Canvas& canvas) {
-  const double dx = stroke.to.x - stroke.from.x;
-  const double dy = stroke.to.y - stroke.from.y;
-  const double length = std::hypot(dx, dy);
-  if (!(length > 0.0)) {
-    return;
-  }
-  const double reach = 0.5 * stroke.width + 1.0;
-  const auto first = [reach](double a, double b) {
-    return static_cast<int>(std::max(std::floor(std::min(a, b) - reach), 0.0));
-  };
-  const auto last = [reach](double a, double b, int size) {
-    return static_cast<int>(std::min(std::ceil(std::max(a, b) + reach), size - 1.0));
-  };
-  for (int y = first(stroke.from.y, stroke.to.y);
-       y <= last(stroke.from.y, stroke.to.y, canvas.height); ++y) {
-    for (int x = first(stroke.from.x, stroke.to.x);
-         x <= last(stroke.from.x, stroke.to.x, canvas.width); ++x) {
-      const double along = ((x - stroke.from.x) * dx + (y - stroke.from.y) * dy) / length;
-      const double across = ((y - stroke.from.y) * dx - (x - stroke.from.x) * dy) / length;
-      const double inside =
-          std::min({along, length - along, 0.5 * stroke.width - std::abs(across)});
-      const double part = std::clamp(inside + 0.5, 0.0, 1.0);
-      canvas.At(x, y) += part * (stroke.level - canvas.At(x, y));
-    }
-  }
 }
 
 struct Board {
