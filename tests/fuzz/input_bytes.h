@@ -1,4 +1,4 @@
-// The bytes that an engine for fuzzing hands over, read one after another; zeros behind the end.
+// The bytes that an engine for fuzzing hands over, read one after another; zeros after the end.
 #ifndef QUORVEX_TESTS_FUZZ_INPUT_BYTES_H_
 #define QUORVEX_TESTS_FUZZ_INPUT_BYTES_H_
 
