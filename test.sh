@@ -13,7 +13,7 @@ presets=()
 for argument in "$@"; do
   case "$argument" in
     --windows) presets+=(windows) ;;
-    --outputs) only=(--tests-regex '^DetectionRoad\.') ;;
+    --outputs) only=(--tests-regex '^(Detection|Direct)Road\.') ;;
     -*) echo "test: unknown option $argument" >&2; exit 2 ;;
     *) presets+=("$argument") ;;
   esac

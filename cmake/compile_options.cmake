@@ -38,3 +38,12 @@ if(QUORVEX_SANITIZE)
     -fsanitize=${QUORVEX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(quorvex_compile_options INTERFACE -fsanitize=${QUORVEX_SANITIZE})
 endif()
+
+# What is compiled tells libFuzzer its way. Other programs of the build link it, too, for which
+# AddressSanitizer has the functions that are called.
+if(QUORVEX_BUILD_FUZZERS)
+  if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang" OR NOT QUORVEX_SANITIZE MATCHES "address")
+    message(FATAL_ERROR "QUORVEX_BUILD_FUZZERS needs clang and AddressSanitizer: the preset clang-sanitize")
+  endif()
+  target_compile_options(quorvex_compile_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()

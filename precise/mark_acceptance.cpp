@@ -15,6 +15,12 @@ constexpr double kLargestScatter = 40.0;  // of the blocks' squares over their v
 constexpr double kScatterFloor = 0.15;    // px between blocks, allowed where noise is low
 constexpr double kInPicture = 0.5;        // of an arm
 
+// A fit may end outside although the place that it began from lies inside.
+bool LiesOnPicture(const GrayPicture& picture, const Eigen::Vector2d& point) {
+  return point.x() >= -0.5 && point.y() >= -0.5 && point.x() <= picture.Width() - 0.5 &&
+         point.y() <= picture.Height() - 0.5;
+}
+
 }  // namespace
 
 std::array<std::array<bool, 2>, 2> ArmsInPicture(const GrayPicture& picture,
@@ -34,7 +40,7 @@ std::array<std::array<bool, 2>, 2> ArmsInPicture(const GrayPicture& picture,
 
 bool IsMark(const GrayPicture& picture, const MarkFrame& frame, const MarkFit& fit,
             const Expectation& expected) {
-  if (!fit.isMeasured || !fit.SeesBothStrokes()) {
+  if (!fit.isMeasured || !fit.SeesBothStrokes() || !LiesOnPicture(picture, fit.centre)) {
     return false;
   }
   const double least = expected.isWellPredicted ? kWellLeastDarkness : kLeastDarkness;

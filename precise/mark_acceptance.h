@@ -14,7 +14,8 @@ struct Expectation {
 };
 
 // Both strokes must be seen with the darkness of their neighbours and in the predicted directions,
-// and three arms, or all arms that the picture holds, unless the place is well predicted.
+// and three arms, or all arms that the picture holds, unless the place is well predicted. What lies
+// beside the picture is no mark.
 bool IsMark(const GrayPicture& picture, const MarkFrame& frame, const MarkFit& fit,
             const Expectation& expected);
 

@@ -69,6 +69,18 @@ TEST_F(MarkAcceptance, TwoArmsDoInACornerOfThePicture) {
   EXPECT_TRUE(Accepted());
 }
 
+TEST_F(MarkAcceptance, BesideThePictureItIsNone) {
+  expected.isWellPredicted = true;
+  frame.centre = {0.1, 90.0};
+  fit.centre = {-0.4, 90.0};
+  EXPECT_TRUE(Accepted());
+  fit.centre = {-0.6, 90.0};
+  EXPECT_FALSE(Accepted());
+  frame.centre = {90.0, 199.0};
+  fit.centre = {90.0, 199.6};
+  EXPECT_FALSE(Accepted());
+}
+
 TEST_F(MarkAcceptance, OneStrokeAloneIsNone) {
   fit.arms[1][0].isSeen = fit.arms[1][1].isSeen = false;
   expected.isWellPredicted = true;

@@ -3,10 +3,10 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdint>
 #include <filesystem>
 
 #include "tests/support/bytes.h"
+#include "tests/support/fnv_hash.h"
 #include "tests/support/list_drive.h"
 #include "tests/support/temporary_directory.h"
 #include "tools/render/presets.h"
@@ -15,15 +15,6 @@ namespace quorvex::tests {
 namespace {
 
 namespace fs = std::filesystem;
-
-// FNV-1a, 64 bits.
-std::uint64_t Hash(const std::string& bytes) {
-  std::uint64_t hash = 0xcbf29ce484222325u;
-  for (const char byte : bytes) {
-    hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001b3u;
-  }
-  return hash;
-}
 
 // The picture as the library takes it, the bottom row first.
 std::vector<unsigned char> BottomUp(const tools::Picture& picture) {
@@ -79,7 +70,7 @@ DetectionRoad RunDetectionRoad(const std::string& preset) {
 
 std::string ManifestLine(const std::string& preset, const RoadOutput& output) {
   return fmt::format("{} {} {} {:016x}", preset, output.name, output.isNumbers ? "close" : "exact",
-                     Hash(output.bytes));
+                     FnvHash(output.bytes));
 }
 
 std::string NumbersFileName(const std::string& preset, const RoadOutput& output) {
