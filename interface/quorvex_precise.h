@@ -51,6 +51,9 @@ struct Options {
   // Also gives the places within the found rows and columns, and within the picture, where no mark
   // was measured; all rows of the board where hasFixedRows, all columns where hasFixedColumns.
   bool predictsMissing = false;
+  // The board's strokes may run through from crossing to crossing. Without this such a grid is no
+  // result, since graph paper, tiles and chessboards' edges have it, too.
+  bool hasContinuousLines = false;
   // Marks in a column and in a row of the whole board, 1 to 1000, with the board as it stands in
   // the picture; both 0 when it is not known. A grid that has more is no result (stage "size"); of
   // one that has fewer, labels are those of the board where it can be told which of its rows and

@@ -122,7 +122,8 @@ void AddPredicted(const GrayPicture& picture, const Grid& grid, const BoardSize&
 
 Result DetectOn(const GrayPicture& picture, const Options& options) {
   Result result;
-  const Seed seed = FindSeed(picture);
+  const Seed seed = FindSeed(
+      picture, options.hasContinuousLines ? BoardLines::kContinuous : BoardLines::kOfMarks);
   result.facts.noise = seed.noise;
   if (seed.marks.empty()) {
     result.stage = "seed";

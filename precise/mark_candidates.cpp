@@ -161,10 +161,11 @@ void LookAtHalf(const Pyramid& pyramid, const HessianPeak& peak, double noise,
 
 }  // namespace
 
-std::vector<MarkCandidate> FindMarkCandidates(const Pyramid& pyramid, double noise) {
+std::vector<MarkCandidate> FindMarkCandidates(const Pyramid& pyramid, double noise,
+                                              bool stopsAtLines) {
   Collection collection(pyramid[0]);
   for (const HessianPeak& peak : FindHessianPeaks(pyramid[1], noise, kMostPeaksHalf)) {
-    if (collection.IsLinedPaper()) {
+    if (stopsAtLines && collection.IsLinedPaper()) {
       return std::move(collection).Marks();
     }
     LookAtHalf(pyramid, peak, noise, collection);

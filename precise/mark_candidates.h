@@ -16,7 +16,10 @@ namespace quorvex::precise {
 
 // `noise` in grey levels. No two candidates are closer than 4 px. With fewer than four arms they
 // are weak: three anywhere, two (one of either stroke) where the frame hides the others.
-std::vector<MarkCandidate> FindMarkCandidates(const Pyramid& pyramid, double noise);
+// Where `stopsAtLines`, the search ends when there are hundreds whose arms run through to the next
+// stroke: that is paper with lines.
+std::vector<MarkCandidate> FindMarkCandidates(const Pyramid& pyramid, double noise,
+                                              bool stopsAtLines = true);
 
 }  // namespace quorvex::precise
 

@@ -100,14 +100,15 @@ double MedianPitch(const std::vector<MarkCandidate>& marks,
 
 }  // namespace
 
-Seed FindSeed(const GrayPicture& picture) {
+Seed FindSeed(const GrayPicture& picture, BoardLines lines) {
   Seed seed;
   if (picture.Width() < kSmallestSide || picture.Height() < kSmallestSide) {
     seed.reason = "the picture is smaller than 16 pixels";
     return seed;
   }
   seed.noise = EstimateNoise(picture);
-  const std::vector<MarkCandidate> marks = FindMarkCandidates(BuildPyramid(picture), seed.noise);
+  const std::vector<MarkCandidate> marks =
+      FindMarkCandidates(BuildPyramid(picture), seed.noise, lines == BoardLines::kOfMarks);
   if (marks.size() < kLeastMarks) {
     seed.reason = "hardly any place looks like a cross mark";
     return seed;
@@ -118,7 +119,7 @@ Seed FindSeed(const GrayPicture& picture) {
     seed.reason = "the cross marks do not form a grid";
     return seed;
   }
-  if (AreLinesContinuous(marks, labelled)) {
+  if (lines == BoardLines::kOfMarks && AreLinesContinuous(marks, labelled)) {
     seed.reason = "the grid is made of continuous lines, not of marks";
     return seed;
   }

@@ -34,8 +34,13 @@ struct Seed {
   std::string reason;           // why there are no marks; empty when there are
 };
 
+enum class BoardLines {
+  kOfMarks,    // with gaps between marks; paper with lines through is no board
+  kContinuous  // may run through from crossing to crossing
+};
+
 // The marks must be dark on a bright board. The same picture gives the same seed.
-Seed FindSeed(const GrayPicture& picture);
+Seed FindSeed(const GrayPicture& picture, BoardLines lines = BoardLines::kOfMarks);
 
 }  // namespace quorvex::precise
 

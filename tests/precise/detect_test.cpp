@@ -60,6 +60,18 @@ TEST(Detect, FindsEveryMark) {
   EXPECT_NEAR(result.facts.armLength, 0.4, 0.02);
 }
 
+TEST(Detect, ContinuousLinesAreABoardWhenTheCallerSaysSo) {
+  DrawnBoard board = Board();
+  board.arm = 0.5;
+  const GrayPicture picture = board.Draw();
+  const Result refused = Detect(ViewOf(picture));
+  EXPECT_TRUE(refused.marks.empty());
+  EXPECT_NE(refused.reason.find("continuous lines"), std::string::npos) << refused.reason;
+  Options options;
+  options.hasContinuousLines = true;
+  ExpectTheBoard(board, Detect(ViewOf(picture), options));
+}
+
 TEST(Detect, FindsLightMarksOnADarkBoard) {
   DrawnBoard board = Board();
   board.board = 50;

@@ -131,6 +131,7 @@ TEST(Seed, PaperWithManyLinesIsNone) {
     }
   }
   EXPECT_LT(precise::FindMarkCandidates(precise::BuildPyramid(paper), 0.3).size(), 500u);
+  EXPECT_GT(precise::FindMarkCandidates(precise::BuildPyramid(paper), 0.3, false).size(), 500u);
   const Seed seed = FindSeed(paper);
   EXPECT_TRUE(seed.marks.empty());
   EXPECT_NE(seed.reason.find("continuous"), std::string::npos);

@@ -130,6 +130,10 @@ void AddDirectDetection(CLI::App& command, DetectOptions& options) {
       .add_flag("--predict", options.preciseOptions.predictsMissing,
                 "with --precise: also list the places within the grid where no mark is seen")
       ->needs(isPrecise);
+  command
+      .add_flag("--continuous-lines", options.preciseOptions.hasContinuousLines,
+                "with --precise: the board's strokes may run through from crossing to crossing")
+      ->needs(isPrecise);
   AddBoardSize(command, *isPrecise, options.preciseOptions);
   command.add_flag("--strict", options.isStrict,
                    "exit code 1 when the check has something to say about the points, or rows and "
