@@ -21,7 +21,7 @@ constexpr int kSteps = 30;
 constexpr double kLeastResidual = 0.003;  // px; marks are not measured better than that
 constexpr double kFullWeight = 2.0;       // residuals; less weight beyond
 constexpr double kNoWeight = 8.0;  // residuals; a point this far off is no mark of this label
-constexpr double kSettled = 0.01;  // of the cost, which changes by 1 for one standard deviation
+constexpr double kSettled = 0.1;   // of the cost, which changes by 1 for one standard deviation
 constexpr double kSteady = 0.98;   // of the residual, by which the cost is scaled
 
 // What is taken for likely before any mark is seen, so that few marks do not give absurd lenses.

@@ -33,9 +33,9 @@ struct MarkFitSettings {
   double armPart = 1.0;                         // of the arms' length that is used
   std::array<double, 2> bendSigma = {};         // px at the end of the arms; BendPrior
   int rounds = 3;                               // at most
-  double settled = 0.02;                        // px; a step below that is the last
-  bool isNear = false;  // the frame is within a few tenths of a px: the first round may judge
-                        // blocks by their residuals already
+  double settled = 0.05;  // px; a step below that is the last, off by a hundredth of it
+  bool isNear = false;    // the frame is within a few tenths of a px: the first round may judge
+                          // blocks by their residuals already
 };
 
 struct MarkFit {

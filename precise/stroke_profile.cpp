@@ -104,13 +104,12 @@ StrokeProfile::StrokeProfile(const EdgeTables& edges, const Eigen::Vector2d& nor
   const int samples = static_cast<int>(reach_ * kProfileSamples) + 2;
   const std::vector<EdgeTables::Value> near = edges.Along(direction, 0.5 * width, samples);
   const std::vector<EdgeTables::Value> far = edges.Along(direction, -0.5 * width, samples);
-  entries_.resize(near.size());
-  for (std::size_t sample = 0; sample < near.size(); ++sample) {
+  entries_.resize(near.size() + 1);
+  for (std::size_t sample = 0; sample + 1 < near.size(); ++sample) {
     entries_[sample] = {near[sample].edge - far[sample].edge,
                         near[sample].spread - far[sample].spread};
   }
-  entries_.back() = {0.0, 0.0};
-  last_ = static_cast<double>(entries_.size() - 1);
+  last_ = static_cast<double>(entries_.size() - 2);
 }
 
 }  // namespace quorvex::precise

@@ -5,6 +5,7 @@
 #define QUORVEX_PRECISE_STROKE_PROFILE_H_
 
 #include <Eigen/Core>
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <vector>
@@ -56,37 +57,25 @@ class StrokeProfile {
   double Width() const { return width_; }
   double Reach() const { return reach_; }  // px; no darkness beyond
   double TotalSigma() const { return totalSigma_; }
-  double Peak() const { return entries_.empty() ? 0.0 : entries_[0].dark; }
+  double Peak() const { return entries_[0].dark; }
 
   struct Value {
-    double dark;   // 0 to 1
-    double slope;  // its derivative across, per px
+    double dark = 0.0;   // 0 to 1
+    double slope = 0.0;  // its derivative across, per px
   };
   Value At(double across) const {
-    const double position = std::abs(across) * kProfileSamples;
-    if (!(position < last_)) {
-      return {0.0, 0.0};
-    }
-    const int sample = static_cast<int>(position);
-    const double part = position - sample;
-    const Value& near = entries_[static_cast<std::size_t>(sample)];
-    const Value& far = entries_[static_cast<std::size_t>(sample) + 1];
-    const double slope = near.slope + part * (far.slope - near.slope);
-    return {near.dark + part * (far.dark - near.dark), across < 0.0 ? -slope : slope};
+    const Eigen::Array2d pair = PairAt(across);
+    return {pair[0], pair[1]};
   }
-
   // The same as a pair, for sums over many pixels.
   Eigen::Array2d PairAt(double across) const {
-    const double position = std::abs(across) * kProfileSamples;
-    if (!(position < last_)) {
-      return Eigen::Array2d::Zero();
-    }
-    static constexpr double kSign[2][2] = {{1.0, 1.0}, {1.0, -1.0}};
     using Entry = Eigen::Map<const Eigen::Array2d>;
-    const int sample = static_cast<int>(position);
-    const double part = position - sample;
-    const Entry near(&entries_[static_cast<std::size_t>(sample)].dark);
-    const Entry far(&entries_[static_cast<std::size_t>(sample) + 1].dark);
+    static constexpr double kSign[2][2] = {{1.0, 1.0}, {1.0, -1.0}};
+    const double position = std::min(last_, std::abs(across) * kProfileSamples);
+    const std::size_t sample = static_cast<std::size_t>(static_cast<int>(position));
+    const double part = position - static_cast<int>(position);
+    const Entry near(&entries_[sample].dark);
+    const Entry far(&entries_[sample + 1].dark);
     return (near + part * (far - near)) * Entry(kSign[across < 0.0 ? 1 : 0]);
   }
 
@@ -94,8 +83,8 @@ class StrokeProfile {
   double width_ = 0.0;
   double reach_ = 0.0;
   double totalSigma_ = 0.0;
-  double last_ = 0.0;           // index of the last entry
-  std::vector<Value> entries_;  // from the middle outwards
+  double last_ = 0.0;                                   // index of the last entry but one
+  std::vector<Value> entries_ = std::vector<Value>(2);  // from the middle outwards, the last two 0
 };
 
 }  // namespace quorvex::precise
