@@ -26,8 +26,8 @@ std::array<double, kDistances> FactorsOfWholeDistances() {
   return factors;
 }
 
-double FactorAt(const std::array<double, kDistances>& factors, int distance) {
-  return factors[static_cast<std::size_t>(std::abs(distance))];
+double FactorAt(const std::array<double, kDistances>& factors, int index) {
+  return factors[static_cast<std::size_t>(index)];
 }
 
 // For the offsets -kFieldWindow to kFieldWindow.
@@ -59,8 +59,8 @@ BoardField::BoardField(std::vector<Deviation> marks, double variance)
   for (const Deviation& first : marks_) {
     for (Eigen::Index j = 0; j <= i; ++j) {
       const Deviation& second = marks_[static_cast<std::size_t>(j)];
-      kernel(i, j) = variance * FactorAt(factors, first.row - second.row) *
-                     FactorAt(factors, first.column - second.column);
+      kernel(i, j) = variance * FactorAt(factors, std::abs(first.row - second.row)) *
+                     FactorAt(factors, std::abs(first.column - second.column));
     }
     kernel(i, i) += first.variance;
     away.row(i) = first.away.transpose();
@@ -83,8 +83,8 @@ Eigen::Vector2d BoardField::At(double column, double row) const {
   const std::array<double, kDistances> ofColumns = FactorsAround(column);
   Eigen::Index i = 0;
   for (const Deviation& mark : marks_) {
-    const double kernel = variance_ * ofRows[static_cast<std::size_t>(mark.row + kFieldWindow)] *
-                          ofColumns[static_cast<std::size_t>(mark.column + kFieldWindow)];
+    const double kernel = variance_ * FactorAt(ofRows, mark.row + kFieldWindow) *
+                          FactorAt(ofColumns, mark.column + kFieldWindow);
     sum += kernel * weights_.row(i).transpose();
     ++i;
   }
@@ -110,12 +110,12 @@ BoardField::Estimate BoardField::AtMiddle() const {
   Eigen::VectorXd kernel(weights_.rows());
   Eigen::Index i = 0;
   for (const Deviation& mark : marks_) {
-    kernel[i] = variance_ * FactorAt(factors, mark.row) * FactorAt(factors, mark.column);
+    kernel[i] = variance_ * FactorAt(factors, std::abs(mark.row)) *
+                FactorAt(factors, std::abs(mark.column));
     ++i;
   }
   estimate.away = weights_.transpose() * kernel;
-  solver_.matrixL().solveInPlace(kernel);
-  estimate.variance = std::max(variance_ - kernel.squaredNorm(), 0.0);
+  estimate.variance = std::max(variance_ - kernel.dot(solver_.solve(kernel)), 0.0);
   return estimate;
 }
 

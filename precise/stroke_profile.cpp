@@ -90,8 +90,9 @@ std::vector<EdgeTables::Value> EdgeTables::Along(int direction, double inside, i
   std::vector<Value> values(static_cast<std::size_t>(count), table.back());
   std::fill_n(values.begin(), before, table.front());
   for (int sample = before; sample < within; ++sample) {
-    const Value& near = table[static_cast<std::size_t>(first + sample)];
-    const Value& far = table[static_cast<std::size_t>(first + sample) + 1];
+    const std::ptrdiff_t index = std::ptrdiff_t{first} + sample;
+    const Value& near = table[static_cast<std::size_t>(index)];
+    const Value& far = table[static_cast<std::size_t>(index) + 1];
     values[static_cast<std::size_t>(sample)] = {near.edge + part * (far.edge - near.edge),
                                                 near.spread + part * (far.spread - near.spread)};
   }
