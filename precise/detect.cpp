@@ -19,6 +19,7 @@ namespace quorvex::precise {
 namespace {
 
 constexpr const char* kSizeStage = "size";
+constexpr double kFarthestOff = 50.0;  // px, of marks from the camera that was fitted to them
 
 CameraFacts FactsOf(const CameraFit& fit) {
   CameraFacts facts;
@@ -89,7 +90,14 @@ std::vector<Mark> MarksOf(const Grid& grid, const std::vector<MarkVerdict>& verd
   return marks;
 }
 
-// The labels of these rows and columns that have no mark.
+bool IsWithin(const GrayPicture& picture, const Eigen::Vector2d& place, double margin) {
+  return place.x() >= -margin && place.y() >= -margin &&
+         place.x() <= picture.Width() - 1.0 + margin &&
+         place.y() <= picture.Height() - 1.0 + margin;
+}
+
+// The labels of these rows and columns that have no mark. Most of a large board may lie outside the
+// picture, where the map is not asked.
 void AddPredicted(const GrayPicture& picture, const Grid& grid, const BoardSize& size,
                   std::vector<Mark>& marks) {
   const BoardMap map(grid.marks, grid.camera);
@@ -102,14 +110,17 @@ void AddPredicted(const GrayPicture& picture, const Grid& grid, const BoardSize&
       if (known.count({row, column}) != 0) {
         continue;
       }
+      Eigen::Vector2d byCamera;
+      if (!grid.camera.model.Project({column, row}, byCamera) ||
+          !IsWithin(picture, byCamera, kFarthestOff)) {
+        continue;
+      }
       const Predicted predicted = map.At(row, column, false);
-      const Eigen::Vector2d& place = predicted.pixel;
-      if (predicted.isSeen && place.x() >= 0.0 && place.y() >= 0.0 &&
-          place.x() <= picture.Width() - 1.0 && place.y() <= picture.Height() - 1.0) {
+      if (predicted.isSeen && IsWithin(picture, predicted.pixel, 0.0)) {
         Mark mark;
         mark.row = row;
         mark.column = column;
-        SetPlace(place, predicted.covariance, mark);
+        SetPlace(predicted.pixel, predicted.covariance, mark);
         mark.verdict = Verdict::kPredicted;
         marks.push_back(mark);
       }

@@ -15,6 +15,7 @@ using precise::Options;
 using precise::Point;
 
 constexpr int kMostPoints = 12;
+constexpr int kMostLines = 40;  // rows or columns of a board that is known; pictures show up to 8
 
 double Coordinate(InputBytes& input) {
   using Limits = std::numeric_limits<double>;
@@ -58,6 +59,11 @@ PreciseOutcome RunPreciseInput(const std::uint8_t* bytes, std::size_t size) {
   Options options;
   options.colour = static_cast<MarkColour>(input.Between(0, 2));
   options.predictsMissing = input.OneIn(2);
+  options.hasContinuousLines = input.OneIn(4);
+  if (input.OneIn(4)) {
+    options.boardRows = input.Between(1, kMostLines);
+    options.boardColumns = input.Between(1, kMostLines);
+  }
   const bool canRead = !input.OneIn(32);
   const SteeredPicture picture = canRead ? MakePicture(input) : MakeWrongPicture(input);
   const std::vector<Point> points = MakePoints(input, picture.places);

@@ -74,6 +74,7 @@ std::string WrongMark(const ImageView& image, const Mark& mark, bool predictsMis
 std::string WrongMarks(const ImageView& image, const precise::Options& options,
                        const Result& result) {
   int firstColumn = result.marks.front().column;
+  int lastColumn = firstColumn;
   for (std::size_t i = 0; i < result.marks.size(); ++i) {
     const Mark& mark = result.marks[i];
     const std::string wrong = WrongMark(image, mark, options.predictsMissing);
@@ -81,13 +82,20 @@ std::string WrongMarks(const ImageView& image, const precise::Options& options,
       return wrong;
     }
     firstColumn = std::min(firstColumn, mark.column);
+    lastColumn = std::max(lastColumn, mark.column);
     if (i > 0 && std::make_pair(mark.row, mark.column) <=
                      std::make_pair(result.marks[i - 1].row, result.marks[i - 1].column)) {
       return "labels are not in order, or not unique";
     }
   }
-  if (result.marks.front().row != 0 || firstColumn != 0) {
+  const PictureFacts& facts = result.facts;
+  if ((!facts.hasFixedRows && result.marks.front().row != 0) ||
+      (!facts.hasFixedColumns && firstColumn != 0)) {
     return "rows or columns do not begin with 0";
+  }
+  if (options.boardRows > 0 &&
+      (result.marks.back().row >= options.boardRows || lastColumn >= options.boardColumns)) {
+    return "a label is not on the board";
   }
   return AreFactsFinite(result.facts) ? "" : "a fact is not finite";
 }
@@ -102,6 +110,9 @@ std::string WrongResult(const ImageView& image, const precise::Options& options,
     }
     if ((result.stage == "input") == canRead) {
       return "stage \"" + result.stage + "\" does not suit the image";
+    }
+    if (result.stage == "size" && options.boardRows > 0) {
+      return "";
     }
     for (const char* stage : {"input", "seed", "camera", "strokes", "check"}) {
       if (result.stage == stage) {

@@ -162,6 +162,20 @@ TEST(Detect, LabelsOfACutBoardAreTheBoards) {
   EXPECT_FALSE(Detect(ViewOf(picture)).facts.hasFixedRows);
 }
 
+TEST(Detect, ALargeBoardIsPredictedWithinThePictureAlone) {
+  DrawnBoard board = Board();
+  board.first = {70.2, -60.4};
+  const GrayPicture picture = board.Draw();
+  Options options;
+  options.boardRows = 1000;
+  options.boardColumns = 1000;
+  options.predictsMissing = true;
+  const Result result = Detect(ViewOf(picture), options);
+  ASSERT_FALSE(result.marks.empty()) << result.reason;
+  EXPECT_EQ(result.marks.back().row, 999);
+  EXPECT_LT(result.marks.size(), 60U);
+}
+
 TEST(Detect, APictureWithoutMarksGivesAReason) {
   DrawnBoard board = Board();
   board.rows = board.columns = 0;
