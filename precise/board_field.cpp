@@ -45,12 +45,23 @@ std::array<double, kDistances> FactorsAround(double place) {
 
 BoardField::BoardField(std::vector<Deviation> marks, double variance)
     : marks_(std::move(marks)), variance_(variance) {
+  middle_.variance = byOthers_.variance = variance;
   if (marks_.empty() || !(variance > 0.0)) {
     marks_.clear();
     return;
   }
   std::stable_partition(marks_.begin(), marks_.end(),
                         [](const Deviation& mark) { return mark.row != 0 || mark.column != 0; });
+  const Solver solver = Solve();
+  if (marks_.back().row == 0 && marks_.back().column == 0) {
+    EstimateWithOwnMark(solver);
+  } else {
+    EstimateWithoutOwnMark(solver);
+  }
+}
+
+// Sets the weights.
+BoardField::Solver BoardField::Solve() {
   const Eigen::Index count = static_cast<Eigen::Index>(marks_.size());
   Eigen::MatrixXd kernel(count, count);
   Eigen::MatrixX2d away(count, 2);
@@ -59,19 +70,45 @@ BoardField::BoardField(std::vector<Deviation> marks, double variance)
   for (const Deviation& first : marks_) {
     for (Eigen::Index j = 0; j <= i; ++j) {
       const Deviation& second = marks_[static_cast<std::size_t>(j)];
-      kernel(i, j) = variance * FactorAt(factors, std::abs(first.row - second.row)) *
+      kernel(i, j) = variance_ * FactorAt(factors, std::abs(first.row - second.row)) *
                      FactorAt(factors, std::abs(first.column - second.column));
     }
     kernel(i, i) += first.variance;
     away.row(i) = first.away.transpose();
     ++i;
   }
-  solver_.compute(kernel);  // looks at the lower triangle alone
-  weights_ = solver_.solve(away);
+  Solver solver(kernel);  // looks at the lower triangle alone
+  weights_ = solver.solve(away);
+  return solver;
 }
 
-bool BoardField::HoldsMiddle() const {
-  return !marks_.empty() && marks_.back().row == 0 && marks_.back().column == 0;
+// The kernel of the middle is the last row of the matrix, without the measurement's variance; and
+// the last diagonal entry of the matrix's inverse is that of the triangular factor, inverted and
+// squared. So nothing needs solving again.
+void BoardField::EstimateWithOwnMark(const Solver& solver) {
+  const Eigen::Index last = weights_.rows() - 1;
+  const Eigen::Vector2d weight = weights_.row(last).transpose();
+  const Deviation& own = marks_.back();
+  const double diagonal = solver.matrixLLT()(last, last);
+  const double square = diagonal * diagonal;
+  middle_.away = own.away - own.variance * weight;
+  middle_.variance = std::max(own.variance - own.variance * own.variance / square, 0.0);
+  byOthers_.away = own.away - square * weight;
+  byOthers_.variance = std::max(square - own.variance, 0.0);
+}
+
+void BoardField::EstimateWithoutOwnMark(const Solver& solver) {
+  const std::array<double, kDistances> factors = FactorsOfWholeDistances();
+  Eigen::VectorXd kernel(weights_.rows());
+  Eigen::Index i = 0;
+  for (const Deviation& mark : marks_) {
+    kernel[i] = variance_ * FactorAt(factors, std::abs(mark.row)) *
+                FactorAt(factors, std::abs(mark.column));
+    ++i;
+  }
+  middle_.away = weights_.transpose() * kernel;
+  middle_.variance = std::max(variance_ - kernel.dot(solver.solve(kernel)), 0.0);
+  byOthers_ = middle_;
 }
 
 Eigen::Vector2d BoardField::At(double column, double row) const {
@@ -89,48 +126,6 @@ Eigen::Vector2d BoardField::At(double column, double row) const {
     ++i;
   }
   return sum;
-}
-
-BoardField::Estimate BoardField::AtMiddle() const {
-  Estimate estimate;
-  estimate.variance = variance_;
-  if (marks_.empty()) {
-    return estimate;
-  }
-  if (HoldsMiddle()) {
-    // The kernel of the middle is the last row of the matrix without the measurement's variance.
-    const Eigen::Index last = weights_.rows() - 1;
-    const double own = marks_.back().variance;
-    const double diagonal = solver_.matrixLLT()(last, last);
-    estimate.away = marks_.back().away - own * weights_.row(last).transpose();
-    estimate.variance = std::max(own - own * own / (diagonal * diagonal), 0.0);
-    return estimate;
-  }
-  const std::array<double, kDistances> factors = FactorsOfWholeDistances();
-  Eigen::VectorXd kernel(weights_.rows());
-  Eigen::Index i = 0;
-  for (const Deviation& mark : marks_) {
-    kernel[i] = variance_ * FactorAt(factors, std::abs(mark.row)) *
-                FactorAt(factors, std::abs(mark.column));
-    ++i;
-  }
-  estimate.away = weights_.transpose() * kernel;
-  estimate.variance = std::max(variance_ - kernel.dot(solver_.solve(kernel)), 0.0);
-  return estimate;
-}
-
-// Without solving again: the last diagonal entry of the matrix's inverse is that of the triangular
-// factor, inverted and squared.
-BoardField::Estimate BoardField::AtMiddleByOthers() const {
-  if (!HoldsMiddle()) {
-    return AtMiddle();
-  }
-  const Eigen::Index last = weights_.rows() - 1;
-  const double diagonal = solver_.matrixLLT()(last, last);
-  Estimate estimate;
-  estimate.away = marks_.back().away - diagonal * diagonal * weights_.row(last).transpose();
-  estimate.variance = std::max(diagonal * diagonal - marks_.back().variance, 0.0);
-  return estimate;
 }
 
 }  // namespace quorvex::precise

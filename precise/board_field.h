@@ -35,17 +35,22 @@ class BoardField {
   // Off at a place that is `column` and `row` pitches from the middle, px.
   Eigen::Vector2d At(double column, double row) const;
 
-  Estimate AtMiddle() const;
+  const Estimate& AtMiddle() const { return middle_; }
   // At the middle, as if the middle's own mark had not been measured.
-  Estimate AtMiddleByOthers() const;
+  const Estimate& AtMiddleByOthers() const { return byOthers_; }
 
  private:
-  bool HoldsMiddle() const;
+  using Solver = Eigen::LLT<Eigen::MatrixXd>;  // not kept: a board has many fields
+
+  Solver Solve();
+  void EstimateWithOwnMark(const Solver& solver);
+  void EstimateWithoutOwnMark(const Solver& solver);
 
   std::vector<Deviation> marks_;  // the middle's own one last
   double variance_;
-  Eigen::LLT<Eigen::MatrixXd> solver_;
   Eigen::MatrixX2d weights_;
+  Estimate middle_;
+  Estimate byOthers_;
 };
 
 }  // namespace quorvex::precise

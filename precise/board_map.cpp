@@ -83,7 +83,7 @@ Predicted BoardMap::At(int row, int column, bool withoutItself) const {
   predicted.isSeen = camera_.model.Project({column, row}, predicted.pixel, &jacobian);
   if (predicted.isSeen) {
     const BoardField& field = FieldAround(row, column);
-    const BoardField::Estimate estimate =
+    const BoardField::Estimate& estimate =
         withoutItself ? field.AtMiddleByOthers() : field.AtMiddle();
     predicted.pixel += estimate.away;
     predicted.covariance = jacobian * camera_.covariance * jacobian.transpose() +
