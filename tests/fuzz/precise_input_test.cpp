@@ -15,7 +15,7 @@
 namespace quorvex::tests {
 namespace {
 
-constexpr int kInputs = 300;
+constexpr int kInputs = 1000;
 constexpr int kMostBytes = 400;  // a board with faults, strokes and points takes some 200
 
 std::vector<std::uint8_t> RandomBytes(CaseRandom& random) {
