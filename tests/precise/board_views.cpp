@@ -1,5 +1,7 @@
 #include "tests/precise/board_views.h"
 
+#include <gtest/gtest.h>
+
 namespace quorvex::tests {
 
 precise::CameraFit CameraOf(const DrawnBoard& board) {
@@ -39,6 +41,31 @@ std::vector<precise::GridMark> TrueMarks(const DrawnBoard& board) {
     }
   }
   return marks;
+}
+
+DrawnBoard NoisyBoard() {
+  DrawnBoard board;
+  board.width = 330;
+  board.height = 300;
+  board.rows = 5;
+  board.columns = 6;
+  board.first = {45.2, 30.6};
+  board.step = {48, 6};
+  board.noise = 1.5;
+  return board;
+}
+
+std::vector<precise::LabelledPoint> PointsSeenBy(const precise::CameraModel& camera) {
+  std::vector<precise::LabelledPoint> points;
+  for (int row = 0; row < 8; ++row) {
+    for (int column = 0; column < 9; ++column) {
+      precise::LabelledPoint point;
+      point.label = {column, row};
+      EXPECT_TRUE(camera.Project(point.label, point.pixel));
+      points.push_back(point);
+    }
+  }
+  return points;
 }
 
 precise::Seed SeedOf(const DrawnBoard& board, int rows, int columns) {

@@ -18,6 +18,12 @@ precise::BoardFacts FactsOf(const DrawnBoard& board);
 // All marks that are not missing, at their true places, with variances of (0.01 px)^2.
 std::vector<precise::GridMark> TrueMarks(const DrawnBoard& board);
 
+// 5 x 6 marks, 48 px apart, with a noise of 1.5 grey levels.
+DrawnBoard NoisyBoard();
+
+// 8 rows of 9 labels, each of which the camera must see.
+std::vector<precise::LabelledPoint> PointsSeenBy(const precise::CameraModel& camera);
+
 // Marks of the first rows and columns, a third of a pixel off their places.
 precise::Seed SeedOf(const DrawnBoard& board, int rows, int columns);
 

@@ -4,6 +4,8 @@
 
 #include <Eigen/Geometry>
 
+#include "tests/precise/board_views.h"
+
 namespace quorvex::tests {
 namespace {
 
@@ -23,22 +25,9 @@ CameraModel Fisheye() {
   return model;
 }
 
-std::vector<LabelledPoint> PointsOf(const CameraModel& model) {
-  std::vector<LabelledPoint> points;
-  for (int row = 0; row < 8; ++row) {
-    for (int column = 0; column < 9; ++column) {
-      LabelledPoint point;
-      point.label = {column, row};
-      EXPECT_TRUE(model.Project(point.label, point.pixel));
-      points.push_back(point);
-    }
-  }
-  return points;
-}
-
 TEST(CameraFit, PredictsPlacesThatItHasNotSeen) {
   const CameraModel truth = Fisheye();
-  const CameraFit fit = FitCamera(PointsOf(truth), 1024, 768);
+  const CameraFit fit = FitCamera(PointsSeenBy(truth), 1024, 768);
   ASSERT_TRUE(fit.isFitted);
   EXPECT_LT(fit.residual, 0.01);
   for (const Eigen::Vector2d& label : {Eigen::Vector2d(-1, 3), Eigen::Vector2d(9, 8)}) {
@@ -52,7 +41,7 @@ TEST(CameraFit, PredictsPlacesThatItHasNotSeen) {
 
 TEST(CameraFit, WrongLabelsDoNotBendIt) {
   const CameraModel truth = Fisheye();
-  std::vector<LabelledPoint> points = PointsOf(truth);
+  std::vector<LabelledPoint> points = PointsSeenBy(truth);
   for (std::size_t i = 0; i < points.size(); i += 9) {
     points[i].label.y() += 1.0;
   }
@@ -64,13 +53,13 @@ TEST(CameraFit, WrongLabelsDoNotBendIt) {
 }
 
 TEST(CameraFit, ThreePointsAreNotEnough) {
-  std::vector<LabelledPoint> points = PointsOf(Fisheye());
+  std::vector<LabelledPoint> points = PointsSeenBy(Fisheye());
   points.resize(3);
   EXPECT_FALSE(FitCamera(points, 1024, 768).isFitted);
 }
 
 TEST(CameraFit, PointsThatNoCameraSeesLeaveALargeResidual) {
-  std::vector<LabelledPoint> points = PointsOf(Fisheye());
+  std::vector<LabelledPoint> points = PointsSeenBy(Fisheye());
   for (std::size_t i = 0; i < points.size(); ++i) {
     points[i].pixel = {static_cast<double>(i * 7919 % 1000), static_cast<double>(i * 104729 % 700)};
   }

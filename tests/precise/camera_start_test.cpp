@@ -4,11 +4,12 @@
 
 #include <Eigen/Geometry>
 
+#include "tests/precise/board_views.h"
+
 namespace quorvex::tests {
 namespace {
 
 using precise::CameraModel;
-using precise::LabelledPoint;
 using precise::StartCamera;
 
 CameraModel Fisheye() {
@@ -21,23 +22,10 @@ CameraModel Fisheye() {
   return model;
 }
 
-std::vector<LabelledPoint> PointsOf(const CameraModel& model) {
-  std::vector<LabelledPoint> points;
-  for (int row = 0; row < 8; ++row) {
-    for (int column = 0; column < 9; ++column) {
-      LabelledPoint point;
-      point.label = {column, row};
-      EXPECT_TRUE(model.Project(point.label, point.pixel));
-      points.push_back(point);
-    }
-  }
-  return points;
-}
-
 TEST(CameraStart, IsThePoseWhenTheLensIsRight) {
   const CameraModel truth = Fisheye();
   CameraModel start;
-  ASSERT_TRUE(StartCamera(PointsOf(truth), truth.centre, truth.focalLength, start));
+  ASSERT_TRUE(StartCamera(PointsSeenBy(truth), truth.centre, truth.focalLength, start));
   EXPECT_LT((start.rotation - truth.rotation).norm(), 1e-6);
   EXPECT_LT((start.translation - truth.translation).norm(), 1e-5);
   EXPECT_EQ(start.focalLength, truth.focalLength);
@@ -46,7 +34,7 @@ TEST(CameraStart, IsThePoseWhenTheLensIsRight) {
 TEST(CameraStart, StandsBeforeTheBoardWithAnotherLens) {
   const CameraModel truth = Fisheye();
   CameraModel start;
-  ASSERT_TRUE(StartCamera(PointsOf(truth), truth.centre, 500.0, start));
+  ASSERT_TRUE(StartCamera(PointsSeenBy(truth), truth.centre, 500.0, start));
   EXPECT_GT(start.translation.z(), 0.0);
   EXPECT_NEAR(start.rotation.determinant(), 1.0, 1e-9);
 }

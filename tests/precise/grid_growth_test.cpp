@@ -12,20 +12,8 @@ using precise::GridMark;
 using precise::GrowGrid;
 using precise::Seed;
 
-DrawnBoard Board() {
-  DrawnBoard board;
-  board.width = 330;
-  board.height = 300;
-  board.rows = 5;
-  board.columns = 6;
-  board.first = {45.2, 30.6};
-  board.step = {48, 6};
-  board.noise = 1.5;
-  return board;
-}
-
 TEST(GridGrowth, FindsEveryMarkFromAFew) {
-  const DrawnBoard board = Board();
+  const DrawnBoard board = NoisyBoard();
   const Grid grid = GrowGrid(board.Draw(), SeedOf(board, 3, 3));
   ASSERT_EQ(grid.marks.size(), 30U) << grid.reason;
   for (const GridMark& mark : grid.marks) {
@@ -35,7 +23,7 @@ TEST(GridGrowth, FindsEveryMarkFromAFew) {
 }
 
 TEST(GridGrowth, CrossesAGap) {
-  DrawnBoard board = Board();
+  DrawnBoard board = NoisyBoard();
   for (int row = 0; row < board.rows; ++row) {
     board.missing.insert({row, 3});
     board.missing.insert({row, 4});
@@ -46,14 +34,14 @@ TEST(GridGrowth, CrossesAGap) {
 }
 
 TEST(GridGrowth, AMissingMarkIsNotMadeUp) {
-  DrawnBoard board = Board();
+  DrawnBoard board = NoisyBoard();
   board.missing.insert({3, 4});
   const Grid grid = GrowGrid(board.Draw(), SeedOf(board, 3, 3));
   EXPECT_EQ(grid.marks.size(), 29U);
 }
 
 TEST(GridGrowth, TooFewMarksGiveAReason) {
-  const DrawnBoard board = Board();
+  const DrawnBoard board = NoisyBoard();
   const Grid grid = GrowGrid(board.Draw(), SeedOf(board, 2, 2));
   EXPECT_TRUE(grid.marks.empty());
   EXPECT_EQ(grid.stage, "seed");
@@ -61,7 +49,7 @@ TEST(GridGrowth, TooFewMarksGiveAReason) {
 }
 
 TEST(GridGrowth, LabelsThatNoCameraSeesGiveAReason) {
-  const DrawnBoard board = Board();
+  const DrawnBoard board = NoisyBoard();
   Seed seed = SeedOf(board, 3, 3);
   for (std::size_t i = 0; i < seed.marks.size(); ++i) {
     seed.marks[i].row = static_cast<int>(i * 5 % 9);

@@ -12,20 +12,8 @@ using precise::BoardMap;
 using precise::MeasureSeedFacts;
 using precise::Seed;
 
-DrawnBoard Board() {
-  DrawnBoard board;
-  board.width = 330;
-  board.height = 300;
-  board.rows = 5;
-  board.columns = 6;
-  board.first = {45.2, 30.6};
-  board.step = {48, 6};
-  board.noise = 1.5;
-  return board;
-}
-
 TEST(SeedFacts, AreThoseOfTheBoard) {
-  const DrawnBoard board = Board();
+  const DrawnBoard board = NoisyBoard();
   BoardFacts facts;
   ASSERT_TRUE(
       MeasureSeedFacts(board.Draw(), SeedOf(board, 5, 6), BoardMap({}, CameraOf(board)), facts));
@@ -35,7 +23,7 @@ TEST(SeedFacts, AreThoseOfTheBoard) {
 }
 
 TEST(SeedFacts, HiddenArmsAreLeftOut) {
-  const DrawnBoard board = Board();
+  const DrawnBoard board = NoisyBoard();
   Seed seed = SeedOf(board, 5, 6);
   for (std::size_t i = 0; i < seed.marks.size(); i += 2) {
     seed.marks[i].arms[1].isSeen = false;
@@ -47,13 +35,13 @@ TEST(SeedFacts, HiddenArmsAreLeftOut) {
 }
 
 TEST(SeedFacts, AreNotFoundWithoutMarks) {
-  const DrawnBoard board = Board();
+  const DrawnBoard board = NoisyBoard();
   BoardFacts facts;
   EXPECT_FALSE(MeasureSeedFacts(board.Draw(), Seed(), BoardMap({}, CameraOf(board)), facts));
 }
 
 TEST(SeedFacts, AreNotFoundOnAnEmptyPicture) {
-  const DrawnBoard board = Board();
+  const DrawnBoard board = NoisyBoard();
   DrawnBoard nothing = board;
   nothing.rows = 0;
   BoardFacts facts;
