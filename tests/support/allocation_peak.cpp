@@ -71,6 +71,12 @@ void* operator new(std::size_t size) {
   throw std::bad_alloc();
 }
 
+// The library's sorts and partitions ask for room to work in with this form, and give it back with
+// the usual delete; a sanitizer's own form would not agree with that one.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return std::malloc(std::max<std::size_t>(size, 1));
+}
+
 void operator delete(void* block) noexcept { std::free(block); }
 
 void operator delete(void* block, std::size_t) noexcept { std::free(block); }
