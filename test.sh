@@ -32,8 +32,9 @@ for preset in "${presets[@]}"; do
     trap 'scripts/wine.sh build/windows --stop' EXIT  # its server would outlive the tests
   fi
   # Rendered scenes say how precise the detector is, which no other build changes, and take long.
-  if [[ $preset == release ]]; then scenes=ON; else scenes=OFF; fi
-  cmake --preset "$preset" -DQUORVEX_TEST_SCENES=$scenes -DQUORVEX_BUILD_TESTS=ON -DQUORVEX_WARNINGS_AS_ERRORS=ON >/dev/null
+  if [[ $preset == release ]]; then scenes=ON headers=OFF; else scenes=OFF headers=ON; fi
+  cmake --preset "$preset" -DQUORVEX_TEST_SCENES=$scenes -DQUORVEX_PRECOMPILE_HEADERS=$headers \
+    -DQUORVEX_BUILD_TESTS=ON -DQUORVEX_WARNINGS_AS_ERRORS=ON >/dev/null
   target=()
   only=()
   if ! $isWhole; then
