@@ -5,6 +5,7 @@ add_library(quorvex_objects OBJECT
   imageio/bmp_file.cpp
   imageio/bmp_header.cpp
   imageio/diagnostic_picture.cpp
+  imageio/diagnostic_place.cpp
   imageio/grey_conversion.cpp
   preprocess/binarize.cpp
   preprocess/component_removal.cpp

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <cstdio>
 
+#include "imageio/diagnostic_place.h"
+
 namespace quorvex {
 namespace {
 
@@ -19,7 +21,8 @@ void WriteQuartic(const QuadraticCoefficients& row, const QuadraticCoefficients&
   const float second = a2 * (b1 * b1) + 2.0f * a2 * a1 * c1 + b2 * a1;
   const float first = 2.0f * a2 * b1 * c1 + b2 * b1 - 1.0f;
   const float constant = a2 * (c1 * c1) + b2 * c1 + c2;
-  std::FILE* file = std::fopen("D:/sdf.txt", "w");
+  const char* const place = PlaceOfDiagnostic("D:/sdf.txt");
+  std::FILE* file = place != nullptr ? std::fopen(place, "w") : nullptr;
   if (file == nullptr) {
     return;
   }

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "imageio/bmp_header.h"
+#include "imageio/diagnostic_place.h"
 #include "platform/mfc.h"
 
 namespace quorvex {
@@ -66,8 +67,9 @@ void SaveDiagnosticPicture(const unsigned char* pixels, int width, int height, c
 void SaveTopOfDiagnosticPicture(const unsigned char* pixels, int rows, int width, int height,
                                 const char* name) {
   CFile file;
-  if (!CanBeStoredAsBmp(width, height, kBitsPerPixel) ||
-      !file.Open(CA2T(name), CFile::modeCreate | CFile::modeNoTruncate | CFile::modeWrite)) {
+  const char* const place = PlaceOfDiagnostic(name);
+  if (place == nullptr || !CanBeStoredAsBmp(width, height, kBitsPerPixel) ||
+      !file.Open(CA2T(place), CFile::modeCreate | CFile::modeNoTruncate | CFile::modeWrite)) {
     return;
   }
   try {

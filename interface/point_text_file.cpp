@@ -2,10 +2,13 @@
 
 #include <cstdio>
 
+#include "imageio/diagnostic_place.h"
+
 namespace quorvex {
 
 void WritePointTextFile(const char* path, const PointList& points) {
-  std::FILE* file = std::fopen(path, "w");
+  const char* const place = PlaceOfDiagnostic(path);
+  std::FILE* file = place != nullptr ? std::fopen(place, "w") : nullptr;
   if (file == nullptr) {
     return;
   }

@@ -6,8 +6,8 @@
 
 namespace quorvex {
 
-// Writes one line "x<tab>y" a point, six decimals each, replacing the file. A file that cannot be
-// opened is skipped.
+// Writes one line "x<tab>y" a point, six decimals each, replacing the file, where the diagnostics
+// go. A file that cannot be opened is skipped.
 void WritePointTextFile(const char* path, const PointList& points);
 
 }  // namespace quorvex

@@ -1,5 +1,5 @@
 # Installs the library of BUILD_DIR, moves the copy, and builds and runs the project of CONSUMER_DIR
-# against it. WORK_DIR is emptied before.
+# against it. WORK_DIR is emptied before. WITH_C tells whether the build has the interface for C.
 function(run)
   execute_process(COMMAND ${ARGN} OUTPUT_VARIABLE output ERROR_VARIABLE output RESULT_VARIABLE result)
   if(NOT result EQUAL 0)
@@ -26,7 +26,9 @@ if(SANITIZE)
 endif()
 run(${CMAKE_COMMAND} -S ${CONSUMER_DIR} -B ${WORK_DIR}/build -G ${GENERATOR}
   -DCMAKE_PREFIX_PATH=${WORK_DIR}/moved -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_CXX_FLAGS=${flags}
-  -DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN} -DQUORVEX_VERSION=${VERSION})
+  -DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN} -DQUORVEX_VERSION=${VERSION} -DWITH_C=${WITH_C})
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/build)
-file(GLOB host ${WORK_DIR}/build/host ${WORK_DIR}/build/host.exe)
-run(${CMAKE_COMMAND} -E chdir ${WORK_DIR}/run ${EMULATOR} ${host})
+file(GLOB hosts ${WORK_DIR}/build/host ${WORK_DIR}/build/c_host ${WORK_DIR}/build/*host.exe)
+foreach(host IN LISTS hosts)
+  run(${CMAKE_COMMAND} -E chdir ${WORK_DIR}/run ${EMULATOR} ${host})
+endforeach()

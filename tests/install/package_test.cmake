@@ -9,8 +9,9 @@ set(name quorvex-${VERSION}-windows-x64)
 execute_process(COMMAND ${CMAKE_COMMAND} -E tar tf ${WORK_DIR}/${name}.zip
   OUTPUT_VARIABLE files COMMAND_ERROR_IS_FATAL ANY)
 foreach(file IN ITEMS
-    bin/quorvex.dll bin/quorvex.exe lib/quorvex.lib lib/libquorvex.dll.a
+    bin/quorvex.dll bin/quorvex_c.dll bin/quorvex.exe lib/quorvex.lib lib/libquorvex.dll.a
     lib/cmake/quorvex/quorvex-config.cmake include/quorvex/interface/quorvex.h
+    lib/libquorvex_c.dll.a include/quorvex/interface/quorvex_c.h
     include/quorvex/interface/calibration_point.h include/quorvex/base/calibration_point.h
     include/quorvex/base/host_allocator.h windows.md LICENSE)
   if(NOT files MATCHES "(^|\n)${name}/${file}\n")

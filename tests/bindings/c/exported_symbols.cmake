@@ -1,0 +1,28 @@
+# Compares what the C library exports with the checked-in list, and that with what the header declares. Called
+# with LIBRARY, IS_DLL, NM or OBJDUMP, EXPECTED and HEADER.
+if(IS_DLL)
+  execute_process(COMMAND ${OBJDUMP} -p ${LIBRARY} OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
+  string(REGEX REPLACE ".*\\[Ordinal/Name Pointer\\] Table[^\n]*\n" "" output "${output}")
+  string(REGEX REPLACE "\n\n.*" "" output "${output}")
+  string(REGEX MATCHALL "[A-Za-z_][A-Za-z0-9_]*(\n|$)" exported "${output}")
+  list(TRANSFORM exported STRIP)
+else()
+  execute_process(COMMAND ${NM} --dynamic --defined-only --format=posix ${LIBRARY}
+    OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
+  string(REGEX MATCHALL "[^\n]+" exported "${output}")
+  list(TRANSFORM exported REPLACE " .*" "")
+endif()
+file(STRINGS ${EXPECTED} expected)
+file(READ ${HEADER} header)
+string(REGEX MATCHALL "QUORVEX_C_API[^(;]*[ *](quorvex_[a-z_]+)\\(" declared "${header}")
+list(TRANSFORM declared REPLACE ".*[ *\n](quorvex_[a-z_]+)\\($" "\\1")
+
+foreach(names IN ITEMS exported declared)
+  set(missing ${expected})
+  list(REMOVE_ITEM missing ${${names}})
+  set(surplus ${${names}})
+  list(REMOVE_ITEM surplus ${expected})
+  if(missing OR surplus)
+    message(SEND_ERROR "${names}: missing ${missing}\nnot in the list: ${surplus}")
+  endif()
+endforeach()

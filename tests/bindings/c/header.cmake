@@ -1,0 +1,30 @@
+# Compiles the C header alone, as C99 and as C++. Called with SOURCE_DIR.
+function(compile standard language compiler)
+  find_program(program_${compiler} NAMES ${compiler})
+  if(NOT program_${compiler})
+    message("${compiler} is not installed")
+    return()
+  endif()
+  execute_process(
+    COMMAND ${program_${compiler}} -std=${standard} -fsyntax-only -Wall -Wextra -Wpedantic -Werror -I ${SOURCE_DIR}
+      -x ${language} ${SOURCE_DIR}/interface/quorvex_c.h
+    RESULT_VARIABLE result ERROR_VARIABLE errors)
+  if(NOT result EQUAL 0)
+    message(SEND_ERROR "quorvex_c.h as ${standard} with ${compiler}:\n${errors}")
+  endif()
+  math(EXPR compiled "${compiled} + 1")
+  set(compiled ${compiled} PARENT_SCOPE)
+endfunction()
+
+set(compiled 0)
+foreach(standard IN ITEMS c99 c11 c17)
+  compile(${standard} c gcc)
+  compile(${standard} c clang)
+endforeach()
+foreach(standard IN ITEMS c++98 c++11 c++20)
+  compile(${standard} c++ g++)
+  compile(${standard} c++ clang++)
+endforeach()
+if(compiled EQUAL 0)
+  message(FATAL_ERROR "there is no compiler")
+endif()
