@@ -2,6 +2,8 @@
 # Builds Quorvex and runs its tests.
 #   ./test.sh                       the release build, all tests
 #   ./test.sh PRESET...             other builds of CMakePresets.json, for example: ./test.sh clang-sanitize
+#   ./test.sh --extras              the tests of the release build that need heavy packages: OpenCV, mrcal, Dask,
+#                                   a fresh Debian to install in
 #   ./test.sh --windows             the Windows build, made with MinGW-w64 and run with Wine, all tests
 #   ./test.sh --outputs PRESET...   whole detections only: their outputs are the same in every build
 set -euo pipefail
@@ -9,10 +11,12 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
 trap 'echo "test: failed (line $LINENO)" >&2' ERR
 
 isWhole=true
+label=(--label-exclude '^extras$')
 presets=()
 for argument in "$@"; do
   case "$argument" in
     --windows) presets+=(windows) ;;
+    --extras) label=(--label-regex '^extras$') presets+=(release) ;;
     --outputs) isWhole=false ;;
     -*) echo "test: unknown option $argument" >&2; exit 2 ;;
     *) presets+=("$argument") ;;
@@ -22,6 +26,7 @@ done
 
 echo "test: installing what is missing"
 setup=(scripts/setup.sh --tests)
+[[ ${label[0]} != --label-regex ]] || setup+=(--extras)
 [[ " ${presets[*]} " != *" clang"* ]] || setup+=(--clang)
 [[ " ${presets[*]} " != *" windows "* ]] || setup+=(--windows)
 "${setup[@]}"
@@ -53,5 +58,5 @@ for preset in "${presets[@]}"; do
     ctest --test-dir "build/$preset" --show-only | scripts/check_tests_present.sh "${without[@]}" "$platform"
   fi
   echo "test: running the tests of $preset"
-  ctest --test-dir "build/$preset" --output-on-failure --parallel "$(nproc)" --no-tests=error "${only[@]}"
+  ctest --test-dir "build/$preset" --output-on-failure --parallel "$(nproc)" --no-tests=error "${label[@]}" "${only[@]}"
 done

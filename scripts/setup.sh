@@ -2,9 +2,11 @@
 # Installs what Quorvex needs on Debian and is not there yet. Cheap to run again.
 #   scripts/setup.sh             what building needs
 #   scripts/setup.sh --tests     and what the tests need
+#   scripts/setup.sh --extras    and what ./test.sh --extras needs beyond these
 #   scripts/setup.sh --clang     and the second compiler, its sanitizers and their symbolizer
 #   scripts/setup.sh --windows   and the Windows build, and Wine to run it
 #   scripts/setup.sh --benchmarks  and what the benchmarks need
+#   scripts/setup.sh --packages  and what Debian packages are made with
 #   scripts/setup.sh --style     and the tools of scripts/check_style.sh
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -18,8 +20,10 @@ libpng_source=build/sources/libpng1.6
 windows=false
 for option in "$@"; do
   case "$option" in
-    --tests) packages+=(libgtest-dev libgmock-dev imagemagick) ;;  # imagemagick: another reader of BMP files
+    --tests) packages+=(libgtest-dev libgmock-dev pkg-config imagemagick) ;;  # imagemagick: another reader of BMP files
     --benchmarks) packages+=(libbenchmark-dev) ;;
+    --extras) packages+=(libopencv-dev mrcal python3-distributed mmdebstrap dpkg-dev help2man) ;;
+    --packages) packages+=(dpkg-dev help2man python3-dev python3-numpy pybind11-dev) ;;
     --clang) packages+=(clang libclang-rt-14-dev llvm) ;;
     --style) packages+=(clang clang-format clang-tidy) ;;
     --windows)

@@ -1,5 +1,6 @@
 # Installs the library of BUILD_DIR, moves the copy, and builds and runs the project of CONSUMER_DIR
-# against it. WORK_DIR is emptied before. WITH_C tells whether the build has the interface for C.
+# against it. WORK_DIR is emptied before. WITH_C tells whether the build has the interface for C. Where PKG_CONFIG is
+# given, the host is built by what it says, too.
 function(run)
   execute_process(COMMAND ${ARGN} OUTPUT_VARIABLE output ERROR_VARIABLE output RESULT_VARIABLE result)
   if(NOT result EQUAL 0)
@@ -11,8 +12,10 @@ endfunction()
 file(REMOVE_RECURSE ${WORK_DIR})
 file(MAKE_DIRECTORY ${WORK_DIR}/run)
 
-run(${CMAKE_COMMAND} --install ${BUILD_DIR} --component library --config "${CONFIG}"
-  --prefix ${WORK_DIR}/installed)
+foreach(component IN ITEMS runtime development)
+  run(${CMAKE_COMMAND} --install ${BUILD_DIR} --component ${component} --config "${CONFIG}"
+    --prefix ${WORK_DIR}/installed)
+endforeach()
 # An installed copy must not remember where it was built or installed.
 file(RENAME ${WORK_DIR}/installed ${WORK_DIR}/moved)
 file(GLOB_RECURSE license ${WORK_DIR}/moved/LICENSE)
@@ -32,3 +35,17 @@ file(GLOB hosts ${WORK_DIR}/build/host ${WORK_DIR}/build/c_host ${WORK_DIR}/buil
 foreach(host IN LISTS hosts)
   run(${CMAKE_COMMAND} -E chdir ${WORK_DIR}/run ${EMULATOR} ${host})
 endforeach()
+
+if(PKG_CONFIG)
+  file(GLOB_RECURSE description ${WORK_DIR}/moved/quorvex.pc)
+  cmake_path(GET description PARENT_PATH descriptions)
+  set(ENV{PKG_CONFIG_PATH} ${descriptions})
+  execute_process(COMMAND ${PKG_CONFIG} --cflags --libs quorvex
+    OUTPUT_VARIABLE options OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  execute_process(COMMAND ${PKG_CONFIG} --variable=libdir quorvex
+    OUTPUT_VARIABLE libraries OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  separate_arguments(options)
+  run(${COMPILER} ${flags} ${CONSUMER_DIR}/main.cpp -o ${WORK_DIR}/run/pkg_host ${options})
+  set(ENV{LD_LIBRARY_PATH} ${libraries})
+  run(${CMAKE_COMMAND} -E chdir ${WORK_DIR}/run ./pkg_host)
+endif()
