@@ -23,6 +23,8 @@ mmdebstrap --quiet --variant=minbase --include=g++,pkg-config bookworm "$root" <
   skip "mmdebstrap could not make a fresh Debian"
 
 in_root() { chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8 "$@"; }
+mount -t proc proc "$root/proc" || skip "/proc cannot be mounted in a fresh Debian"
+trap 'umount "$root/proc" && rm -rf --one-file-system "$root"' EXIT
 mkdir "$root/debs" "$root/work"
 cp "$sources"/build/debian/*.deb "$root/debs/"
 cp -r "$sources/examples" "$root/work/"
@@ -60,5 +62,4 @@ echo "packages_test: removing"
 in_root sh -c "apt-get purge -y -qq '*quorvex*'" >"$work/remove.log" 2>&1 || { cat "$work/remove.log" >&2; exit 1; }
 left=$(find "$root" -xdev -iname '*quorvex*' -not -path "$root/debs/*" -not -path "$root/work/*")
 [[ -z $left ]] || { echo "packages_test: still there: $left" >&2; exit 1; }
-rm -rf "$root"
 echo "packages_test: the packages install, run and remove cleanly"
