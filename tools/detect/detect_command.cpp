@@ -10,6 +10,8 @@
 #include "tools/errors.h"
 #include "tools/lists/option_text.h"
 #include "tools/lists/points_file.h"
+#include "tools/pictures/levels_option.h"
+#include "tools/pictures/picture_file.h"
 #include "tools/subcommands.h"
 #include "tools/system/choice_option.h"
 #include "tools/system/path_option.h"
@@ -56,9 +58,11 @@ void AddParameters(CLI::App& command, DetectParameters& parameters) {
                   "spacing + 10, and above 121")
       ->check(CLI::Range(1, kLargestRowSteps))
       ->option_text("N=300");
-  command.add_flag("--pad", parameters.pad,
-                   "grow images whose size is not a multiple of 4 pixels, at the right and at the "
-                   "bottom; positions stay those of the image");
+  command.add_flag("--pad,!--no-pad", parameters.pad,
+                   "images whose size is not a multiple of 4 pixels are grown at the right and at "
+                   "the bottom, and a line says so; positions stay those of the image. --no-pad "
+                   "refuses them");
+  AddLevelsOption(command, parameters.levels);
   command.add_flag("!--no-check", parameters.check,
                    "do not compare the points with what the direct detection finds");
   command
@@ -78,10 +82,16 @@ void AddParameters(CLI::App& command, DetectParameters& parameters) {
 
 void AddOutputOptions(CLI::App& command, DetectOptions& options) {
   AddChoiceOption(
-      command, "--format", kPointsFormats,
-      [&options](PointsFormat format) { options.format = format; },
-      "csv, json or text; by the ending of the output's name when not given, else csv")
+      command, "--format", kOutputFormats,
+      [&options](OutputFormat format) { options.format = format; },
+      "csv, json or text; vnl or opencv for tables that programs for calibration read; by the "
+      "ending of the output's name when not given (.csv, .json, .txt, .vnl, .yml), else csv")
       ->option_text("NAME");
+  command
+      .add_option("--pitch", options.pitch,
+                  "from one mark to the next [mm], for the object points of the format opencv")
+      ->check(CLI::PositiveNumber)
+      ->option_text("MM");
   AddPathOption(command, "-o,--output", options.output,
                 "file for the points, instead of standard output, which - stands for")
       ->option_text("FILE");
@@ -98,6 +108,12 @@ void AddOutputOptions(CLI::App& command, DetectOptions& options) {
   }
   AddPathOption(command, "--diagnostics", options.diagnostics, diagnosticsHelp)->option_text("DIR");
   command.add_flag("-q,--quiet", options.isQuiet, "say nothing on standard error but failures");
+  command.add_flag("--progress", options.showsProgress,
+                   "say how far the run is and how long it will take, even where standard error is "
+                   "no terminal");
+  command.add_flag("--resume", options.resumes,
+                   "go on with the CSV file of --output: images that it holds are skipped, others "
+                   "are added one by one, so that a run that was stopped loses nothing");
   command
       .add_option("-j,--jobs", options.parallel, "how many images are worked on at once, 1 to 64")
       ->check(CLI::Range(1, kMostWorkers))
@@ -161,7 +177,7 @@ void AddWorkerCommand(CLI::App& app, Action& action) {
 void AddDetectCommand(CLI::App& app, Action& action) {
   const auto options = std::make_shared<DetectOptions>();
   CLI::App* command = app.add_subcommand("detect", "Find the calibration points in images");
-  AddPathsOption(*command, "images", options->images, "BMP or PNG files")
+  AddPathsOption(*command, "images", options->images, ReadFormats() + " files")
       ->required()
       ->option_text("IMAGE...");
   AddParameters(*command, options->parameters);
@@ -174,7 +190,9 @@ void AddDetectCommand(CLI::App& app, Action& action) {
       "disagree, a sentence on standard error says how. With --precise its own points are listed:\n"
       "'measured', 'doubtful' (on two arms only, or off the others' grid) or 'predicted', with "
       "the\n"
-      "covariance in pixels squared. Of several images, one that fails has a row or an entry with "
+      "covariance in pixels squared. A vnl or opencv table leaves out, with a sentence, an image\n"
+      "that does not show which of the board's marks are in it. Of several images, one that fails "
+      "has a row or an entry with "
       "the\n"
       "reason; when all fail, nothing is written.\n"
       "Exit code 0: points were found in every image; 1: an image was read but nothing was found\n"
@@ -182,9 +200,13 @@ void AddDetectCommand(CLI::App& app, Action& action) {
       "Examples:\n"
       "  quorvex detect target.bmp --output points.csv --overlay points.png\n"
       "  quorvex detect left.bmp right.bmp --format json -j 2 --overlay seen/\n"
-      "  quorvex detect photo.png --pad --row-steps 400 --diagnostics stages\n"
+      "  quorvex detect photo.jpg --row-steps 400 --diagnostics stages\n"
+      "  quorvex detect deep.tif --levels 0,4095 --precise -o points.csv\n"
       "  quorvex detect left.bmp right.bmp --precise --expect 9x9 -o points.json\n"
-      "  quorvex detect left.bmp --renumber 9x9 --rearrange left");
+      "  quorvex detect left.bmp --renumber 9x9 --rearrange left\n"
+      "  quorvex detect *.png --precise --expect 9x9 -o corners.vnl\n"
+      "  quorvex detect *.png --precise --expect 9x9 --pitch 30 -o points.yml\n"
+      "  quorvex detect *.png --precise --resume --progress -o points.csv");
   command->callback([options, &action] {
     action = [options] {
       try {

@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <map>
 #include <memory>
-#include <optional>
 #include <stdexcept>
 
 #include "tools/detect/diagnostics_folder.h"
@@ -53,14 +52,13 @@ bool KeepsSharedLists(const std::vector<DetectionJob>& jobs) {
 
 }  // namespace
 
-std::vector<DetectionResult> DetectImages(const std::vector<DetectionJob>& jobs,
-                                          const DetectParameters& parameters, int parallel,
-                                          const DetectionObserver& observer) {
+void DetectImages(const std::vector<DetectionJob>& jobs, const DetectParameters& parameters,
+                  int parallel, const DetectionObserver& observer) {
   const std::filesystem::path program = OwnProgramPath();
   const int mostWorkers = KeepsSharedLists(jobs) ? 1 : parallel;
-  std::vector<std::optional<DetectionResult>> finished(jobs.size());
-  std::size_t next = 0;      // the first job not started
-  std::size_t reported = 0;  // jobs whose result was handed to the observer
+  std::map<std::size_t, DetectionResult> waiting;  // for one before them, by job
+  std::size_t next = 0;                            // the first job not started
+  std::size_t reported = 0;                        // jobs whose result was handed to the observer
   int finishedCount = 0;
 
   // In this order: on the way out of an interruption the pool ends its workers before their
@@ -77,21 +75,15 @@ std::vector<DetectionResult> DetectImages(const std::vector<DetectionJob>& jobs,
       pool.Start(worker, program, WorkerArguments(jobs[worker].image, directory, parameters));
     }
     const WorkerEnd end = pool.WaitForOne();
-    finished[end.worker] =
+    waiting[static_cast<std::size_t>(end.worker)] =
         ResultOfWorker(jobs[end.worker], directories[end.worker].Path(), end.failure);
     directories.erase(end.worker);
     observer.onProgress(++finishedCount);
-    for (; reported < jobs.size() && finished[reported]; ++reported) {
-      observer.onResult(*finished[reported]);
+    for (; waiting.count(reported) > 0; ++reported) {
+      observer.onResult(waiting[reported]);
+      waiting.erase(reported);
     }
   }
-
-  std::vector<DetectionResult> results;
-  results.reserve(finished.size());
-  for (std::optional<DetectionResult>& result : finished) {
-    results.push_back(std::move(*result));
-  }
-  return results;
 }
 
 }  // namespace quorvex::tools

@@ -23,12 +23,12 @@ struct DetectionObserver {
   std::function<void(DetectionResult&)> onResult;
 };
 
-// Runs up to `parallel` workers at a time and returns one result per job, in the order of the jobs.
-// A worker that crashes is the failure of its image only. Throws Interrupted (worker_process.h)
-// when the user asks to stop, and std::runtime_error when workers cannot be run at all.
-std::vector<DetectionResult> DetectImages(const std::vector<DetectionJob>& jobs,
-                                          const DetectParameters& parameters, int parallel,
-                                          const DetectionObserver& observer);
+// Runs up to `parallel` workers at a time and hands one result per job to the observer; none is
+// kept. A worker that crashes is the failure of its image only. Throws Interrupted
+// (worker_process.h) when the user asks to stop, std::runtime_error when workers cannot be run at
+// all, and what the observer throws.
+void DetectImages(const std::vector<DetectionJob>& jobs, const DetectParameters& parameters,
+                  int parallel, const DetectionObserver& observer);
 
 }  // namespace quorvex::tools
 

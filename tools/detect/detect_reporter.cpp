@@ -2,17 +2,47 @@
 
 #include <fmt/format.h>
 
+#include <chrono>
+#include <cmath>
+#include <utility>
+
 #include "tools/lists/points_file.h"
 
 namespace quorvex::tools {
 namespace {
 
-constexpr int kWidest = 30;  // characters; of the progress line
+constexpr double kSecondsBetweenLines = 1;
+
+// "1:02:05", "2:05"
+std::string DescribeTime(double seconds) {
+  const long long whole = std::llround(seconds);
+  const long long hours = whole / 3600;
+  const long long minutes = whole / 60 % 60;
+  return hours > 0 ? fmt::format("{}:{:02}:{:02}", hours, minutes, whole % 60)
+                   : fmt::format("{}:{:02}", minutes, whole % 60);
+}
 
 }  // namespace
 
+double SecondsOfSteadyClock() {
+  return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+std::string DescribeProgress(int finished, int imageCount, double seconds) {
+  const std::string count = fmt::format("{} of {} images", finished, imageCount);
+  if (finished == 0 || seconds <= 0) {
+    return count;
+  }
+  const double rate = finished / seconds;
+  return fmt::format("{}, {:.2g} images/s, {} left", count, rate,
+                     DescribeTime((imageCount - finished) / rate));
+}
+
 DetectReporter::DetectReporter(std::FILE* stream, int imageCount, ReporterSettings settings)
-    : stream_(stream), imageCount_(imageCount), settings_(settings) {
+    : stream_(stream),
+      imageCount_(imageCount),
+      settings_(std::move(settings)),
+      start_(settings_.clock()) {
   Draw();
 }
 
@@ -24,10 +54,22 @@ DetectReporter::~DetectReporter() {
 void DetectReporter::ShowProgress(int finished) {
   finished_ = finished;
   Draw();
+  const double seconds = settings_.clock() - start_;
+  const bool isDue = finished == imageCount_ || seconds - lastLine_ >= kSecondsBetweenLines;
+  if (settings_.progress == ProgressStyle::kLines && isDue) {
+    lastLine_ = seconds;
+    fmt::print(stream_, "{}\n", DescribeProgress(finished_, imageCount_, seconds));
+    std::fflush(stream_);
+  }
 }
 
 void DetectReporter::Report(const DetectionResult& result) {
   Erase();
+  if (settings_.showsNotes) {
+    for (const std::string& note : result.notes) {
+      fmt::print(stream_, "{}: {}\n", result.found.image, note);
+    }
+  }
   if (result.exitCode != kExitSuccess) {
     fmt::print(stream_, "quorvex: {}\n", result.message);
   } else if (settings_.showsSummaries) {
@@ -39,16 +81,20 @@ void DetectReporter::Report(const DetectionResult& result) {
   Draw();
 }
 
-void DetectReporter::Draw() const {
-  if (settings_.showsProgress) {
-    fmt::print(stream_, "\r{} of {} images", finished_, imageCount_);
+void DetectReporter::Draw() {
+  const double seconds = settings_.clock() - start_;
+  const std::string progress = DescribeProgress(finished_, imageCount_, seconds);
+  if (settings_.progress == ProgressStyle::kDrawnOver) {
+    // Blanks over what a longer line before left.
+    fmt::print(stream_, "\r{:<{}}", progress, drawn_);
+    drawn_ = progress.size();
   }
   std::fflush(stream_);
 }
 
 void DetectReporter::Erase() const {
-  if (settings_.showsProgress) {
-    fmt::print(stream_, "\r{:{}}\r", "", kWidest);
+  if (settings_.progress == ProgressStyle::kDrawnOver) {
+    fmt::print(stream_, "\r{:{}}\r", "", drawn_);
   }
 }
 

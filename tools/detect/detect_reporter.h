@@ -2,16 +2,33 @@
 #ifndef QUORVEX_TOOLS_DETECT_DETECT_REPORTER_H_
 #define QUORVEX_TOOLS_DETECT_DETECT_REPORTER_H_
 
+#include <cstddef>
 #include <cstdio>
+#include <functional>
+#include <string>
 
 #include "tools/detect/detection_result.h"
 
 namespace quorvex::tools {
 
-struct ReporterSettings {
-  bool showsProgress = false;   // a line "3 of 8 images", which is drawn over; for terminals
-  bool showsSummaries = false;  // also what was found, and not only what failed
+double SecondsOfSteadyClock();
+
+enum class ProgressStyle {
+  kNone,
+  kDrawnOver,  // one line that changes; for terminals
+  kLines,      // a line about every second
 };
+
+struct ReporterSettings {
+  ProgressStyle progress = ProgressStyle::kNone;
+  bool showsSummaries = false;  // also what was found, and not only what failed
+  bool showsNotes = false;      // how a picture was taken
+  // Seconds since any moment; for tests.
+  std::function<double()> clock = SecondsOfSteadyClock;
+};
+
+// "3 of 8 images, 2.5 images/s, 0:02 left"; without rate and time before the first one.
+std::string DescribeProgress(int finished, int imageCount, double seconds);
 
 class DetectReporter {
  public:
@@ -27,13 +44,16 @@ class DetectReporter {
   void Report(const DetectionResult& result);
 
  private:
-  void Draw() const;
+  void Draw();
   void Erase() const;
 
   std::FILE* stream_;
   int imageCount_;
   ReporterSettings settings_;
+  double start_;         // by the clock
+  double lastLine_ = 0;  // seconds after the start
   int finished_ = 0;
+  std::size_t drawn_ = 0;  // characters of the line that stands there
 };
 
 }  // namespace quorvex::tools

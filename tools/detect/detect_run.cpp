@@ -4,15 +4,20 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <system_error>
+#include <utility>
 
 #include "tools/detect/detect_images.h"
 #include "tools/detect/detect_reporter.h"
 #include "tools/detect/diagnostics_folder.h"
+#include "tools/detect/output_options.h"
 #include "tools/detect/overlay.h"
 #include "tools/detect/overlay_files.h"
+#include "tools/detect/points_output.h"
 #include "tools/detect/precise_images.h"
+#include "tools/detect/resumed_table.h"
 #include "tools/errors.h"
 #include "tools/lists/option_text.h"
 #include "tools/pictures/picture_file.h"
@@ -33,10 +38,6 @@ void RequireNotAnImage(const fs::path& path, const std::vector<fs::path>& images
           fmt::format("{} is one of the images and would be overwritten", Utf8Name(path)));
     }
   }
-}
-
-PointsFormat FormatOf(const DetectOptions& options) {
-  return options.format.value_or(FormatByName(options.output, PointsFormat::kCsv));
 }
 
 // The files and folders of each image; empty where nothing is to be kept.
@@ -89,45 +90,30 @@ void RequireGrid(const std::optional<GridSize>& expected, DetectionResult& resul
   }
 }
 
-// Both detections.
-std::vector<DetectionResult> Detect(const DetectOptions& options, const ImageOutputs& outputs,
-                                    const DetectionObserver& observer) {
-  if (options.isPrecise) {
-    return DetectImagesPrecisely(options.images, options.preciseOptions, options.parallel,
-                                 observer);
-  }
-  std::vector<DetectionJob> jobs;
+// What is to be done, and where it goes.
+struct ImageTask {
+  DetectionJob job;
+  fs::path overlay;  // empty for none
+};
+
+std::vector<ImageTask> TasksOf(const DetectOptions& options, const ImageOutputs& outputs,
+                               const ResumedTable* resumed) {
+  std::vector<ImageTask> tasks;
   for (std::size_t i = 0; i < options.images.size(); ++i) {
-    const bool keeps = !outputs.diagnosticsFolders.empty();
-    jobs.push_back({options.images[i], keeps ? outputs.diagnosticsFolders[i] : fs::path()});
-  }
-  return DetectImages(jobs, options.parameters, options.parallel, observer);
-}
-
-std::vector<DetectionResult> DetectAll(const DetectOptions& options, const ImageOutputs& outputs) {
-  const int count = static_cast<int>(options.images.size());
-  ReporterSettings settings;
-  settings.showsProgress = !options.isQuiet && count > 1 && StandardErrorIsTerminal();
-  // The text format ends with the same summary.
-  settings.showsSummaries = !options.isQuiet && (FormatOf(options) != PointsFormat::kText ||
-                                                 !IsStandardOutput(options.output));
-  DetectReporter reporter(stderr, count, settings);
-  return Detect(options, outputs,
-                {[&](int finished) { reporter.ShowProgress(finished); },
-                 [&](DetectionResult& result) {
-                   RequireGrid(options.expected, result);
-                   reporter.Report(result);
-                 }});
-}
-
-void WriteOverlays(const std::vector<fs::path>& overlays, const std::vector<fs::path>& images,
-                   const std::vector<DetectionResult>& results) {
-  for (std::size_t i = 0; i < overlays.size(); ++i) {
-    if (results[i].exitCode != kExitSuccess) {
+    if (resumed != nullptr && resumed->Holds(Utf8Name(options.images[i]))) {
       continue;
     }
-    WriteColorPng(DrawOverlay(ReadPictureFile(images[i]), results[i].found.points), overlays[i]);
+    ImageTask task;
+    task.job.image = options.images[i];
+    if (!outputs.diagnosticsFolders.empty()) {
+      task.job.diagnosticsFolder = outputs.diagnosticsFolders[i];
+    }
+    if (!outputs.overlays.empty()) {
+      task.overlay = outputs.overlays[i];
+    }
+    tasks.push_back(std::move(task));
   }
+  return tasks;
 }
 
 // In a list the image's name stands beside the reason, not in it.
@@ -137,32 +123,124 @@ std::string ReasonWithoutName(const DetectionResult& result) {
   return hasName ? result.message.substr(start.size()) : result.message;
 }
 
+// Takes one result after the other, in the order of the tasks.
+class ResultKeeper {
+ public:
+  ResultKeeper(const DetectOptions& options, const std::vector<ImageTask>& tasks,
+               PointsOutput& output)
+      : options_(options), tasks_(tasks), output_(output) {}
+
+  void Keep(DetectionResult& result) {
+    const ImageTask& task = tasks_[next_++];
+    exitCode_ = std::max(exitCode_, result.exitCode);
+    if (options_.isStrict && !result.warning.empty()) {
+      exitCode_ = std::max(exitCode_, kExitNothingFound);
+    }
+    if (result.exitCode == kExitSuccess) {
+      hasSuccess_ = true;
+      if (!task.overlay.empty()) {
+        const Picture picture = ReadPictureFile(task.job.image, options_.parameters.levels);
+        WriteColorPng(DrawOverlay(picture, result.found.points), task.overlay);
+      }
+    } else {
+      result.found.error = ReasonWithoutName(result);
+    }
+    output_.Add(result.found);
+  }
+
+  int ExitCode() const { return exitCode_; }
+  bool HasSuccess() const { return hasSuccess_; }
+
+ private:
+  const DetectOptions& options_;
+  const std::vector<ImageTask>& tasks_;
+  PointsOutput& output_;
+  std::size_t next_ = 0;
+  int exitCode_ = kExitSuccess;
+  bool hasSuccess_ = false;
+};
+
+ReporterSettings ReporterSettingsOf(const DetectOptions& options, std::size_t count) {
+  ReporterSettings settings;
+  const bool isTerminal = StandardErrorIsTerminal();
+  if (count > 1 && (options.showsProgress || (!options.isQuiet && isTerminal))) {
+    settings.progress = isTerminal ? ProgressStyle::kDrawnOver : ProgressStyle::kLines;
+  }
+  // The text format ends with the same summary.
+  settings.showsSummaries = !options.isQuiet && (FormatOf(options) != OutputFormat::kText ||
+                                                 !IsStandardOutput(options.output));
+  settings.showsNotes = !options.isQuiet;
+  return settings;
+}
+
+// Both detections.
+void DetectAll(const DetectOptions& options, const std::vector<ImageTask>& tasks,
+               ResultKeeper& keeper) {
+  std::vector<DetectionJob> jobs;
+  for (const ImageTask& task : tasks) {
+    jobs.push_back(task.job);
+  }
+  DetectReporter reporter(stderr, static_cast<int>(jobs.size()),
+                          ReporterSettingsOf(options, jobs.size()));
+  const DetectionObserver observer{[&](int finished) { reporter.ShowProgress(finished); },
+                                   [&](DetectionResult& result) {
+                                     RequireGrid(options.expected, result);
+                                     reporter.Report(result);
+                                     keeper.Keep(result);
+                                   }};
+  if (options.isPrecise) {
+    DetectImagesPrecisely(jobs, options.preciseOptions, options.parameters.levels, options.parallel,
+                          observer);
+  } else {
+    DetectImages(jobs, options.parameters, options.parallel, observer);
+  }
+}
+
+void ReportOutput(const OutputReport& report, bool isQuiet) {
+  for (const std::string& fault : report.faults) {
+    fmt::print(stderr, "quorvex: {}\n", fault);
+  }
+  if (isQuiet) {
+    return;
+  }
+  for (const std::string& note : report.notes) {
+    fmt::print(stderr, "{}\n", note);
+  }
+}
+
+// Goes on with a table: what it holds is not detected again, and each image is in it once done.
+int RunResumed(const DetectOptions& options, const ImageOutputs& outputs) {
+  ResumedTable table(options.output, ColumnsOf(options, true), DescribeOptions(options));
+  const std::vector<ImageTask> tasks = TasksOf(options, outputs, &table);
+  if (!options.isQuiet && tasks.size() < options.images.size()) {
+    fmt::print(stderr, "{} of {} images are in {} already\n", options.images.size() - tasks.size(),
+               options.images.size(), Utf8Name(options.output));
+  }
+  const int exitCode = table.HoldsFailure() ? kExitNothingFound : kExitSuccess;
+  ResultKeeper keeper(options, tasks, table);
+  DetectAll(options, tasks, keeper);
+  table.Finish();
+  return std::max(exitCode, keeper.ExitCode());
+}
+
 }  // namespace
 
 int RunDetect(const DetectOptions& options) {
+  CheckOutputOptions(options);
   const ImageOutputs outputs = PrepareOutputs(options);
-  const std::vector<DetectionResult> results = DetectAll(options, outputs);
-
-  int exitCode = kExitSuccess;
-  bool hasSuccess = false;
-  std::vector<PointsOfImage> lists;
-  for (const DetectionResult& result : results) {
-    exitCode = std::max(exitCode, result.exitCode);
-    if (options.isStrict && !result.warning.empty()) {
-      exitCode = std::max(exitCode, kExitNothingFound);
-    }
-    hasSuccess = hasSuccess || result.exitCode == kExitSuccess;
-    lists.push_back(result.found);
-    if (result.exitCode != kExitSuccess) {
-      lists.back().error = ReasonWithoutName(result);
-    }
+  if (options.resumes) {
+    return RunResumed(options, outputs);
   }
-  if (!hasSuccess) {
-    return exitCode;
+  const std::unique_ptr<PointsOutput> output = MakePointsOutput(OutputSettingsOf(options));
+  const std::vector<ImageTask> tasks = TasksOf(options, outputs, nullptr);
+  ResultKeeper keeper(options, tasks, *output);
+  DetectAll(options, tasks, keeper);
+  if (!keeper.HasSuccess()) {
+    return keeper.ExitCode();
   }
-  WriteOverlays(outputs.overlays, options.images, results);
-  WriteText(options.output, FormatPoints(lists, FormatOf(options), lists.size() > 1));
-  return exitCode;
+  const OutputReport report = output->Finish();
+  ReportOutput(report, options.isQuiet);
+  return report.faults.empty() ? keeper.ExitCode() : std::max(keeper.ExitCode(), kExitNothingFound);
 }
 
 }  // namespace quorvex::tools

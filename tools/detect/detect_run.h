@@ -8,6 +8,7 @@
 
 #include "interface/quorvex_precise.h"
 #include "tools/detect/detect_worker.h"
+#include "tools/detect/output_format.h"
 #include "tools/lists/point_edits.h"
 #include "tools/lists/points_file.h"
 
@@ -16,7 +17,8 @@ namespace quorvex::tools {
 struct DetectOptions {
   std::vector<std::filesystem::path> images;
   DetectParameters parameters;
-  std::optional<PointsFormat> format;  // absent: by the output's name, else CSV
+  std::optional<OutputFormat> format;  // absent: by the output's name, else CSV
+  double pitch = 0;                    // millimetres between marks, of the format kOpencv
   std::filesystem::path output;        // empty or "-" for standard output
   std::filesystem::path overlay;       // file, folder or pattern (overlay_files.h); empty for none
   std::filesystem::path diagnostics;   // empty for none
@@ -25,7 +27,9 @@ struct DetectOptions {
   bool isStrict = false;             // a point that is not as it should be is a failure
   std::optional<GridSize> expected;  // another grid is a failure
   bool isQuiet = false;
-  int parallel = 1;  // images at a time
+  bool showsProgress = false;  // even where standard error is no terminal
+  bool resumes = false;        // goes on with the output
+  int parallel = 1;            // images at a time
 };
 
 // Returns the command's exit code (tools/errors.h). Throws InputError for what can be refused

@@ -23,16 +23,20 @@
 namespace quorvex::tools {
 namespace {
 
-Picture DetectablePicture(const Picture& original, const std::filesystem::path& path, bool pad) {
-  if (HasDetectableSize(original)) {
-    return original;
+void RequireDetectableSize(const Picture& picture, const std::filesystem::path& path) {
+  if (!HasDetectableSize(picture)) {
+    throw InputError(fmt::format(
+        "{} is {} x {} pixels, but width and height must be multiples of 4; without --no-pad the "
+        "picture is grown",
+        Utf8Name(path), picture.width, picture.height));
   }
-  if (pad) {
-    return PadToDetectableSize(original);
-  }
-  throw InputError(fmt::format(
-      "{} is {} x {} pixels, but width and height must be multiples of 4; --pad grows the picture",
-      Utf8Name(path), original.width, original.height));
+}
+
+std::string PaddingNote(const Picture& original, const Picture& padded) {
+  return fmt::format(
+      "grown from {} x {} to {} x {} pixels, since the detection needs multiples of 4; positions "
+      "are those of the picture",
+      original.width, original.height, padded.width, padded.height);
 }
 
 // The detection takes the rows of a picture from the bottom up.
@@ -83,20 +87,31 @@ std::string WarningOf(const Picture& picture, const PointList& points) {
 
 DetectionResult Detect(const std::filesystem::path& imagePath,
                        const std::filesystem::path& directory, const DetectParameters& parameters) {
-  const Picture original = ReadPictureFile(imagePath);
+  const Picture original = ReadPictureFile(imagePath, parameters.levels);
+  if (!parameters.pad) {
+    RequireDetectableSize(original, imagePath);
+  }
   // Only now: the image's path is relative to where the command was started.
   std::filesystem::current_path(directory);
+  DetectionResult result;
+  if (!original.note.empty()) {
+    result.notes.push_back(original.note);
+  }
   PointList list;
   bool gridFound = false;
   try {
-    gridFound =
-        DetectPoints(DetectablePicture(original, imagePath, parameters.pad), parameters, list);
+    if (HasDetectableSize(original)) {
+      gridFound = DetectPoints(original, parameters, list);
+    } else {
+      const Picture padded = PadToDetectableSize(original);
+      result.notes.push_back(PaddingNote(original, padded));
+      gridFound = DetectPoints(padded, parameters, list);
+    }
   } catch (const std::bad_alloc&) {
     throw std::runtime_error(fmt::format("out of memory for a picture of {} x {} pixels",
                                          original.width, original.height));
   }
 
-  DetectionResult result;
   result.found.width = original.width;
   result.found.height = original.height;
   KeepPointsInside(original.width, original.height, list);
@@ -137,8 +152,11 @@ std::vector<std::string> WorkerArguments(const std::filesystem::path& imagePath,
                                      std::to_string(parameters.columnSpan),
                                      "--row-steps",
                                      std::to_string(parameters.rowSteps)};
-  if (parameters.pad) {
-    arguments.push_back("--pad");
+  if (!parameters.pad) {
+    arguments.push_back("--no-pad");
+  }
+  if (parameters.levels) {
+    arguments.insert(arguments.end(), {"--levels", GreyLevelsText(*parameters.levels)});
   }
   if (!parameters.check) {
     arguments.push_back("--no-check");

@@ -11,15 +11,17 @@
 #include "tools/detect/detection_result.h"
 #include "tools/lists/point_edits.h"
 #include "tools/lists/points_file.h"
+#include "tools/pictures/grey_levels.h"
 
 namespace quorvex::tools {
 
 struct DetectParameters {
-  int rowSpan = 20;     // rows looked for beyond the centre row
-  int columnSpan = 20;  // columns looked for beyond the centre column
-  int rowSteps = 300;   // pixels a row may run from one mark to the next
-  bool pad = false;     // grow pictures whose size is not a multiple of 4
-  bool check = true;    // compare the points with what the direct detection finds
+  int rowSpan = 20;                  // rows looked for beyond the centre row
+  int columnSpan = 20;               // columns looked for beyond the centre column
+  int rowSteps = 300;                // pixels a row may run from one mark to the next
+  bool pad = true;                   // grow pictures whose size is not a multiple of 4
+  bool check = true;                 // compare the points with what the direct detection finds
+  std::optional<GreyLevels> levels;  // of pictures with more than 8 bits
   // What is done to the points found, in this order.
   std::optional<GridSize> renumber;     // the size of the whole grid
   std::optional<CameraSide> rearrange;  // with as many columns as were found

@@ -25,7 +25,8 @@ void WriteDetectionResult(const DetectionResult& result, const std::filesystem::
   }
   const Json json{{"exitCode", result.exitCode},   {"message", result.message},
                   {"warning", result.warning},     {"width", result.found.width},
-                  {"height", result.found.height}, {"points", std::move(points)}};
+                  {"height", result.found.height}, {"points", std::move(points)},
+                  {"notes", result.notes}};
   std::ofstream file(path);
   file << json.dump(-1, ' ', false, Json::error_handler_t::replace) << std::flush;
   if (!file) {
@@ -41,6 +42,7 @@ DetectionResult ReadDetectionResult(const std::filesystem::path& path) {
     result.exitCode = json.at("exitCode");
     result.message = json.at("message");
     result.warning = json.at("warning");
+    result.notes = json.at("notes").get<std::vector<std::string>>();
     result.found.width = json.at("width");
     result.found.height = json.at("height");
     for (const Json& p : json.at("points")) {

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "tools/errors.h"
 #include "tools/lists/points_file.h"
@@ -11,10 +12,11 @@
 namespace quorvex::tools {
 
 struct DetectionResult {
-  int exitCode = kExitSuccess;  // of this image alone (tools/errors.h)
-  std::string message;          // one sentence; empty on success
-  PointsOfImage found;          // without points unless successful
-  std::string warning = {};     // one sentence on points that are not as they should be
+  int exitCode = kExitSuccess;          // of this image alone (tools/errors.h)
+  std::string message;                  // one sentence; empty on success
+  PointsOfImage found;                  // without points unless successful
+  std::string warning = {};             // one sentence on points that are not as they should be
+  std::vector<std::string> notes = {};  // how the picture was taken, a sentence each
 };
 
 // Both are for a file of the command's own: throws std::runtime_error when it cannot be written, or

@@ -79,8 +79,8 @@ std::string DescribeDarkness(const Picture& input, int bitsPerSample) {
   }
   if (bitsPerSample == 16) {
     return fmt::format(
-        "the file has 16 bits a pixel but uses only the lowest {:.0f} % of their range; stretch "
-        "its values so that the target becomes brighter than {} % of it",
+        "the file has 16 bits a pixel but uses only the lowest {:.0f} % of their range; give "
+        "--levels LOW,HIGH so that the target becomes brighter than {} % of it",
         std::ceil((brightest + 1) / 2.56), std::lround(kTargetLevel / 2.55));
   }
   return "no bright target was found: nothing in the picture is brighter than grey level " +

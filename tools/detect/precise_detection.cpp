@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <exception>
 #include <new>
 #include <string>
 #include <utility>
@@ -97,12 +98,15 @@ precise::ImageView ViewOf(const Picture& picture) {
   return {picture.pixels.data(), picture.width, picture.height, picture.width};
 }
 
-DetectionResult DetectPrecisely(const std::filesystem::path& image,
-                                const precise::Options& options) {
+DetectionResult DetectPrecisely(const std::filesystem::path& image, const precise::Options& options,
+                                const std::optional<GreyLevels>& levels) {
   DetectionResult result;
   result.found.image = Utf8Name(image);
   try {
-    const Picture picture = ReadPictureFile(image);
+    const Picture picture = ReadPictureFile(image, levels);
+    if (!picture.note.empty()) {
+      result.notes.push_back(picture.note);
+    }
     const precise::Result found = precise::Detect(ViewOf(picture), options);
     result.found.width = picture.width;
     result.found.height = picture.height;
@@ -126,6 +130,9 @@ DetectionResult DetectPrecisely(const std::filesystem::path& image,
   } catch (const std::bad_alloc&) {
     result.exitCode = kExitNothingFound;
     result.message = fmt::format("{}: out of memory", result.found.image);
+  } catch (const std::exception& error) {  // one picture must not end the run
+    result.exitCode = kExitNothingFound;
+    result.message = fmt::format("{}: the detection failed: {}", result.found.image, error.what());
   }
   return result;
 }

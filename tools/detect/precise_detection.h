@@ -3,9 +3,11 @@
 #define QUORVEX_TOOLS_DETECT_PRECISE_DETECTION_H_
 
 #include <filesystem>
+#include <optional>
 
 #include "interface/quorvex_precise.h"
 #include "tools/detect/detection_result.h"
+#include "tools/pictures/grey_levels.h"
 #include "tools/pictures/picture.h"
 
 namespace quorvex::tools {
@@ -14,8 +16,8 @@ namespace quorvex::tools {
 precise::ImageView ViewOf(const Picture& picture);
 
 // Detects in the picture file; every failure is told by the result. Thread-safe.
-DetectionResult DetectPrecisely(const std::filesystem::path& image,
-                                const precise::Options& options);
+DetectionResult DetectPrecisely(const std::filesystem::path& image, const precise::Options& options,
+                                const std::optional<GreyLevels>& levels = std::nullopt);
 
 }  // namespace quorvex::tools
 

@@ -2,20 +2,21 @@
 #ifndef QUORVEX_TOOLS_DETECT_PRECISE_IMAGES_H_
 #define QUORVEX_TOOLS_DETECT_PRECISE_IMAGES_H_
 
-#include <filesystem>
+#include <optional>
 #include <vector>
 
 #include "interface/quorvex_precise.h"
 #include "tools/detect/detect_images.h"
-#include "tools/detect/detection_result.h"
+#include "tools/pictures/grey_levels.h"
 
 namespace quorvex::tools {
 
-// Works on up to `parallel` images at a time and returns one result per image, in their order. The
-// observer is called by one thread at a time.
-std::vector<DetectionResult> DetectImagesPrecisely(const std::vector<std::filesystem::path>& images,
-                                                   const precise::Options& options, int parallel,
-                                                   const DetectionObserver& observer);
+// Works on up to `parallel` images at a time and hands one result per image to the observer, in
+// their order; none is kept. The observer is called by one thread at a time; what it throws ends
+// the work and is thrown on.
+void DetectImagesPrecisely(const std::vector<DetectionJob>& jobs, const precise::Options& options,
+                           const std::optional<GreyLevels>& levels, int parallel,
+                           const DetectionObserver& observer);
 
 }  // namespace quorvex::tools
 

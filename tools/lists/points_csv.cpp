@@ -66,23 +66,31 @@ PointsOfImage& ImageNamed(const std::string& name, std::vector<PointsOfImage>& i
 
 }  // namespace
 
+std::string FormatCsvHeader(CsvColumns columns) {
+  return fmt::format("{}id,row,col,x,y{}{}\n", columns.image ? "image," : "",
+                     columns.kind ? ",kind" : "", columns.covariance ? ",cxx,cxy,cyy" : "");
+}
+
+std::string FormatCsvRows(const PointsOfImage& image, CsvColumns columns) {
+  const std::string prefix = columns.image ? CsvField(image.image) + ',' : "";
+  if (!image.error.empty()) {
+    return fmt::format("{},,,,,{}{}\n", prefix, kFailedKind, columns.covariance ? ",,," : "");
+  }
+  std::string text;
+  for (const ListedPoint& p : image.points) {
+    fmt::format_to(std::back_inserter(text), "{}{},{},{},{:.9g},{:.9g}{}{}{}\n", prefix, p.id,
+                   p.row, p.col, p.x, p.y, columns.kind ? "," : "", KindName(p.kind),
+                   columns.covariance ? CovarianceFields(p.covariance) : "");
+  }
+  return text;
+}
+
 std::string FormatPointsCsv(const std::vector<PointsOfImage>& images, bool withImageColumn) {
-  const bool withKind = NeedsKindColumn(images);
-  const bool withCovariance = NeedsCovarianceColumns(images);
-  std::string text = fmt::format("{}id,row,col,x,y{}{}\n", withImageColumn ? "image," : "",
-                                 withKind ? ",kind" : "", withCovariance ? ",cxx,cxy,cyy" : "");
+  const CsvColumns columns{withImageColumn, NeedsKindColumn(images),
+                           NeedsCovarianceColumns(images)};
+  std::string text = FormatCsvHeader(columns);
   for (const PointsOfImage& image : images) {
-    const std::string prefix = withImageColumn ? CsvField(image.image) + ',' : "";
-    if (!image.error.empty()) {
-      fmt::format_to(std::back_inserter(text), "{},,,,,{}{}\n", prefix, kFailedKind,
-                     withCovariance ? ",,," : "");
-      continue;
-    }
-    for (const ListedPoint& p : image.points) {
-      fmt::format_to(std::back_inserter(text), "{}{},{},{},{:.9g},{:.9g}{}{}{}\n", prefix, p.id,
-                     p.row, p.col, p.x, p.y, withKind ? "," : "", KindName(p.kind),
-                     withCovariance ? CovarianceFields(p.covariance) : "");
-    }
+    text += FormatCsvRows(image, columns);
   }
   return text;
 }

@@ -11,6 +11,18 @@
 
 namespace quorvex::tools {
 
+// The columns that not every table has.
+struct CsvColumns {
+  bool image = false;
+  bool kind = false;
+  bool covariance = false;
+};
+
+// A table in pieces: its first line, and the rows of one image.
+std::string FormatCsvHeader(CsvColumns columns);
+std::string FormatCsvRows(const PointsOfImage& image, CsvColumns columns);
+
+// A whole table, with the columns that its points fill.
 std::string FormatPointsCsv(const std::vector<PointsOfImage>& images, bool withImageColumn);
 
 // Images come in the order of their first row. `name` is that of the file. Throws InputError naming

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <iterator>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <utility>
@@ -141,22 +140,24 @@ std::string FormatFacts(const std::vector<std::pair<std::string, double>>& facts
 }  // namespace
 
 // One line per point: whole enough for a parser, readable and comparable for people.
+std::string FormatJsonImage(const PointsOfImage& image) {
+  if (!image.error.empty()) {
+    return fmt::format(" {{\n  \"image\": {},\n  \"error\": {}\n }}", JsonString(image.image),
+                       JsonString(image.error));
+  }
+  std::string text =
+      fmt::format(" {{\n  \"image\": {},\n  \"width\": {},\n  \"height\": {},\n{}  \"points\": [",
+                  JsonString(image.image), image.width, image.height, FormatFacts(image.facts));
+  for (const ListedPoint& p : image.points) {
+    text += (&p == image.points.data() ? "\n   " : ",\n   ") + FormatPoint(p);
+  }
+  return text + "\n  ]\n }";
+}
+
 std::string FormatPointsJson(const std::vector<PointsOfImage>& images) {
   std::string text = "[";
   for (const PointsOfImage& image : images) {
-    text += &image == images.data() ? "\n" : ",\n";
-    if (!image.error.empty()) {
-      fmt::format_to(std::back_inserter(text), " {{\n  \"image\": {},\n  \"error\": {}\n }}",
-                     JsonString(image.image), JsonString(image.error));
-      continue;
-    }
-    fmt::format_to(std::back_inserter(text),
-                   " {{\n  \"image\": {},\n  \"width\": {},\n  \"height\": {},\n{}  \"points\": [",
-                   JsonString(image.image), image.width, image.height, FormatFacts(image.facts));
-    for (const ListedPoint& p : image.points) {
-      text += (&p == image.points.data() ? "\n   " : ",\n   ") + FormatPoint(p);
-    }
-    text += "\n  ]\n }";
+    text += (&image == images.data() ? "\n" : ",\n") + FormatJsonImage(image);
   }
   return text + "\n]\n";
 }

@@ -10,6 +10,9 @@
 
 namespace quorvex::tools {
 
+// One object of the array, without a comma or a line break after it.
+std::string FormatJsonImage(const PointsOfImage& image);
+
 std::string FormatPointsJson(const std::vector<PointsOfImage>& images);
 
 // `name` is that of the file. Throws InputError naming file, place and reason.

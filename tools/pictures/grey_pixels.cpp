@@ -4,6 +4,7 @@
 
 #include <new>
 #include <stdexcept>
+#include <utility>
 
 #include "interface/quorvex.h"
 #include "tools/errors.h"
@@ -34,6 +35,14 @@ std::vector<std::uint8_t> GreyPixels(std::vector<std::uint8_t>& samples, int wid
     ConvertRGBToGray(samples.data(), width, height, bitsPerPixel, grey.data());
   }
   return grey;
+}
+
+std::vector<std::uint8_t> GreyOfRgb(std::vector<std::uint8_t>& rgb, int width, int height,
+                                    const std::string& name) {
+  for (std::size_t i = 0; i + 2 < rgb.size(); i += 3) {
+    std::swap(rgb[i], rgb[i + 2]);
+  }
+  return GreyPixels(rgb, width, height, 24, name);
 }
 
 }  // namespace quorvex::tools

@@ -20,6 +20,10 @@ std::vector<std::uint8_t> AllocatePixels(std::size_t count, const std::string& n
 std::vector<std::uint8_t> GreyPixels(std::vector<std::uint8_t>& samples, int width, int height,
                                      int bitsPerPixel, const std::string& name);
 
+// The same of red-green-blue triples without gaps, whose order is turned round in place.
+std::vector<std::uint8_t> GreyOfRgb(std::vector<std::uint8_t>& rgb, int width, int height,
+                                    const std::string& name);
+
 }  // namespace quorvex::tools
 
 #endif  // QUORVEX_TOOLS_PICTURES_GREY_PIXELS_H_

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace quorvex::tools {
@@ -13,6 +14,7 @@ struct Picture {
   int height = 0;                    // pixels
   std::vector<std::uint8_t> pixels;  // width * height grey values, top row first, no gaps
   int bitsPerSample = 8;             // of the file that it was read from: 16 when they were scaled
+  std::string note = {};  // a sentence on how the file was taken, without its name; mostly empty
 
   std::uint8_t& At(int x, int y) { return pixels[Index(x, y)]; }
   std::uint8_t At(int x, int y) const { return pixels[Index(x, y)]; }

@@ -11,9 +11,14 @@
 #include "tools/errors.h"
 #include "tools/pictures/bmp_reader.h"
 #include "tools/pictures/bmp_writer.h"
+#include "tools/pictures/file_signatures.h"
 #include "tools/pictures/grey_pixels.h"
+#include "tools/pictures/jpeg_reader.h"
+#include "tools/pictures/pgm_reader.h"
 #include "tools/pictures/picture_limits.h"
 #include "tools/pictures/png_codec.h"
+#include "tools/pictures/read_failure.h"
+#include "tools/pictures/tiff_reader.h"
 #include "tools/system/file_name.h"
 #include "tools/system/staged_file.h"
 
@@ -35,7 +40,7 @@ PictureFormat FormatByEnding(const std::filesystem::path& path) {
 }
 
 [[noreturn]] void ThrowCannotRead(const std::filesystem::path& path, const std::string& reason) {
-  throw InputError(fmt::format("cannot read {}: {}", Utf8Name(path), reason));
+  ThrowCannotRead(Utf8Name(path), reason);
 }
 
 // Only a regular file has a size to check against; opening a pipe might wait for ever.
@@ -75,17 +80,41 @@ std::vector<std::uint8_t> ReadWholeFile(const std::filesystem::path& path) {
   return bytes;
 }
 
-}  // namespace
-
-Picture ReadPictureFile(const std::filesystem::path& path) {
+Picture DecodeAnyFormat(const std::filesystem::path& path,
+                        const std::optional<GreyLevels>& levels) {
   const std::vector<std::uint8_t> bytes = ReadWholeFile(path);
+  const std::string name = Utf8Name(path);
   if (IsPng(bytes)) {
-    return DecodePng(bytes, Utf8Name(path));
+    return DecodePng(bytes, name, levels);
   }
   if (IsBmp(bytes)) {
-    return DecodeBmp(bytes, Utf8Name(path));
+    return DecodeBmp(bytes, name);
   }
-  ThrowCannotRead(path, "it is neither a BMP nor a PNG file");
+  if (IsJpeg(bytes)) {
+    return DecodeJpeg(bytes, name);
+  }
+  if (IsTiff(bytes)) {
+    return DecodeTiff(bytes, name, levels);
+  }
+  if (IsPgm(bytes)) {
+    return DecodePgm(bytes, name, levels);
+  }
+  ThrowCannotRead(path, fmt::format("it is none of the files that are read: {}", ReadFormats()));
+}
+
+}  // namespace
+
+std::string ReadFormats() {
+  return fmt::format("BMP, PNG, PGM{}{}", ReadsJpeg() ? ", JPEG" : "", ReadsTiff() ? ", TIFF" : "");
+}
+
+Picture ReadPictureFile(const std::filesystem::path& path,
+                        const std::optional<GreyLevels>& levels) {
+  Picture picture = DecodeAnyFormat(path, levels);
+  if (levels && picture.bitsPerSample == 8 && picture.note.empty()) {
+    picture.note = "--levels is for pictures of more than 8 bits and changes nothing of this one";
+  }
+  return picture;
 }
 
 void RequirePictureEnding(const std::filesystem::path& path) { FormatByEnding(path); }

@@ -8,8 +8,10 @@
 #include <utility>
 
 #include "tools/errors.h"
+#include "tools/pictures/deep_png_reader.h"
 #include "tools/pictures/grey_pixels.h"
 #include "tools/pictures/picture_limits.h"
+#include "tools/pictures/read_failure.h"
 
 namespace quorvex::tools {
 namespace {
@@ -28,10 +30,6 @@ struct PngImage {
   PngImage(const PngImage&) = delete;
   PngImage& operator=(const PngImage&) = delete;
 };
-
-[[noreturn]] void ThrowCannotRead(const std::string& name, const std::string& reason) {
-  throw InputError(fmt::format("cannot read {}: {}", name, reason));
-}
 
 void CheckSize(const png_image& image, std::uint64_t fileBytes, const std::string& name) {
   if (image.width > kMaxPictureSide || image.height > kMaxPictureSide) {
@@ -68,15 +66,23 @@ bool IsPng(const std::vector<std::uint8_t>& bytes) {
          std::equal(kSignature.begin(), kSignature.end(), bytes.begin());
 }
 
-Picture DecodePng(const std::vector<std::uint8_t>& bytes, const std::string& name) {
+Picture DecodePng(const std::vector<std::uint8_t>& bytes, const std::string& name,
+                  const std::optional<GreyLevels>& levels) {
   PngImage png;
   png_image& image = png.image;
   if (png_image_begin_read_from_memory(&image, bytes.data(), bytes.size()) == 0) {
     ThrowCannotRead(name, image.message);
   }
   CheckSize(image, bytes.size(), name);
-  image.flags |= PNG_IMAGE_FLAG_16BIT_sRGB;  // otherwise 16 bits are taken as linear light
   const bool has16Bits = (image.format & PNG_FORMAT_FLAG_LINEAR) != 0;
+  const bool isTransparent = (image.format & PNG_FORMAT_FLAG_ALPHA) != 0;
+  if (has16Bits && !isTransparent) {
+    return DecodeDeepPng(bytes, name, levels);
+  }
+  if (has16Bits && levels) {
+    ThrowCannotRead(name, "--levels is not for pictures with transparency; save it without");
+  }
+  image.flags |= PNG_IMAGE_FLAG_16BIT_sRGB;  // otherwise 16 bits are taken as linear light
   const bool isColor = (image.format & PNG_FORMAT_FLAG_COLOR) != 0;
   image.format = isColor ? PNG_FORMAT_BGR : PNG_FORMAT_GRAY;
   std::vector<std::uint8_t> samples = AllocatePixels(PNG_IMAGE_SIZE(image), name);

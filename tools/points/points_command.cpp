@@ -7,6 +7,8 @@
 #include "tools/lists/option_text.h"
 #include "tools/lists/point_edits.h"
 #include "tools/lists/points_file.h"
+#include "tools/pictures/levels_option.h"
+#include "tools/pictures/picture_file.h"
 #include "tools/points/points_refine.h"
 #include "tools/points/points_run.h"
 #include "tools/subcommands.h"
@@ -235,6 +237,7 @@ void AddRefine(CLI::App& points, Action& action) {
   struct Options {
     PointsRun run;
     std::filesystem::path picture;
+    std::optional<GreyLevels> levels;
   };
   const auto options = std::make_shared<Options>();
   CLI::App& verb = *points.add_subcommand("refine", "Measure the points on their picture");
@@ -242,12 +245,13 @@ void AddRefine(CLI::App& points, Action& action) {
       "Each point that lies within about 4 pixels of a mark is moved to it and gets a covariance.\n"
       "A point that is no mark stays where it is, and a sentence says why.");
   AddFile(verb, options->run);
-  AddPathOption(verb, "picture", options->picture, "BMP or PNG file")
+  AddPathOption(verb, "picture", options->picture, ReadFormats() + " file")
       ->required()
       ->option_text("IMAGE");
+  AddLevelsOption(verb, options->levels);
   AddEditOutputs(verb, options->run);
   verb.callback([options, &action] {
-    action = [options] { return RunRefinement(options->run, options->picture); };
+    action = [options] { return RunRefinement(options->run, options->picture, options->levels); };
   });
 }
 

@@ -54,9 +54,13 @@ std::size_t Refine(const PointsRun& run, const Picture& picture, std::vector<Lis
 
 }  // namespace
 
-int RunRefinement(const PointsRun& run, const std::filesystem::path& picturePath) {
+int RunRefinement(const PointsRun& run, const std::filesystem::path& picturePath,
+                  const std::optional<GreyLevels>& levels) {
   OneImageFile file = ReadOneImageFile(run.input, run.image);
-  const Picture picture = ReadPictureFile(picturePath);
+  const Picture picture = ReadPictureFile(picturePath, levels);
+  if (!picture.note.empty()) {
+    fmt::print(stderr, "{}: {}\n", Utf8Name(picturePath), picture.note);
+  }
   RequireSameSize(file.list, picture, picturePath);
   if (Refine(run, picture, file.list.points) == 0) {
     fmt::print(stderr, "quorvex: {}: no point could be refined\n", Utf8Name(run.input));

@@ -36,38 +36,56 @@ void RequireReplaceable(const std::filesystem::path& path) {
 
 }  // namespace
 
+StagedFile::StagedFile(const std::filesystem::path& targetPath) : path_(targetPath) { Open(); }
+
 StagedFile::StagedFile(const std::filesystem::path& targetPath,
                        const std::vector<std::uint8_t>& bytes)
     : path_(targetPath) {
+  Open();
+  try {
+    Append(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    Close();
+  } catch (const InputError&) {
+    RemoveTemporary();  // a throwing constructor runs no destructor
+    throw;
+  }
+}
+
+void StagedFile::Open() {
   RequireReplaceable(path_);
   std::random_device random;
-  std::FILE* file = nullptr;
-  for (int attempt = 0; attempt < kNameAttempts && file == nullptr; ++attempt) {
+  for (int attempt = 0; attempt < kNameAttempts && file_ == nullptr; ++attempt) {
     temporaryPath_ = path_;
     temporaryPath_ += fmt::format(".{:08x}.tmp", static_cast<std::uint32_t>(random()));
-    file = CreateNewFile(temporaryPath_);  // never writes into somebody else's file
-    if (file == nullptr && errno != EEXIST) {
+    file_ = CreateNewFile(temporaryPath_);  // never writes into somebody else's file
+    if (file_ == nullptr && errno != EEXIST) {
       break;
     }
   }
-  if (file == nullptr) {
+  if (file_ == nullptr) {
     ThrowCannotWrite(path_, std::strerror(errno));
   }
+}
+
+void StagedFile::Append(const char* bytes, std::size_t count) {
   // An empty vector's data may be null, which fwrite must not get.
-  const bool written =
-      bytes.empty() || std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
-  const int writeError = errno;
-  const bool closed = std::fclose(file) == 0;  // the last block is written here
-  if (!written || !closed) {
-    const int error = written ? errno : writeError;
-    RemoveTemporary();  // a throwing constructor runs no destructor
-    ThrowCannotWrite(path_, std::strerror(error));
+  if (count > 0 && std::fwrite(bytes, 1, count, file_) != count) {
+    ThrowCannotWrite(path_, std::strerror(errno));
+  }
+}
+
+void StagedFile::Close() {
+  std::FILE* const file = file_;
+  file_ = nullptr;
+  if (file != nullptr && std::fclose(file) != 0) {  // the last block is written here
+    ThrowCannotWrite(path_, std::strerror(errno));
   }
 }
 
 StagedFile::~StagedFile() { RemoveTemporary(); }
 
 void StagedFile::Commit() {
+  Close();
   std::error_code error;
   std::filesystem::rename(temporaryPath_, path_, error);
   if (error) {
@@ -77,6 +95,10 @@ void StagedFile::Commit() {
 }
 
 void StagedFile::RemoveTemporary() noexcept {
+  if (file_ != nullptr) {
+    std::fclose(file_);
+    file_ = nullptr;
+  }
   if (!temporaryPath_.empty()) {
     std::error_code ignored;
     std::filesystem::remove(temporaryPath_, ignored);

@@ -4,7 +4,9 @@
 #ifndef QUORVEX_TOOLS_SYSTEM_STAGED_FILE_H_
 #define QUORVEX_TOOLS_SYSTEM_STAGED_FILE_H_
 
+#include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <filesystem>
 #include <vector>
 
@@ -12,22 +14,31 @@ namespace quorvex::tools {
 
 class StagedFile {
  public:
-  // Writes `bytes` to the temporary file. Throws InputError (tools/errors.h) naming the target and
-  // the reason: the folder is missing or not writable, the disk is full, or the target is something
-  // other than a regular file.
+  // Makes the temporary file, empty. Throws InputError (tools/errors.h) naming the target and the
+  // reason: the folder is missing or not writable, or the target is something other than a regular
+  // file.
+  explicit StagedFile(const std::filesystem::path& targetPath);
+
+  // Writes `bytes` to it, too, and ends it; throws as well when the disk is full.
   StagedFile(const std::filesystem::path& targetPath, const std::vector<std::uint8_t>& bytes);
   ~StagedFile();
   StagedFile(const StagedFile&) = delete;
   StagedFile& operator=(const StagedFile&) = delete;
 
+  // Throws InputError when the disk is full.
+  void Append(const char* bytes, std::size_t count);
+
   // Replaces the target. Throws InputError when the system refuses; the target is then as before.
   void Commit();
 
  private:
+  void Open();
+  void Close();
   void RemoveTemporary() noexcept;
 
   std::filesystem::path path_;
   std::filesystem::path temporaryPath_;
+  std::FILE* file_ = nullptr;  // null once it is ended
 };
 
 // Stages and commits one file.

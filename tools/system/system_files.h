@@ -13,6 +13,10 @@ namespace quorvex::tools {
 // errno, when that fails; EEXIST when something of that name is there, even a dangling link.
 std::FILE* CreateNewFile(const std::filesystem::path& path);
 
+// A file to write and read again that no name shows and that goes with the program, however it
+// ends. Null, with the reason in errno, when there is none.
+std::FILE* OpenScratchFile();
+
 // The same key for names that the system takes for one file, as Windows does without regard to
 // case.
 std::filesystem::path FileNameKey(const std::filesystem::path& name);

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <windows.h>
 
+#include <cerrno>
 #include <filesystem>
 
 #include "tools/system/system_files.h"
@@ -15,6 +16,20 @@ std::FILE* CreateNewFile(const std::filesystem::path& path) {
       _wopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT,
              _S_IREAD | _S_IWRITE);
   return descriptor >= 0 ? _fdopen(descriptor, "wb") : nullptr;
+}
+
+std::FILE* OpenScratchFile() {
+  std::error_code error;
+  const std::filesystem::path folder = std::filesystem::temp_directory_path(error);
+  wchar_t name[MAX_PATH + 1] = {};
+  if (error || GetTempFileNameW(folder.c_str(), L"qvx", 0, name) == 0) {
+    errno = ENOENT;
+    return nullptr;
+  }
+  const int descriptor =
+      _wopen(name, _O_RDWR | _O_CREAT | _O_TRUNC | _O_BINARY | _O_NOINHERIT | _O_TEMPORARY,
+             _S_IREAD | _S_IWRITE);
+  return descriptor >= 0 ? _fdopen(descriptor, "w+b") : nullptr;
 }
 
 std::filesystem::path FileNameKey(const std::filesystem::path& name) {

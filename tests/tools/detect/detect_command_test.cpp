@@ -71,12 +71,21 @@ TEST_F(DetectCommand, SaysThatNothingWasFound) {
   EXPECT_TRUE(LeftNothingTemporary());
 }
 
-TEST_F(DetectCommand, OffersToPadAnOddSize) {
-  EXPECT_EQ(Run("detect odd.bmp"), 2);
-  EXPECT_THAT(errors, HasSubstr("63 x 46 pixels"));
-  EXPECT_THAT(errors, HasSubstr("--pad"));
-  EXPECT_EQ(Run("detect odd.bmp --pad"), 1);
+TEST_F(DetectCommand, PadsAnOddSizeAndSaysSo) {
+  EXPECT_EQ(Run("detect odd.bmp"), 1);
+  EXPECT_THAT(errors, HasSubstr("odd.bmp: grown from 63 x 46 to 64 x 48 pixels, since"));
   EXPECT_THAT(errors, HasSubstr("no bright target"));
+  EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 2);
+  EXPECT_EQ(Run("detect odd.bmp --pad"), 1);
+  EXPECT_EQ(Run("detect odd.bmp -q"), 1);
+  EXPECT_THAT(errors, Not(HasSubstr("grown")));
+}
+
+TEST_F(DetectCommand, RefusesAnOddSizeWhenAsked) {
+  EXPECT_EQ(Run("detect odd.bmp --no-pad"), 2);
+  EXPECT_EQ(errors,
+            "quorvex: odd.bmp is 63 x 46 pixels, but width and height must be multiples of 4; "
+            "without --no-pad the picture is grown\n");
 }
 
 TEST_F(DetectCommand, WritesNoOutputWhenNothingWasFound) {
@@ -118,7 +127,7 @@ TEST_F(DetectCommand, KeepsDiagnosticsWhenAsked) {
             ReadPictureFile(folder.Path("dark.bmp")).pixels);
   EXPECT_TRUE(folder.Has("one/Mask.bmp"));
   EXPECT_FALSE(folder.Has("one/result.json"));
-  EXPECT_EQ(Run("detect dark.bmp odd.bmp --pad --diagnostics two"), 1);
+  EXPECT_EQ(Run("detect dark.bmp odd.bmp --diagnostics two"), 1);
   EXPECT_TRUE(folder.Has("two/dark/Mask.bmp"));
   EXPECT_TRUE(folder.Has("two/odd/Mask.bmp"));
   EXPECT_TRUE(LeftNothingTemporary());
@@ -213,7 +222,7 @@ TEST_F(DetectTarget, NamesTheImageWhenThereAreSeveral) {
 
 TEST_F(DetectTarget, PaddedPositionsAreThoseOfTheImage) {
   Render("odd.png", 1021, 838);
-  EXPECT_EQ(Run("detect odd.png --pad --format json --output points.json"), 0);
+  EXPECT_EQ(Run("detect odd.png --format json --output points.json"), 0);
   EXPECT_THAT(ReadWhole(folder.Path("points.json")),
               HasSubstr("\"width\": 1021,\n  \"height\": 838"));
   EXPECT_EQ(Run("compare points.json odd.csv --max-rms 0.5"), 0) << output;

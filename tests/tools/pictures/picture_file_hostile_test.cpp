@@ -117,7 +117,7 @@ TEST(HostileFile, ThingsThatAreNoPictures) {
   WriteBytes(folder.Path("empty.bmp"), {});
   ExpectRefused(folder.Path("empty.bmp"), "the file is empty");
   WriteBytes(folder.Path("text.bmp"), {'h', 'e', 'l', 'l', 'o'});
-  ExpectRefused(folder.Path("text.bmp"), "neither a BMP nor a PNG file");
+  ExpectRefused(folder.Path("text.bmp"), "none of the files that are read: BMP, PNG, PGM");
   WriteBytes(folder.Path("long.bmp"), {'B', 'M'});
   std::filesystem::resize_file(folder.Path("long.bmp"), kMaxPictureFileBytes + 1);
   ExpectRefused(folder.Path("long.bmp"), "1073741825 bytes are more than the 1073741824");

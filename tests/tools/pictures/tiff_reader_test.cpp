@@ -1,0 +1,174 @@
+#include "tools/pictures/tiff_reader.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+#include "tests/support/encoded_pictures.h"
+#include "tests/support/grey_pictures.h"
+#include "tools/errors.h"
+
+namespace quorvex::tests {
+
+using namespace tools;
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class ReadTiff : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (!ReadsTiff()) GTEST_SKIP() << "built without libtiff (Debian: libtiff-dev)";
+  }
+
+  Bytes Encode(const TiffFields& fields) const { return EncodeTiff(fields, folder_.Path("a")); }
+
+  Picture Decode(const TiffFields& fields, std::optional<GreyLevels> levels = std::nullopt) const {
+    return DecodeTiff(Encode(fields), "a.tif", levels);
+  }
+
+  static std::string Refusal(const Bytes& bytes) {
+    try {
+      DecodeTiff(bytes, "a.tif", std::nullopt);
+      return "was read";
+    } catch (const InputError& error) {
+      return error.what();
+    }
+  }
+
+ private:
+  TemporaryFolder folder_;
+};
+
+TiffFields Grey(std::uint32_t width, std::uint32_t height) {
+  TiffFields fields;
+  fields.width = width;
+  fields.height = height;
+  for (std::uint32_t i = 0; i < width * height; ++i) {
+    fields.samples.push_back(static_cast<std::uint8_t>(i * 7));
+  }
+  return fields;
+}
+
+TiffFields Deep(const std::vector<std::uint16_t>& values) {
+  TiffFields fields;
+  fields.width = static_cast<std::uint32_t>(values.size());
+  fields.height = 1;
+  fields.bits = 16;
+  const std::uint8_t* bytes = reinterpret_cast<const std::uint8_t*>(values.data());
+  fields.samples.assign(bytes, bytes + 2 * values.size());
+  return fields;
+}
+
+TEST_F(ReadTiff, KeepsGreyWhateverTheCompression) {
+  for (const std::uint16_t compression : {1, 5, 32773}) {
+    TiffFields fields = Grey(13, 7);
+    fields.compression = compression;
+    const Picture picture = Decode(fields);
+    EXPECT_EQ(picture.width, 13);
+    EXPECT_EQ(picture.height, 7);
+    EXPECT_EQ(picture.bitsPerSample, 8);
+    EXPECT_EQ(picture.pixels, fields.samples) << compression;
+  }
+}
+
+TEST_F(ReadTiff, TurnsWhiteIsZeroRound) {
+  TiffFields fields = Grey(3, 1);
+  fields.photometric = 0;
+  EXPECT_THAT(Decode(fields).pixels, ElementsAre(255, 248, 241));
+}
+
+TEST_F(ReadTiff, ScalesSixteenBits) {
+  const TiffFields fields = Deep({0, 128, 129, 257, 4095, 65535});
+  const Picture picture = Decode(fields);
+  EXPECT_EQ(picture.bitsPerSample, 16);
+  EXPECT_THAT(picture.pixels, ElementsAre(0, 0, 1, 1, 16, 255));
+  EXPECT_THAT(Decode(fields, GreyLevels{128, 4095}).pixels, ElementsAre(0, 0, 0, 8, 255, 255));
+}
+
+TEST_F(ReadTiff, ColourBecomesTheLibrarysGreyWithoutItsFourthChannel) {
+  TiffFields fields;
+  fields.width = 2;
+  fields.height = 1;
+  fields.channels = 4;
+  fields.photometric = 2;
+  fields.samples = {230, 20, 10, 3, 40, 30, 200, 4};
+  EXPECT_EQ(Decode(fields).pixels, LibraryGrey({10, 20, 230, 200, 30, 40}));
+}
+
+TEST_F(ReadTiff, LeavesPreviewsOut) {
+  TiffFields fields = Grey(4, 4);
+  fields.previews = 2;
+  EXPECT_EQ(Decode(fields).pixels, fields.samples);
+}
+
+TEST_F(ReadTiff, DoesNotTurnThePictureAndSaysSo) {
+  TiffFields fields = Grey(5, 2);
+  fields.orientation = 8;
+  const Picture picture = Decode(fields);
+  EXPECT_EQ(picture.width, 5);
+  EXPECT_EQ(picture.pixels, fields.samples);
+  EXPECT_THAT(picture.note, HasSubstr("not turned as its orientation of 8 says"));
+}
+
+TEST_F(ReadTiff, NamesWhatItDoesNotRead) {
+  const std::pair<std::function<void(TiffFields&)>, const char*> kinds[] = {
+      {[](TiffFields& f) { f.isTiled = true; }, "it is cut into tiles"},
+      {[](TiffFields& f) { f.pages = 2; }, "it holds several pictures"},
+      {[](TiffFields& f) { f.photometric = 5, f.channels = 4; }, "colours for print (CMYK)"},
+      {[](TiffFields& f) { f.photometric = 6, f.channels = 3; }, "YCbCr colours"},
+      {[](TiffFields& f) { f.bits = 32, f.sampleFormat = 3; }, "are floating-point numbers"},
+      {[](TiffFields& f) { f.bits = 16, f.sampleFormat = 2; }, "are numbers with a sign"},
+      {[](TiffFields& f) { f.bits = 1; }, "1 bits a sample; 8 and 16 are read"},
+      {[](TiffFields& f) { f.bits = 32; }, "32 bits a sample"},
+      {[](TiffFields& f) { f.photometric = 2, f.channels = 3, f.hasPlanes = true; },
+       "planes of their own"},
+      {[](TiffFields& f) { f.photometric = 2; }, "1 channels make no colour"},
+      {[](TiffFields& f) { f.pages = 0, f.previews = 1; }, "nothing but previews"}};
+  for (const auto& [change, fragment] : kinds) {
+    TiffFields fields = Grey(8, 8);
+    change(fields);
+    const std::string refusal = Refusal(Encode(fields));
+    EXPECT_THAT(refusal, HasSubstr("cannot read a.tif: "));
+    EXPECT_THAT(refusal, HasSubstr(fragment));
+  }
+}
+
+TEST_F(ReadTiff, RefusesFilesThatAreCutAnywhere) {
+  const Bytes whole = Encode(Grey(40, 30));
+  for (std::size_t size = 4; size < whole.size(); size += 11) {
+    const Bytes cut(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size));
+    EXPECT_THAT(Refusal(cut), HasSubstr("cannot read a.tif: ")) << size;
+  }
+}
+
+// No warning of libtiff may reach standard error, either.
+TEST_F(ReadTiff, BearsDamageAtEveryByte) {
+  const Bytes whole = Encode(Grey(9, 5));
+  testing::internal::CaptureStderr();
+  int refused = 0;
+  for (std::size_t i = 0; i < whole.size(); ++i) {
+    Bytes damaged = whole;
+    damaged[i] ^= 0xff;
+    refused += Refusal(damaged) == "was read" ? 0 : 1;
+  }
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  EXPECT_GT(refused, 20);
+}
+
+TEST_F(ReadTiff, RefusesASizeThatTheFileCannotHold) {
+  TiffFields fields = Grey(4, 4);
+  fields.width = 32768;
+  fields.samples = {};
+  Bytes bytes = Encode(fields);
+  bytes.resize(bytes.size());
+  fields = Grey(40000, 1);
+  EXPECT_THAT(Refusal(Encode(fields)), HasSubstr("40000 x 1 pixels is out of range"));
+}
+
+}  // namespace
+}  // namespace quorvex::tests
