@@ -7,24 +7,35 @@
 #   scripts/setup.sh --windows   and the Windows build, and Wine to run it
 #   scripts/setup.sh --benchmarks  and what the benchmarks need
 #   scripts/setup.sh --packages  and what Debian packages are made with
+#   scripts/setup.sh --cache     and a cache of what compilers made, for several builds of the same sources
 #   scripts/setup.sh --style     and the tools of scripts/check_style.sh
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 packages=(
   cmake ninja-build g++                                  # build
-  libcli11-dev libfmt-dev nlohmann-json3-dev libpng-dev  # libraries of the command
+  libcli11-dev libfmt-dev nlohmann-json3-dev             # libraries of the command
+  libpng-dev libjpeg-dev libtiff-dev libcairo2-dev       # and for its pictures
   libeigen3-dev                                          # linear algebra of the direct detector, headers alone
 )
 libpng_source=build/sources/libpng1.6
 windows=false
 for option in "$@"; do
   case "$option" in
-    --tests) packages+=(libgtest-dev libgmock-dev pkg-config imagemagick) ;;  # imagemagick: another reader of BMP files
+    --tests)
+      packages+=(
+        libgtest-dev libgmock-dev pkg-config
+        imagemagick poppler-utils                                # other readers of BMP files and of PDF
+        python3-dev python3-numpy python3-pytest pybind11-dev) ;;  # the Python module
     --benchmarks) packages+=(libbenchmark-dev) ;;
-    --extras) packages+=(libopencv-dev mrcal python3-distributed mmdebstrap dpkg-dev help2man) ;;
+    --extras)
+      packages+=(
+        libopencv-dev python3-opencv mrcal python3-distributed
+        mmdebstrap dpkg-dev help2man                              # Debian packages in a fresh Debian
+        python3-pip python3-venv python3-setuptools python3-wheel) ;;
     --packages) packages+=(dpkg-dev help2man python3-dev python3-numpy pybind11-dev) ;;
     --clang) packages+=(clang libclang-rt-14-dev llvm) ;;
+    --cache) packages+=(ccache) ;;
     --style) packages+=(clang clang-format clang-tidy) ;;
     --windows)
       windows=true

@@ -1,0 +1,186 @@
+#!/usr/bin/env python3
+"""Detects the marks of every picture of a folder on a Dask cluster, and writes one CSV file.
+
+    detect_folder.py PICTURES points.csv --workers 4                        on this machine
+    detect_folder.py PICTURES points.csv --scheduler tcp://10.0.0.1:8786    on a running cluster
+
+Workers need the module quorvex and OpenCV's Python module, and see the pictures under the same
+name. A worker that is lost has its pictures done by others. Results come to this program, which is
+alone in writing, one picture at a time, in the order in which they are finished: into
+points.csv.part, which becomes points.csv at the end. After a run that was ended, --resume goes on
+with what is there.
+
+The columns are those of `quorvex detect --precise` on many pictures. A picture that fails has one
+row of the kind "failed", and a sentence on standard error says why.
+
+Exit code: 0, 1 when a picture failed, 2 for bad usage."""
+
+import argparse
+import csv
+import io
+import os
+import pathlib
+import sys
+
+import distributed
+
+COLUMNS = ["image", "id", "row", "col", "x", "y", "kind", "cxx", "cxy", "cyy"]
+ENDINGS = {".bmp", ".png", ".jpg", ".jpeg", ".tif", ".tiff", ".pgm"}
+KINDS = ["measured", "doubtful", "predicted"]
+LEAST_AHEAD = 8  # pictures
+AHEAD_PER_THREAD = 4  # pictures given to the cluster beyond those that are finished
+
+
+def detect_file(path):
+    """Runs on a worker: the rows of one picture, without its name, or why there are none."""
+    import cv2
+    import quorvex
+
+    image = cv2.imread(path, cv2.IMREAD_GRAYSCALE)
+    if image is None:
+        return "it cannot be read as a picture"
+    try:
+        marks = quorvex.detect_precise(image)
+    except ValueError as error:  # no target, or too small a picture
+        return str(error)
+    return [
+        [m["id"], m["row"], m["col"], f"{m['x']:.9g}", f"{m['y']:.9g}", KINDS[m["verdict"]]]
+        + [f"{m[name]:.6g}" for name in ("cxx", "cxy", "cyy")]
+        for m in marks
+    ]
+
+
+def failed_row(name):
+    return [name, "", "", "", "", "", "failed", "", "", ""]
+
+
+class Output:
+    """The list as far as it is known, in FILE.part; FILE once it is whole."""
+
+    def __init__(self, path, resume):
+        self.path = path
+        self.part = path.with_name(path.name + ".part")
+        self.done = set()
+        if resume and (self.part.exists() or path.exists()):
+            rows = self._finished_rows()
+        elif self.part.exists() or path.exists():
+            there = self.part if self.part.exists() else path
+            raise FileExistsError(f"{there} is there already; --resume goes on with it")
+        else:
+            rows = []
+        self.done = {row[0] for row in rows}
+        start = self.part.with_name(self.part.name + ".new")
+        with open(start, "w", newline="", encoding="utf-8") as file:
+            csv.writer(file, lineterminator="\n").writerows([COLUMNS, *rows])
+        os.replace(start, self.part)
+        self.file = open(self.part, "a", newline="", encoding="utf-8")
+
+    def _finished_rows(self):
+        """Pictures are written one after the other, so only the last one may be there in part."""
+        is_part = self.part.exists()
+        path = self.part if is_part else self.path
+        text = path.read_bytes()
+        lines = text[: text.rfind(b"\n") + 1].decode("utf-8").split("\n")[:-1]
+        rows = list(csv.reader(lines))
+        if rows[:1] != [COLUMNS]:
+            raise ValueError(f"{path} does not begin with {','.join(COLUMNS)}")
+        rows = rows[1:]
+        if not is_part or not rows:
+            return rows
+        return [row for row in rows if row[0] != rows[-1][0]]
+
+    def write(self, rows):
+        text = io.StringIO()
+        csv.writer(text, lineterminator="\n").writerows(rows)
+        self.file.write(text.getvalue())
+        self.file.flush()
+
+    def finish(self):
+        os.fsync(self.file.fileno())
+        self.file.close()
+        os.replace(self.part, self.path)
+
+
+def detect_all(client, folder, names, output):
+    """Every picture once; the number of those that failed."""
+    ahead = max(LEAST_AHEAD, AHEAD_PER_THREAD * sum(client.nthreads().values()))
+    waiting = iter(names)
+    names_of = {}
+    running = distributed.as_completed()
+
+    def start_one():
+        name = next(waiting, None)
+        if name is not None:
+            future = client.submit(detect_file, str(folder / name), pure=False)
+            names_of[future.key] = name
+            running.add(future)
+
+    for _ in range(ahead):
+        start_one()
+    failures = 0
+    for future in running:
+        name = names_of.pop(future.key)
+        # An error of the cluster's own, as of a picture that took several workers down with it.
+        result = future.result() if future.status == "finished" else repr(future.exception())
+        if isinstance(result, str):
+            print(f"detect_folder: {name}: {result}", file=sys.stderr)
+            failures += 1
+            output.write([failed_row(name)])
+        else:
+            output.write([[name, *row] for row in result])
+        del future, result
+        start_one()
+    return failures
+
+
+def parse_arguments():
+    parser = argparse.ArgumentParser(
+        description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter
+    )
+    parser.add_argument("folder", type=pathlib.Path)
+    parser.add_argument("output", type=pathlib.Path)
+    where = parser.add_mutually_exclusive_group(required=True)
+    where.add_argument("--workers", type=int, metavar="N", help="worker processes on this machine")
+    where.add_argument("--scheduler", metavar="ADDRESS", help="of a running cluster")
+    parser.add_argument("--resume", action="store_true", help="go on with the list that is there")
+    arguments = parser.parse_args()
+    if not arguments.folder.is_dir():
+        parser.error(f"{arguments.folder} is no folder")
+    if arguments.workers is not None and arguments.workers < 1:
+        parser.error(f"--workers: expected 1 or more, given {arguments.workers}")
+    return parser, arguments
+
+
+def main():
+    parser, arguments = parse_arguments()
+    folder = arguments.folder.resolve()
+    names = sorted(p.name for p in folder.iterdir() if p.suffix.lower() in ENDINGS)
+    if not names:
+        parser.error(f"{arguments.folder} holds no picture: {', '.join(sorted(ENDINGS))}")
+    try:
+        output = Output(arguments.output, arguments.resume)
+    except (OSError, ValueError) as error:
+        parser.error(str(error))
+    left = [name for name in names if name not in output.done]
+    if arguments.scheduler:
+        client = distributed.Client(arguments.scheduler)
+    else:
+        cluster = distributed.LocalCluster(
+            n_workers=arguments.workers, threads_per_worker=1, dashboard_address=None
+        )
+        client = distributed.Client(cluster)
+    with client:
+        failures = detect_all(client, folder, left, output)
+    if not arguments.scheduler:
+        cluster.close()
+    output.finish()
+    print(
+        f"detect_folder: {len(left)} pictures done, {failures} failed, "
+        f"{len(names) - len(left)} were there",
+        file=sys.stderr,
+    )
+    return 1 if failures else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

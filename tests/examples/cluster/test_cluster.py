@@ -1,0 +1,203 @@
+"""A local scheduler and two workers, one of which is ended in mid-run."""
+
+import csv
+import os
+import pathlib
+import shutil
+import signal
+import subprocess
+import sys
+import time
+
+import cv2
+import pytest
+
+import quorvex
+
+COMMAND = os.environ["QUORVEX_COMMAND"]
+SOURCES = pathlib.Path(os.environ["QUORVEX_SOURCES"])
+PROGRAM = SOURCES / "examples/cluster/detect_folder.py"
+
+SEEDS = 3
+COPIES = 20  # of each rendered picture
+PATIENCE = 120  # seconds
+
+
+def wait_for(condition, what):
+    end = time.monotonic() + PATIENCE
+    while not condition():
+        assert time.monotonic() < end, f"waited in vain for {what}"
+        time.sleep(0.02)
+
+
+def count_pictures(path):
+    if not path.exists():
+        return 0
+    with open(path, newline="", encoding="utf-8") as file:
+        return len({row[0] for row in csv.reader(file) if row}) - 1
+
+
+@pytest.fixture(scope="module")
+def pictures(tmp_path_factory):
+    """A folder of pictures, one of which is none, and the rows that each must have."""
+    folder = tmp_path_factory.mktemp("pictures")
+    expected = {"broken.bmp": [["", "", "", "", "", "failed"]]}
+    for seed in range(SEEDS):
+        first = folder / f"{seed}-0.bmp"
+        subprocess.run(
+            [COMMAND, "render", "--preset", "easy", "--seed", str(seed + 1)]
+            + ["--output", str(first), "--truth", str(tmp_path_factory.mktemp("truth") / "marks.csv")],
+            check=True,
+            capture_output=True,
+        )
+        rows = [
+            [str(m["id"]), str(m["row"]), str(m["col"]), f"{m['x']:.9g}", f"{m['y']:.9g}"]
+            + ["measured"]
+            for m in quorvex.detect_precise(cv2.imread(str(first), cv2.IMREAD_GRAYSCALE))
+        ]
+        for copy in range(COPIES):
+            name = f"{seed}-{copy}.bmp"
+            if copy > 0:
+                shutil.copy(first, folder / name)
+            expected[name] = rows
+    (folder / "broken.bmp").write_text("no picture")
+    (folder / "notes.txt").write_text("not looked at")
+    return folder, expected
+
+
+@pytest.fixture
+def cluster(tmp_path):
+    """A scheduler with two workers: its address and the workers' processes."""
+    started = []
+
+    def start(module, *arguments):
+        process = subprocess.Popen(
+            [sys.executable, "-m", module, *arguments],
+            cwd=tmp_path,
+            stdout=subprocess.DEVNULL,
+            stderr=subprocess.DEVNULL,
+        )
+        started.append(process)
+        return process
+
+    told = tmp_path / "scheduler.json"
+    start(
+        "distributed.cli.dask_scheduler",
+        *("--host", "127.0.0.1", "--port", "0", "--no-dashboard", "--scheduler-file", str(told)),
+    )
+    wait_for(told.exists, "the scheduler")
+    workers = [
+        start(
+            "distributed.cli.dask_worker",
+            *("--scheduler-file", str(told), "--nthreads", "1", "--no-nanny", "--no-dashboard"),
+        )
+        for _ in range(2)
+    ]
+    from distributed import Client
+
+    with Client(scheduler_file=str(told)) as client:
+        client.wait_for_workers(2, timeout=PATIENCE)
+        address = client.scheduler.address
+    yield address, workers
+    for process in reversed(started):
+        process.kill()
+        process.wait()
+
+
+def start_program(folder, output, *arguments):
+    return subprocess.Popen(
+        [sys.executable, str(PROGRAM), str(folder), str(output), *arguments],
+        stderr=subprocess.PIPE,
+        text=True,
+    )
+
+
+def expect_every_picture_once(output, expected):
+    with open(output, newline="", encoding="utf-8") as file:
+        rows = list(csv.reader(file))
+    assert ",".join(rows[0]) == "image,id,row,col,x,y,kind,cxx,cxy,cyy"
+    found = {}
+    order = []
+    for row in rows[1:]:
+        found.setdefault(row[0], []).append(row[1:7])
+        if not order or order[-1] != row[0]:
+            order.append(row[0])
+    assert sorted(order) == sorted(expected)  # each in one piece
+    for name, wanted in expected.items():
+        assert found[name] == wanted, name
+
+
+def test_nothing_is_lost_or_twice_when_a_worker_ends(pictures, cluster, tmp_path):
+    folder, expected = pictures
+    address, workers = cluster
+    output = tmp_path / "points.csv"
+    program = start_program(folder, output, "--scheduler", address)
+    part = tmp_path / "points.csv.part"
+    wait_for(lambda: count_pictures(part) >= 5, "the first pictures")
+    workers[0].send_signal(signal.SIGKILL)
+    workers[0].wait()
+    assert count_pictures(part) < len(expected) / 2, "the run was over too soon"
+    _, errors = program.communicate(timeout=PATIENCE)
+    assert program.returncode == 1, errors  # of the broken picture
+    assert "broken.bmp: it cannot be read as a picture" in errors
+    assert f"{len(expected)} pictures done, 1 failed" in errors
+    assert workers[1].poll() is None
+    assert not part.exists()
+    expect_every_picture_once(output, expected)
+
+
+def test_a_run_that_was_ended_is_resumed(pictures, cluster, tmp_path):
+    folder, expected = pictures
+    address, _ = cluster
+    output = tmp_path / "points.csv"
+    program = start_program(folder, output, "--scheduler", address)
+    part = tmp_path / "points.csv.part"
+    wait_for(lambda: count_pictures(part) >= 5, "the first pictures")
+    program.kill()
+    program.communicate()
+    assert not output.exists()
+    with open(part, "a", encoding="utf-8") as file:
+        file.write("1-3.bm")  # as if it had been ended within a line
+
+    again = start_program(folder, output, "--scheduler", address)
+    _, errors = again.communicate(timeout=PATIENCE)
+    assert again.returncode == 2 and "--resume goes on with it" in errors
+
+    resumed = start_program(folder, output, "--scheduler", address, "--resume")
+    _, errors = resumed.communicate(timeout=PATIENCE)
+    assert resumed.returncode in (0, 1), errors
+    assert " 0 were there" not in errors
+    expect_every_picture_once(output, expected)
+
+    nothing = start_program(folder, output, "--scheduler", address, "--resume")
+    _, errors = nothing.communicate(timeout=PATIENCE)
+    assert nothing.returncode == 0 and "0 pictures done" in errors
+    expect_every_picture_once(output, expected)
+
+
+def test_bad_usage_says_so(tmp_path):
+    (tmp_path / "empty").mkdir()
+    for arguments, says in [
+        (["missing", "out.csv", "--workers", "1"], "missing is no folder"),
+        (["empty", "out.csv", "--workers", "1"], "holds no picture"),
+        (["empty", "out.csv", "--workers", "0"], "--workers: expected 1 or more, given 0"),
+        (["empty", "out.csv"], "--workers --scheduler is required"),
+    ]:
+        done = subprocess.run(
+            [sys.executable, str(PROGRAM), *arguments], cwd=tmp_path, capture_output=True, text=True
+        )
+        assert done.returncode == 2 and says in done.stderr, done.stderr
+    assert not (tmp_path / "out.csv").exists()
+
+
+def test_a_cluster_of_this_machine_does_as_well(pictures, tmp_path):
+    folder, expected = pictures
+    few = tmp_path / "few"
+    few.mkdir()
+    for name in ("0-0.bmp", "1-0.bmp"):
+        shutil.copy(folder / name, few)
+    output = tmp_path / "points.csv"
+    program = start_program(few, output, "--workers", "2")
+    _, errors = program.communicate(timeout=PATIENCE)
+    assert program.returncode == 0, errors
+    expect_every_picture_once(output, {name: expected[name] for name in ("0-0.bmp", "1-0.bmp")})
