@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Checks how the code is written: clang-format over all C++ files, clang-tidy over the sources of the library,
-# the command and the examples. Installs both tools where they are missing. Nothing is changed.
+# its interfaces for other languages, the command and the examples. Installs both tools where they are missing. Nothing is changed.
 #   scripts/check_style.sh             both
 #   scripts/check_style.sh --libraries clang-tidy over the libraries alone; the command takes as long again
 #   scripts/check_style.sh --format    clang-format alone, which takes seconds
@@ -8,8 +8,8 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 trap 'echo "style: failed (line $LINENO)" >&2' ERR
 tidy=true
-rooms='base|platform|imageio|preprocess|crossmark|grid|postprocess|precise|interface'
-programs='|tools|examples'
+rooms='base|platform|imageio|preprocess|crossmark|grid|postprocess|precise|interface|bindings/c|bindings/shared'
+programs='|tools|examples|bindings/python'
 case "${1:-}" in
   "") ;;
   --libraries) programs='' ;;

@@ -149,6 +149,7 @@ py::tuple RefineMarks(const Pixels& image, const std::vector<std::pair<double, d
   precise::Options options;
   options.colour = ColourOf(colour);
   std::vector<precise::Point> points;
+  points.reserve(positions.size());
   for (const auto& [x, y] : positions) {
     points.push_back({x, y});
   }
@@ -162,6 +163,7 @@ py::tuple RefineMarks(const Pixels& image, const std::vector<std::pair<double, d
   py::array_t<RefinedRecord> array(static_cast<py::ssize_t>(refined.size()));
   auto records = array.mutable_unchecked<1>();
   std::vector<std::string> reasons;
+  reasons.reserve(refined.size());
   for (std::size_t i = 0; i < refined.size(); ++i) {
     const precise::RefinedPoint& from = refined[i];
     records(static_cast<py::ssize_t>(i)) = {from.x,   from.y,   from.cxx,
