@@ -39,7 +39,7 @@ PictureFormat FormatByEnding(const std::filesystem::path& path) {
       fmt::format("cannot write {}: a picture's name must end in .bmp or .png", Utf8Name(path)));
 }
 
-[[noreturn]] void ThrowCannotRead(const std::filesystem::path& path, const std::string& reason) {
+[[noreturn]] void Refuse(const std::filesystem::path& path, const std::string& reason) {
   ThrowCannotRead(Utf8Name(path), reason);
 }
 
@@ -48,34 +48,34 @@ std::vector<std::uint8_t> ReadWholeFile(const std::filesystem::path& path) {
   std::error_code error;
   const std::filesystem::file_status status = std::filesystem::status(path, error);
   if (error) {
-    ThrowCannotRead(path, error.message());
+    Refuse(path, error.message());
   }
   if (std::filesystem::is_directory(status)) {
-    ThrowCannotRead(path, "it is a directory");
+    Refuse(path, "it is a directory");
   }
   if (!std::filesystem::is_regular_file(status)) {
-    ThrowCannotRead(path, "it is not a regular file");
+    Refuse(path, "it is not a regular file");
   }
   const std::uintmax_t size = std::filesystem::file_size(path, error);
   if (error) {
-    ThrowCannotRead(path, error.message());
+    Refuse(path, error.message());
   }
   if (size == 0) {
-    ThrowCannotRead(path, "the file is empty");
+    Refuse(path, "the file is empty");
   }
   if (size > kMaxPictureFileBytes) {
-    ThrowCannotRead(path, fmt::format("{} bytes are more than the {} that are allowed", size,
-                                      kMaxPictureFileBytes));
+    Refuse(path, fmt::format("{} bytes are more than the {} that are allowed", size,
+                             kMaxPictureFileBytes));
   }
   errno = 0;
   std::ifstream file(path, std::ios::binary);
   if (!file) {
-    ThrowCannotRead(path, std::strerror(errno));
+    Refuse(path, std::strerror(errno));
   }
   std::vector<std::uint8_t> bytes = AllocatePixels(static_cast<std::size_t>(size), Utf8Name(path));
   file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size));
   if (file.gcount() != static_cast<std::streamsize>(size)) {
-    ThrowCannotRead(path, "the file became shorter while it was read");
+    Refuse(path, "the file became shorter while it was read");
   }
   return bytes;
 }
@@ -99,7 +99,7 @@ Picture DecodeAnyFormat(const std::filesystem::path& path,
   if (IsPgm(bytes)) {
     return DecodePgm(bytes, name, levels);
   }
-  ThrowCannotRead(path, fmt::format("it is none of the files that are read: {}", ReadFormats()));
+  Refuse(path, fmt::format("it is none of the files that are read: {}", ReadFormats()));
 }
 
 }  // namespace

@@ -65,9 +65,9 @@ TiffFields Deep(const std::vector<std::uint16_t>& values) {
 }
 
 TEST_F(ReadTiff, KeepsGreyWhateverTheCompression) {
-  for (const std::uint16_t compression : {1, 5, 32773}) {
+  for (const int compression : {1, 5, 32773}) {
     TiffFields fields = Grey(13, 7);
-    fields.compression = compression;
+    fields.compression = static_cast<std::uint16_t>(compression);
     const Picture picture = Decode(fields);
     EXPECT_EQ(picture.width, 13);
     EXPECT_EQ(picture.height, 7);
@@ -161,13 +161,21 @@ TEST_F(ReadTiff, BearsDamageAtEveryByte) {
 }
 
 TEST_F(ReadTiff, RefusesASizeThatTheFileCannotHold) {
-  TiffFields fields = Grey(4, 4);
-  fields.width = 32768;
-  fields.samples = {};
-  Bytes bytes = Encode(fields);
-  bytes.resize(bytes.size());
-  fields = Grey(40000, 1);
-  EXPECT_THAT(Refusal(Encode(fields)), HasSubstr("40000 x 1 pixels is out of range"));
+  EXPECT_THAT(Refusal(Encode(Grey(40000, 1))), HasSubstr("40000 x 1 pixels is out of range"));
+  // Width and height stand in the directory as numbers of 32 bits, in this machine's order.
+  Bytes bytes = Encode(Grey(19, 23));
+  int changed = 0;
+  for (std::size_t i = 0; i + 12 <= bytes.size(); ++i) {
+    const bool isSide = (bytes[i] == 0 || bytes[i] == 1) && bytes[i + 1] == 1 &&
+                        bytes[i + 3] == 0 && bytes[i + 4] == 1 &&
+                        (bytes[i + 8] == 19 || bytes[i + 8] == 23);
+    if (isSide) {
+      bytes[i + 9] = 0x7f;
+      ++changed;
+    }
+  }
+  ASSERT_EQ(changed, 2);
+  EXPECT_THAT(Refusal(bytes), HasSubstr("32531 x 32535 pixels do not fit into"));
 }
 
 }  // namespace
