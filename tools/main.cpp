@@ -29,6 +29,7 @@ int Run(CLI::App& app, std::vector<std::string> words) {
   AddPointsCommand(app, action);
   AddRenderCommand(app, action);
   AddCompareCommand(app, action);
+  AddTargetCommand(app, action);
   // Only now: verbs take over the footer that is there when they are added.
   app.footer("'quorvex help VERB' shows the options of a verb.");
   words = WithHelpAsOption(std::move(words));

@@ -15,6 +15,7 @@ void AddDetectCommand(CLI::App& app, Action& action);
 void AddRenderCommand(CLI::App& app, Action& action);
 void AddCompareCommand(CLI::App& app, Action& action);
 void AddPointsCommand(CLI::App& app, Action& action);
+void AddTargetCommand(CLI::App& app, Action& action);
 
 }  // namespace quorvex::tools
 

@@ -12,6 +12,7 @@
 #include "tools/errors.h"
 #include "tools/lists/option_text.h"
 #include "tools/pictures/picture_file.h"
+#include "tools/render/camera_model_names.h"
 #include "tools/render/presets.h"
 #include "tools/render/render_target.h"
 #include "tools/subcommands.h"
@@ -42,12 +43,6 @@ top row, integer values at pixel centres, row 0 and column 0 at the top left.)";
 
 // Changes that the options make to the preset, which is known only after all of them are parsed.
 using Changes = std::vector<std::function<void(RenderSettings&)>>;
-
-constexpr Choice<CameraModel> kModels[] = {{"equidistant", CameraModel::kEquidistant},
-                                           {"kannala-brandt", CameraModel::kKannalaBrandt},
-                                           {"pinhole", CameraModel::kPinhole},
-                                           {"equisolid", CameraModel::kEquisolid},
-                                           {"stereographic", CameraModel::kStereographic}};
 
 constexpr Choice<Pattern> kPatterns[] = {{"crosses", Pattern::kCrosses},
                                          {"chessboard", Pattern::kChessboard}};
@@ -87,7 +82,7 @@ void AddCameraOptions(CLI::App& command, Changes& changes) {
                   "height of the picture, 4 to 32768 [pixels]")
       ->group("Camera");
   AddChoiceOption(
-      command, "--model", kModels,
+      command, "--model", kCameraModelNames,
       [&changes](CameraModel model) {
         changes.push_back([model](RenderSettings& settings) { settings.model = model; });
       },
