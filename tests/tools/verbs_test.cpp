@@ -37,8 +37,9 @@ TEST_F(Verbs, TheNearestOneIsSuggested) {
 
 TEST_F(Verbs, AllAreListedWhenNoneIsNear) {
   EXPECT_EQ(Run("a.bmp"), 2);
-  EXPECT_EQ(errors,
-            "quorvex: there is no verb 'a.bmp'; there are detect, points, render, compare, target\n");
+  EXPECT_EQ(
+      errors,
+      "quorvex: there is no verb 'a.bmp'; there are detect, points, render, compare, target\n");
 }
 
 TEST_F(Verbs, HelpIsTheHelpOption) {
