@@ -94,14 +94,15 @@ void AddRulers(TargetLayout& layout) {
   const double bottom = paper.height - kBlankEdge - kTickLength;
   layout.rulers.push_back(
       {left - half, bottom - half, layout.acrossLength + kLineWidth, kLineWidth});
-  for (double at = 0; at <= layout.acrossLength; at += kTickDistance) {
-    layout.rulers.push_back({left + at - half, bottom, kLineWidth, kTickLength});
+  for (int tick = 0; tick * kTickDistance <= layout.acrossLength; ++tick) {
+    layout.rulers.push_back({left + tick * kTickDistance - half, bottom, kLineWidth, kTickLength});
   }
   const double top = (paper.height - layout.downLength) / 2;
   const double right = kBlankEdge + kTickLength;
   layout.rulers.push_back({right - half, top - half, kLineWidth, layout.downLength + kLineWidth});
-  for (double at = 0; at <= layout.downLength; at += kTickDistance) {
-    layout.rulers.push_back({kBlankEdge, top + at - half, kTickLength, kLineWidth});
+  for (int tick = 0; tick * kTickDistance <= layout.downLength; ++tick) {
+    layout.rulers.push_back(
+        {kBlankEdge, top + tick * kTickDistance - half, kTickLength, kLineWidth});
   }
   layout.labels.push_back({fmt::format("{:g} mm", layout.acrossLength),
                            left + layout.acrossLength + 1, bottom + kTickLength, kFontHeight,
