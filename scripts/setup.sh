@@ -25,14 +25,14 @@ for option in "$@"; do
     --tests)
       packages+=(
         libgtest-dev libgmock-dev pkg-config
-        imagemagick poppler-utils                                # other readers of BMP files and of PDF
-        python3-dev python3-numpy python3-pytest pybind11-dev) ;;  # the Python module
+        imagemagick poppler-utils                                      # other readers of BMP files and of PDF
+        python3-dev python3-numpy python3-pytest pybind11-dev          # the Python module
+        python3-pip python3-venv python3-setuptools python3-wheel) ;;  # and its installation
     --benchmarks) packages+=(libbenchmark-dev) ;;
     --extras)
       packages+=(
         libopencv-dev python3-opencv mrcal python3-distributed
-        mmdebstrap dpkg-dev help2man                              # Debian packages in a fresh Debian
-        python3-pip python3-venv python3-setuptools python3-wheel) ;;
+        mmdebstrap dpkg-dev help2man) ;;  # Debian packages in a fresh Debian
     --packages) packages+=(dpkg-dev help2man python3-dev python3-numpy pybind11-dev) ;;
     --clang) packages+=(clang libclang-rt-14-dev llvm) ;;
     --cache) packages+=(ccache) ;;
