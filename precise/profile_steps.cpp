@@ -132,6 +132,9 @@ std::vector<double> AcrossLevels(const GrayPicture& picture, const ProfilePiece&
   std::vector<double> counts(bins, 0.0);
   ForEachStrokePixel(picture, piece.line, piece.from, piece.to, reach,
                      [&](double level, int, int, double, double v) {
+                       if (!(std::abs(v) <= reach)) {
+                         return;
+                       }
                        const std::size_t bin = std::min(
                            static_cast<std::size_t>((v + reach) * kBinsPerPixel), bins - 1);
                        sums[bin] += level;

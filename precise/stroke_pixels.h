@@ -27,7 +27,8 @@ struct StrokeLine {
 };
 
 // Calls use(level, x, y, u, v) for the pixels with from <= u < to and |v| <= reach, v being the
-// distance from the middle line; pixels outside the picture are left out.
+// distance from the middle line; pixels outside the picture are left out. Where the line is bent,
+// |v| goes a little beyond the reach.
 template <typename Use>
 void ForEachStrokePixel(const GrayPicture& picture, const StrokeLine& line, double from, double to,
                         double reach, Use use) {

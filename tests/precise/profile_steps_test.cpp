@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <vector>
+
 #include "tests/precise/drawn_board.h"
 
 namespace quorvex::tests {
@@ -45,6 +48,30 @@ TEST(ProfileSteps, FindWidthAndBlur) {
     EXPECT_NEAR(profile.width * board.step.norm(), 4.0, 0.05) << degrees;
     EXPECT_NEAR(profile.sigma, 1.1, 0.05) << degrees;
   }
+}
+
+// Beside a bent line some pixels are a little farther away than was asked for.
+TEST(ProfileSteps, GuessOfABentStroke) {
+  GrayPicture picture(400, 400, 180);
+  ProfilePiece piece;
+  piece.line.origin = {200, 200};
+  piece.line.direction = Eigen::Vector2d(160, 130).normalized();
+  piece.line.shape = {0, 0, -0.004, 0};
+  piece.from = 30;
+  piece.to = 110;
+  piece.pitch = 160;
+  for (int y = 0; y < picture.Height(); ++y) {
+    for (int x = 0; x < picture.Width(); ++x) {
+      const Eigen::Vector2d away = Eigen::Vector2d(x, y) - piece.line.origin;
+      const double u = away.dot(piece.line.direction);
+      if (std::abs(away.dot(piece.line.Normal()) - piece.line.Offset(u)) < 2) {
+        picture.Row(y)[x] = 20;
+      }
+    }
+  }
+  WidthAndBlur profile;
+  ASSERT_TRUE(GuessProfile(picture, {piece}, profile));
+  EXPECT_NEAR(profile.width * piece.pitch, 4.0, 1.4);
 }
 
 TEST(ProfileSteps, NothingDarkGivesNothing) {
