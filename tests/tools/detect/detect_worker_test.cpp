@@ -28,14 +28,14 @@ TEST(WorkerArguments, CarryEveryParameter) {
   parameters.rowSpan = 3;
   parameters.columnSpan = 4;
   parameters.rowSteps = 150;
-  parameters.pad = true;
+  parameters.pad = false;
   parameters.check = false;
   parameters.renumber = GridSize{9, 7};
   parameters.rearrange = CameraSide::kRight;
   EXPECT_THAT(WorkerArguments("-a.bmp", "/work", parameters),
               ElementsAre("detect-worker", "--row-span", "3", "--column-span", "4", "--row-steps",
-                          "150", "--pad", "--no-check", "--renumber", "9x7", "--rearrange", "right",
-                          "--", "-a.bmp", "/work"));
+                          "150", "--no-pad", "--no-check", "--renumber", "9x7", "--rearrange",
+                          "right", "--", "-a.bmp", "/work"));
 }
 
 // The detection makes the worker's directory the current one.
@@ -62,7 +62,9 @@ TEST_F(DetectWorker, TellsWhatIsWrongWithTheInput) {
   EXPECT_EQ(result.exitCode, kExitBadInput);
   EXPECT_THAT(result.message, HasSubstr("none.bmp"));
   WritePictureFile(FlatPicture(63, 48, 20), folder.Path("odd.bmp"));
-  result = DetectInDirectory(folder.Path("odd.bmp"), work.Path(), {});
+  DetectParameters unpadded;
+  unpadded.pad = false;
+  result = DetectInDirectory(folder.Path("odd.bmp"), work.Path(), unpadded);
   EXPECT_EQ(result.exitCode, kExitBadInput);
   EXPECT_THAT(result.message, HasSubstr("multiples of 4"));
 }
