@@ -58,13 +58,18 @@ void AddParameters(CLI::App& command, DetectParameters& parameters) {
                   "spacing + 10, and above 121")
       ->check(CLI::Range(1, kLargestRowSteps))
       ->option_text("N=300");
-  command.add_flag("--pad,!--no-pad", parameters.pad,
-                   "images whose size is not a multiple of 4 pixels are grown at the right and at "
-                   "the bottom, and a line says so; positions stay those of the image. --no-pad "
-                   "refuses them");
+  CLI::Option* pad = command.add_flag(
+      "--pad", parameters.pad,
+      "images whose size is not a multiple of 4 pixels are grown at the right and at the bottom, "
+      "and a line says so; positions stay those of the image. So it is without this option, too");
+  command
+      .add_flag_callback(
+          "--no-pad", [&parameters] { parameters.pad = false; }, "refuse such images")
+      ->excludes(pad);
   AddLevelsOption(command, parameters.levels);
-  command.add_flag("!--no-check", parameters.check,
-                   "do not compare the points with what the direct detection finds");
+  command.add_flag_callback(
+      "--no-check", [&parameters] { parameters.check = false; },
+      "do not compare the points with what the direct detection finds");
   command
       .add_option_function<std::string>(
           "--renumber",
@@ -138,8 +143,8 @@ void AddDirectDetection(CLI::App& command, DetectOptions& options) {
       "--precise", options.isPrecise,
       "detect directly: every visible mark, measured to some thousandths of a pixel, with its "
       "covariance; pictures of any size");
-  for (const char* other : {"--row-span", "--column-span", "--row-steps", "--pad", "--renumber",
-                            "--rearrange", "--diagnostics", "--no-check"}) {
+  for (const char* other : {"--row-span", "--column-span", "--row-steps", "--pad", "--no-pad",
+                            "--renumber", "--rearrange", "--diagnostics", "--no-check"}) {
     isPrecise->excludes(command.get_option(other));
   }
   command
