@@ -43,12 +43,12 @@ for preset in "${presets[@]}"; do
   target=()
   only=()
   if ! $isWhole; then
-    target=(--target road_tests direct_road_tests)
-    only=(--tests-regex '^(Detection|Direct)Road\.')
-    # gcc takes as long for the direct detector, optimised most or with sanitizers, as for all else.
-    if [[ $preset == gcc-O3 || $preset == gcc-sanitize ]]; then
-      target=(--target road_tests)
-      only=(--tests-regex '^DetectionRoad\.')
+    # The direct detector takes minutes more where it is not optimised, and to build with gcc: one of them has it.
+    target=(--target road_tests)
+    only=(--tests-regex '^DetectionRoad\.')
+    if [[ $preset == clang* ]]; then
+      target+=(direct_road_tests)
+      only=(--tests-regex '^(Detection|Direct)Road\.')
     fi
   fi
   cmake --build --preset "$preset" "${target[@]}"
@@ -57,8 +57,15 @@ for preset in "${presets[@]}"; do
     if [[ $preset == release ]]; then without=(); else without=(--without benchmarks); fi
     ctest --test-dir "build/$preset" --show-only | scripts/check_tests_present.sh "${without[@]}" "$platform"
   fi
+  if $isWhole && [[ ${label[0]} == --label-exclude ]]; then
+    echo "test: left to ./test.sh --extras: $(ctest --test-dir "build/$preset" --show-only --label-regex '^extras$' |
+      sed -nE 's/^ *Test +#[0-9]+: //p' | paste -sd ' ')"
+  fi
   # Runs over many pictures take minutes where programs are slow, and other tests run all that is in them.
-  [[ $preset == release ]] || only+=(--exclude-regex '^(ManyPictures|PointKinds|SetupVerdict|All/Presets)\.')
+  if $isWhole && [[ $preset != release ]]; then
+    echo "test: left to the release build: rendered scenes, ManyPictures, PointKinds, SetupVerdict, Presets"
+    only+=(--exclude-regex '^(ManyPictures|PointKinds|SetupVerdict|All/Presets)\.')
+  fi
   echo "test: running the tests of $preset"
   ctest --test-dir "build/$preset" --output-on-failure --parallel "$(nproc)" --no-tests=error "${label[@]}" "${only[@]}"
 done

@@ -2,17 +2,18 @@
 # Checks how the code is written: clang-format over all C++ files, clang-tidy over the sources of the library,
 # its interfaces for other languages, the command and the examples. Installs both tools where they are missing. Nothing is changed.
 #   scripts/check_style.sh             both
-#   scripts/check_style.sh --libraries clang-tidy over the libraries alone; the command takes as long again
+#   scripts/check_style.sh --library   clang-tidy over the library and its C interface alone; the direct detector
+#                                      and the command take three times as long again
 #   scripts/check_style.sh --format    clang-format alone, which takes seconds
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 trap 'echo "style: failed (line $LINENO)" >&2' ERR
 tidy=true
-rooms='base|platform|imageio|preprocess|crossmark|grid|postprocess|precise|interface|bindings/c|bindings/shared'
-programs='|tools|examples|bindings/python'
+rooms='base|platform|imageio|preprocess|crossmark|grid|postprocess|interface|bindings/c|bindings/shared'
+others='|precise|tools|examples|bindings/python'
 case "${1:-}" in
   "") ;;
-  --libraries) programs='' ;;
+  --library) others='' ;;
   --format) tidy=false ;;
   *) echo "style: unknown option $1" >&2; exit 2 ;;
 esac
@@ -26,8 +27,8 @@ $tidy || exit 0
 # options of the release build do not count, for the compiler whose options clang-tidy knows.
 cmake --preset clang -B build/style >/dev/null
 
-# The sources of the libraries and programs in CMake's lists, tests and other systems' left out.
-mapfile -t sources < <(git ls-files '*.cpp' | grep -E "^($rooms$programs)/" |
+# The sources in CMake's lists, tests and other systems' left out.
+mapfile -t sources < <(git ls-files '*.cpp' | grep -E "^($rooms$others)/" |
   while read -r source; do
     if grep -qF "\"file\": \"$PWD/$source\"" build/style/compile_commands.json; then echo "$source"; fi
   done)

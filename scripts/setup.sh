@@ -3,6 +3,7 @@
 #   scripts/setup.sh             what building needs
 #   scripts/setup.sh --tests     and what the tests need
 #   scripts/setup.sh --extras    and what ./test.sh --extras needs beyond these
+#   scripts/setup.sh --python    and what the Python module is built with
 #   scripts/setup.sh --clang     and the second compiler, its sanitizers and their symbolizer
 #   scripts/setup.sh --windows   and the Windows build, and Wine to run it
 #   scripts/setup.sh --benchmarks  and what the benchmarks need
@@ -34,6 +35,7 @@ for option in "$@"; do
         libopencv-dev python3-opencv mrcal python3-distributed
         mmdebstrap dpkg-dev help2man) ;;  # Debian packages in a fresh Debian
     --packages) packages+=(dpkg-dev help2man python3-dev python3-numpy pybind11-dev) ;;
+    --python) packages+=(python3-dev python3-numpy pybind11-dev) ;;
     --clang) packages+=(clang libclang-rt-14-dev llvm) ;;
     --cache) packages+=(ccache) ;;
     --style) packages+=(clang clang-format clang-tidy) ;;
