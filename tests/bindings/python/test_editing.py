@@ -44,11 +44,16 @@ def test_rearranges_for_both_cameras():
     assert corner["x"] < 450 and corner["y"] == left["y"][left["row"] == 0].max()
     right = quorvex.rearrange_right(numbered)
     assert len(right) == 9
-    # Where a point of a column is missing, the two count from different ends.
-    partial = quorvex.delete(numbered, 1)
-    assert not np.array_equal(
-        quorvex.rearrange_left(partial, 3), quorvex.rearrange_right(partial, 3)
-    )
+
+
+def test_cameras_count_a_partial_column_from_different_ends():
+    numbered = quorvex.renumber(grid_of(3, 3), 3, 3)
+    partial = quorvex.delete(numbered, 1)  # the uppermost point of the leftmost column
+    for rearrange, cols in [(quorvex.rearrange_left, [1, 0]), (quorvex.rearrange_right, [2, 1])]:
+        rearranged = rearrange(partial, 3)
+        column = np.sort(rearranged[rearranged["row"] == 0], order="y")
+        assert column["col"].tolist() == cols
+        assert column["id"].tolist() == [col + 1 for col in cols]
 
 
 def test_marks_of_the_precise_detection_are_points_too(easy):
