@@ -15,6 +15,7 @@ was given; a picture in which no target is found raises DetectionError.
 
 import enum
 import os
+import tempfile
 from typing import Any, Dict, Literal, Optional, SupportsFloat, SupportsIndex, Tuple, Union, overload
 
 import numpy as np
@@ -154,7 +155,11 @@ def _require_points(points: object) -> np.ndarray:
 
 
 def _require_folder(folder: "Union[str, os.PathLike[str], None]") -> bytes:
-    """The folder's name, made where it is missing and without earlier diagnostics; b"" for None."""
+    """The folder's name, made where it is missing and without earlier diagnostics; b"" for None.
+
+    Whether it can be written is tried before the detection, since what lies in it afterwards may
+    have been taken away by then.
+    """
     if folder is None:
         return b""
     try:
@@ -171,6 +176,12 @@ def _require_folder(folder: "Union[str, os.PathLike[str], None]") -> bytes:
             os.remove(os.path.join(name, os.fsencode(diagnostic)))
         except FileNotFoundError:
             pass
+    try:
+        tempfile.TemporaryFile(dir=name).close()
+    except OSError as error:
+        raise OSError(
+            f"diagnostics: expected a folder that can be written, given {os.fspath(folder)!r}"
+        ) from error
     return name
 
 
@@ -194,7 +205,8 @@ def detect(
     row_steps    pixels that a row may run from one mark to the next, 1 to 32768; at least the
                  largest spacing + 10, and above 121.
     diagnostics  a folder for the pictures and lists of every stage, which is made where it is
-                 missing; what an earlier detection left there is replaced. None keeps nothing.
+                 missing; what an earlier detection left there is replaced, so detections at the
+                 same time need one each. None keeps nothing.
     pad          widths and heights that are no multiples of 4 are grown to the next one in the
                  copy, by repeating the last column and row. False refuses them.
 
@@ -215,10 +227,6 @@ def detect(
     )
     folder = _require_folder(diagnostics)
     points = _native.detect(pixels, *spans, folder)
-    if folder and not os.path.exists(os.path.join(folder, b"ProImage.bmp")):
-        raise OSError(
-            f"diagnostics: expected a folder that can be written, given {os.fspath(diagnostics)!r}"
-        )
     if points is None:
         raise DetectionError(
             "no grid of marks around the image's centre; the pictures that diagnostics=FOLDER "

@@ -94,6 +94,26 @@ def test_a_folder_that_cannot_be_made_is_an_os_error(easy, tmp_path):
         quorvex.detect(easy, diagnostics=tmp_path / "file" / "folder")
 
 
+def test_a_folder_that_cannot_be_written_is_named_before_the_detection(easy, monkeypatch):
+    monkeypatch.setattr(quorvex._native, "detect", lambda *_: pytest.fail("the detection was begun"))
+    # Nobody can make a file there, root neither.
+    with pytest.raises(OSError, match="diagnostics: .* can be written, given '/proc/self'"):
+        quorvex.detect(easy, diagnostics="/proc/self")
+
+
+def test_diagnostics_that_are_taken_away_meanwhile_do_no_harm(easy, tmp_path, monkeypatch):
+    detect = quorvex._native.detect
+
+    def detect_and_lose(*arguments):
+        points = detect(*arguments)
+        for path in tmp_path.glob("*.bmp"):
+            path.unlink()
+        return points
+
+    monkeypatch.setattr(quorvex._native, "detect", detect_and_lose)
+    assert len(quorvex.detect(easy, diagnostics=tmp_path)) == 48
+
+
 @pytest.mark.parametrize("image", [None, [[1, 2], [3, 4]], "board.bmp", np.uint8(3)])
 def test_what_is_no_array_is_named(image):
     for function in (quorvex.detect, quorvex.detect_precise):
