@@ -8,14 +8,17 @@ Workers need the module quorvex and OpenCV's Python module, and see the pictures
 name. A worker that is lost has its pictures done by others. Results come to this program, which is
 alone in writing, one picture at a time, in the order in which they are finished: into
 points.csv.part, which becomes points.csv at the end. After a run that was ended, --resume goes on
-with what is there.
+with what is there; so it does after a run that an error of the place ended, as of a connection that
+was lost or a worker without the modules.
 
 The columns are those of `quorvex detect --precise` on many pictures. A picture that fails has one
-row of the kind "failed", and a sentence on standard error says why.
+row of the kind "failed", and a sentence on standard error says why. Such a picture counts as done;
+its row has to be deleted for --resume to try it again.
 
-Exit code: 0, 1 when a picture failed, 2 for bad usage."""
+Exit code: 0, 1 when a picture failed or the run was ended, 2 for bad usage."""
 
 import argparse
+import contextlib
 import csv
 import io
 import os
@@ -36,8 +39,15 @@ def detect_file(path):
     import cv2
     import quorvex
 
-    image = cv2.imread(path, cv2.IMREAD_GRAYSCALE)
+    try:
+        image = cv2.imread(path, cv2.IMREAD_GRAYSCALE)
+    except cv2.error as error:  # as of a size that is not taken
+        if error.code == cv2.Error.StsNoMem:
+            raise MemoryError(str(error)) from error
+        image = None
     if image is None:
+        if not os.path.isdir(os.path.dirname(path)):
+            raise FileNotFoundError(f"the worker does not see {os.path.dirname(path)}")
         return "it cannot be read as a picture"
     try:
         marks = quorvex.detect_precise(image)
@@ -101,6 +111,22 @@ class Output:
         os.replace(self.part, self.path)
 
 
+class RunEnded(Exception):
+    """An error of the place, not of a picture."""
+
+
+def outcome_of(future):
+    """What detect_file returned, or a sentence where only the picture can be at fault."""
+    if future.status == "finished":
+        return future.result()
+    if future.status != "error":
+        raise RunEnded(f"the connection to the cluster was lost (a picture was {future.status})")
+    error = future.exception()
+    if isinstance(error, distributed.KilledWorker):
+        return "every worker that took it was lost"
+    raise RunEnded(f"a worker failed: {error!r}")
+
+
 def detect_all(client, folder, names, output):
     """Every picture once; the number of those that failed."""
     ahead = max(LEAST_AHEAD, AHEAD_PER_THREAD * sum(client.nthreads().values()))
@@ -120,8 +146,7 @@ def detect_all(client, folder, names, output):
     failures = 0
     for future in running:
         name = names_of.pop(future.key)
-        # An error of the cluster's own, as of a picture that took several workers down with it.
-        result = future.result() if future.status == "finished" else repr(future.exception())
+        result = outcome_of(future)
         if isinstance(result, str):
             print(f"detect_folder: {name}: {result}", file=sys.stderr)
             failures += 1
@@ -151,28 +176,34 @@ def parse_arguments():
     return parser, arguments
 
 
+def connect(stack, arguments):
+    """A client of the cluster; both are closed with the stack."""
+    if arguments.scheduler:
+        return stack.enter_context(distributed.Client(arguments.scheduler))
+    cluster = distributed.LocalCluster(
+        n_workers=arguments.workers, threads_per_worker=1, dashboard_address=None
+    )
+    return stack.enter_context(distributed.Client(stack.enter_context(cluster)))
+
+
 def main():
     parser, arguments = parse_arguments()
     folder = arguments.folder.resolve()
     names = sorted(p.name for p in folder.iterdir() if p.suffix.lower() in ENDINGS)
     if not names:
         parser.error(f"{arguments.folder} holds no picture: {', '.join(sorted(ENDINGS))}")
-    try:
-        output = Output(arguments.output, arguments.resume)
-    except (OSError, ValueError) as error:
-        parser.error(str(error))
-    left = [name for name in names if name not in output.done]
-    if arguments.scheduler:
-        client = distributed.Client(arguments.scheduler)
-    else:
-        cluster = distributed.LocalCluster(
-            n_workers=arguments.workers, threads_per_worker=1, dashboard_address=None
-        )
-        client = distributed.Client(cluster)
-    with client:
-        failures = detect_all(client, folder, left, output)
-    if not arguments.scheduler:
-        cluster.close()
+    with contextlib.ExitStack() as stack:
+        try:
+            client = connect(stack, arguments)
+            output = Output(arguments.output, arguments.resume)
+        except (OSError, ValueError) as error:
+            parser.error(str(error))
+        left = [name for name in names if name not in output.done]
+        try:
+            failures = detect_all(client, folder, left, output)
+        except (RunEnded, OSError) as error:
+            print(f"detect_folder: {error}; --resume goes on with {output.part}", file=sys.stderr)
+            return 1
     output.finish()
     print(
         f"detect_folder: {len(left)} pictures done, {failures} failed, "
