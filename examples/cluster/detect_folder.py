@@ -32,22 +32,32 @@ ENDINGS = {".bmp", ".png", ".jpg", ".jpeg", ".tif", ".tiff", ".pgm"}
 KINDS = ["measured", "doubtful", "predicted"]
 LEAST_AHEAD = 8  # pictures
 AHEAD_PER_THREAD = 4  # pictures given to the cluster beyond those that are finished
+# Names of files need not be UTF-8; such bytes come back as they are.
+ENCODING = {"encoding": "utf-8", "errors": "surrogateescape"}
 
 
 def detect_file(path):
-    """Runs on a worker: the rows of one picture, without its name, or why there are none."""
+    """Runs on a worker: the rows of one picture, without its name, or why there are none.
+
+    path  bytes, since OpenCV takes no name that is not UTF-8; the file is read here.
+    """
     import cv2
+    import numpy as np
     import quorvex
 
     try:
-        image = cv2.imread(path, cv2.IMREAD_GRAYSCALE)
-    except cv2.error as error:  # as of a size that is not taken
+        data = np.fromfile(path, np.uint8)
+    except OSError as error:
+        if not os.path.isdir(os.path.dirname(path)):
+            raise  # the worker does not see the pictures
+        return f"it cannot be read: {error.strerror}"
+    try:
+        image = cv2.imdecode(data, cv2.IMREAD_GRAYSCALE | cv2.IMREAD_IGNORE_ORIENTATION)
+    except cv2.error as error:  # as of an empty file, or of a size that is not taken
         if error.code == cv2.Error.StsNoMem:
             raise MemoryError(str(error)) from error
         image = None
     if image is None:
-        if not os.path.isdir(os.path.dirname(path)):
-            raise FileNotFoundError(f"the worker does not see {os.path.dirname(path)}")
         return "it cannot be read as a picture"
     try:
         marks = quorvex.detect_precise(image)
@@ -62,6 +72,13 @@ def detect_file(path):
 
 def failed_row(name):
     return [name, "", "", "", "", "", "failed", "", "", ""]
+
+
+def csv_line(row):
+    """Python's writer quotes a carriage return only when its own lines end with one."""
+    text = io.StringIO()
+    csv.writer(text, lineterminator="\r\n").writerow(row)
+    return text.getvalue()[:-2] + "\n"
 
 
 class Output:
@@ -80,29 +97,29 @@ class Output:
             rows = []
         self.done = {row[0] for row in rows}
         start = self.part.with_name(self.part.name + ".new")
-        with open(start, "w", newline="", encoding="utf-8") as file:
-            csv.writer(file, lineterminator="\n").writerows([COLUMNS, *rows])
+        with open(start, "w", newline="", **ENCODING) as file:
+            file.writelines(csv_line(row) for row in [COLUMNS, *rows])
         os.replace(start, self.part)
-        self.file = open(self.part, "a", newline="", encoding="utf-8")
+        self.file = open(self.part, "a", newline="", **ENCODING)
 
     def _finished_rows(self):
         """Pictures are written one after the other, so only the last one may be there in part."""
         is_part = self.part.exists()
         path = self.part if is_part else self.path
         text = path.read_bytes()
-        lines = text[: text.rfind(b"\n") + 1].decode("utf-8").split("\n")[:-1]
-        rows = list(csv.reader(lines))
+        lines = text[: text.rfind(b"\n") + 1].decode(**ENCODING)
+        rows = list(csv.reader(io.StringIO(lines, newline="")))  # a name may hold ends of lines
         if rows[:1] != [COLUMNS]:
             raise ValueError(f"{path} does not begin with {','.join(COLUMNS)}")
         rows = rows[1:]
+        if rows and len(rows[-1]) != len(COLUMNS):  # cut within a name
+            rows.pop()
         if not is_part or not rows:
             return rows
         return [row for row in rows if row[0] != rows[-1][0]]
 
     def write(self, rows):
-        text = io.StringIO()
-        csv.writer(text, lineterminator="\n").writerows(rows)
-        self.file.write(text.getvalue())
+        self.file.writelines(csv_line(row) for row in rows)
         self.file.flush()
 
     def finish(self):
@@ -137,7 +154,7 @@ def detect_all(client, folder, names, output):
     def start_one():
         name = next(waiting, None)
         if name is not None:
-            future = client.submit(detect_file, str(folder / name), pure=False)
+            future = client.submit(detect_file, os.fsencode(folder / name), pure=False)
             names_of[future.key] = name
             running.add(future)
 

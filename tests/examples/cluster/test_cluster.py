@@ -10,6 +10,7 @@ import sys
 import time
 
 import cv2
+import numpy as np
 import pytest
 
 import quorvex
@@ -21,6 +22,7 @@ PROGRAM = SOURCES / "examples/cluster/detect_folder.py"
 SEEDS = 3
 COPIES = 20  # of each rendered picture
 PATIENCE = 120  # seconds
+ENCODING = {"encoding": "utf-8", "errors": "surrogateescape"}
 
 
 def wait_for(condition, what):
@@ -33,7 +35,7 @@ def wait_for(condition, what):
 def count_pictures(path):
     if not path.exists():
         return 0
-    with open(path, newline="", encoding="utf-8") as file:
+    with open(path, newline="", **ENCODING) as file:
         return len({row[0] for row in csv.reader(file) if row}) - 1
 
 
@@ -114,7 +116,7 @@ def start_program(folder, output, *arguments, environment=None):
 
 
 def expect_every_picture_once(output, expected):
-    with open(output, newline="", encoding="utf-8") as file:
+    with open(output, newline="", **ENCODING) as file:
         rows = list(csv.reader(file))
     assert ",".join(rows[0]) == "image,id,row,col,x,y,kind,cxx,cxy,cyy"
     found = {}
@@ -210,6 +212,59 @@ def one_picture(pictures, tmp_path):
     folder.mkdir()
     shutil.copy(pictures[0] / "0-0.bmp", folder)
     return folder
+
+
+def test_names_may_be_any_and_come_back(pictures, one_picture, tmp_path):
+    names = [os.fsdecode(b"caf\xe9.bmp"), 'two\nlines, "quoted".bmp', "back\r.bmp", "tail\n9.bmp"]
+    for name in names:
+        shutil.copy(one_picture / "0-0.bmp", one_picture / name)
+    expected = {name: pictures[1]["0-0.bmp"] for name in ["0-0.bmp", *names]}
+    output = tmp_path / "points.csv"
+    program = start_program(one_picture, output, "--workers", "1")
+    _, errors = program.communicate(timeout=PATIENCE)
+    assert program.returncode == 0, errors
+    expect_every_picture_once(output, expected)
+
+    # As if it had been ended within a name, in the second row of the picture.
+    part = tmp_path / "points.csv.part"
+    with open(output, newline="", **ENCODING) as file:
+        rows = list(csv.reader(file))
+    last = [row for row in rows if row[0] == names[1]]
+    output.unlink()
+    with open(part, "w", newline="", **ENCODING) as file:
+        writer = csv.writer(file)
+        writer.writerows([row for row in rows if row[0] != names[1]])
+        writer.writerow(last[0])
+        file.write('"two\n')
+    resumed = start_program(one_picture, output, "--workers", "1", "--resume")
+    _, errors = resumed.communicate(timeout=PATIENCE)
+    assert resumed.returncode == 0 and "1 pictures done, 0 failed, 4 were there" in errors, errors
+    expect_every_picture_once(output, expected)
+
+
+def test_pictures_are_not_turned(one_picture, tmp_path):
+    image = cv2.imread(str(one_picture / "0-0.bmp"), cv2.IMREAD_GRAYSCALE)
+    (one_picture / "0-0.bmp").unlink()
+    _, data = cv2.imencode(".jpg", image)
+    data = data.tobytes()
+    # Exif: one entry, orientation (0x0112) 6, a quarter turn.
+    tiff = bytes.fromhex("49492a0008000000 0100 1201030001000000 06000000 00000000")
+    exif = b"Exif\0\0" + tiff
+    segment = b"\xff\xe1" + (len(exif) + 2).to_bytes(2, "big") + exif
+    turned = one_picture / "turned.jpg"
+    turned.write_bytes(data[:2] + segment + data[2:])
+    assert cv2.imread(str(turned), cv2.IMREAD_GRAYSCALE).shape == image.shape[::-1]
+
+    output = tmp_path / "points.csv"
+    program = start_program(one_picture, output, "--workers", "1")
+    _, errors = program.communicate(timeout=PATIENCE)
+    assert program.returncode == 0, errors
+    marks = quorvex.detect_precise(cv2.imdecode(np.frombuffer(data, np.uint8), 0))
+    rows = [
+        [str(m["id"]), str(m["row"]), str(m["col"]), f"{m['x']:.9g}", f"{m['y']:.9g}", "measured"]
+        for m in marks
+    ]
+    expect_every_picture_once(output, {"turned.jpg": rows})
 
 
 def other_module(tmp_path, text):
