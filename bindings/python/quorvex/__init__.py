@@ -150,8 +150,24 @@ def _require_points(points: object) -> np.ndarray:
         )
     copy = np.empty(points.shape, POINT_DTYPE)
     for name in names:
-        copy[name] = points[name]
+        copy[name] = _require_field(name, points[name], POINT_DTYPE[name])
     return copy
+
+
+def _require_field(name: str, values: np.ndarray, dtype: np.dtype) -> np.ndarray:
+    """The values, which the type holds: none that is cut, beyond its range or not a number."""
+    is_whole = dtype.kind == "i"
+    if values.ndim != 1 or values.dtype.kind not in ("iu" if is_whole else "iuf"):
+        raise TypeError(
+            f'points["{name}"]: expected {"integers" if is_whole else "numbers"}, '
+            f"given {_describe(values)}"
+        )
+    limits = np.iinfo(dtype) if is_whole else np.finfo(dtype)
+    wrong = values[~((values >= limits.min) & (values <= limits.max))]
+    if len(wrong) > 0:
+        expected = f"{limits.min} to {limits.max}" if is_whole else "finite numbers of pixels"
+        raise ValueError(f'points["{name}"]: expected {expected}, given {wrong[0]}')
+    return values
 
 
 def _require_folder(folder: "Union[str, os.PathLike[str], None]") -> bytes:

@@ -95,7 +95,7 @@ def test_a_folder_that_cannot_be_made_is_an_os_error(easy, tmp_path):
 
 
 def test_a_folder_that_cannot_be_written_is_named_before_the_detection(easy, monkeypatch):
-    monkeypatch.setattr(quorvex._native, "detect", lambda *_: pytest.fail("the detection was begun"))
+    monkeypatch.setattr(quorvex._native, "detect", lambda *_: pytest.fail("it has begun"))
     # Nobody can make a file there, root neither.
     with pytest.raises(OSError, match="diagnostics: .* can be written, given '/proc/self'"):
         quorvex.detect(easy, diagnostics="/proc/self")

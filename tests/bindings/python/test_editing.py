@@ -88,6 +88,47 @@ def test_what_cannot_be_done_is_named():
         quorvex.delete_at(points, 0, 0)
 
 
+def with_field(name, dtype, value):
+    """Two points with a field of another type, whose last value is the one given."""
+    types = {"id": "i4", "row": "i4", "col": "i4", "x": "f4", "y": "f4", name: dtype}
+    points = np.zeros(2, list(types.items()))
+    points[name][-1] = value
+    return points
+
+
+@pytest.mark.parametrize(
+    "name, dtype, value, error, message",
+    [
+        ("id", "i8", 2**40 + 5, ValueError, "expected -2147483648 to 2147483647, given 1099511"),
+        ("row", "u4", 2**31, ValueError, "expected -2147483648 to 2147483647, given 2147483648"),
+        ("col", "u8", 2**64 - 1, ValueError, "expected -2147483648 to .*, given 184467440"),
+        ("id", "f8", np.nan, TypeError, "expected integers, given an array .* float64"),
+        ("id", "U4", "7", TypeError, "expected integers, given an array .* <U4"),
+        ("row", "?", True, TypeError, "expected integers, given an array .* bool"),
+        ("col", ("i4", 2), 1, TypeError, r"expected integers, given an array of shape \(2, 2\)"),
+        ("x", "f8", 1e300, ValueError, "expected finite numbers of pixels, given 1e\\+300"),
+        ("x", "f4", np.nan, ValueError, "expected finite numbers of pixels, given nan"),
+        ("y", "f8", -np.inf, ValueError, "expected finite numbers of pixels, given -inf"),
+        ("y", "U4", "1.5", TypeError, "expected numbers, given an array .* <U4"),
+        ("y", "c16", 1j, TypeError, "expected numbers, given an array .* complex128"),
+    ],
+)
+def test_fields_that_a_point_cannot_hold_are_named(name, dtype, value, error, message):
+    with pytest.raises(error, match=rf'points\["{name}"\]: {message}'):
+        quorvex.add(with_field(name, dtype, value), 1, 1)
+
+
+@pytest.mark.parametrize("dtype", ["i1", "i8", "u8", ">i4"])
+def test_fields_of_other_types_are_taken(dtype):
+    assert quorvex.add(with_field("id", dtype, 7), 1, 1)["id"].tolist() == [0, 7, -1]
+    assert quorvex.add(with_field("x", dtype, 7), 1, 1)["x"].tolist() == [0, 7, 1]
+
+
+@pytest.mark.parametrize("dtype", ["f2", "f8", ">f4"])
+def test_positions_of_other_types_are_taken(dtype):
+    assert quorvex.add(with_field("x", dtype, 1.5), 1, 1)["x"].tolist() == [0, 1.5, 1]
+
+
 @pytest.mark.parametrize(
     "edit, error, message",
     [
