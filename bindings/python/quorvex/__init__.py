@@ -14,6 +14,7 @@ was given; a picture in which no target is found raises DetectionError.
 """
 
 import enum
+import operator
 import os
 import tempfile
 from typing import Any, Dict, Literal, Optional, SupportsFloat, SupportsIndex, Tuple, Union, overload
@@ -119,8 +120,8 @@ def _require_image(image: object, least_side: int) -> np.ndarray:
 
 def _require_int(name: str, value: object, least: int, most: int) -> int:
     try:
-        number = value.__index__()  # type: ignore[attr-defined]
-    except AttributeError:
+        number = operator.index(value)  # type: ignore[arg-type]
+    except TypeError:
         raise TypeError(f"{name}: expected an int, given {_describe(value)}") from None
     if not least <= number <= most:
         raise ValueError(f"{name}: expected {least} to {most}, given {number}")
@@ -129,12 +130,24 @@ def _require_int(name: str, value: object, least: int, most: int) -> int:
 
 def _require_float(name: str, value: object) -> float:
     try:
+        if isinstance(value, (str, bytes, bytearray)):  # float() would read them
+            raise TypeError
         number = float(value)  # type: ignore[arg-type]
     except (TypeError, ValueError):
         raise TypeError(f"{name}: expected a number of pixels, given {_describe(value)}") from None
+    except OverflowError:
+        raise ValueError(
+            f"{name}: expected a finite number of pixels, given one too large for a float"
+        ) from None
     if not abs(number) <= np.finfo(np.float32).max:
         raise ValueError(f"{name}: expected a finite number of pixels, given {number}")
     return number
+
+
+def _require_bool(name: str, value: object) -> bool:
+    if not isinstance(value, (bool, np.bool_)):
+        raise TypeError(f"{name}: expected True or False, given {_describe(value)}")
+    return bool(value)
 
 
 def _require_points(points: object) -> np.ndarray:
@@ -232,7 +245,7 @@ def detect(
     """
     pixels = _require_image(image, 4)
     height, width = pixels.shape
-    if not pad and (width % 4 != 0 or height % 4 != 0):
+    if not _require_bool("pad", pad) and (width % 4 != 0 or height % 4 != 0):
         raise ValueError(
             f"image: expected a width and a height that are multiples of 4, given {width} x {height}"
         )
@@ -309,12 +322,17 @@ def detect_precise(
     """
     pixels = _require_image(image, _LEAST_PRECISE_SIDE)
     size = _require_board(board)
+    gives_facts = _require_bool("return_facts", return_facts)
     marks, facts, stage, reason = _native.detect_precise(
-        pixels, _require_colour(colour), bool(predict_missing), bool(continuous_lines), size
+        pixels,
+        _require_colour(colour),
+        _require_bool("predict_missing", predict_missing),
+        _require_bool("continuous_lines", continuous_lines),
+        size,
     )
     if len(marks) == 0:
         raise DetectionError(reason, stage)
-    return (marks, facts) if return_facts else marks
+    return (marks, facts) if gives_facts else marks
 
 
 def _require_colour(colour: object) -> int:

@@ -162,9 +162,12 @@ def test_numbers_out_of_range_are_named(easy, name, value, message):
 
 @pytest.mark.parametrize("name", ["row_span", "column_span", "row_steps"])
 def test_what_is_no_int_is_named(easy, name):
-    for value in (1.5, "20", None):
+    for value in (1.5, "20", None, int, np.array([1, 2])):
         with pytest.raises(TypeError, match=f"{name}: expected an int, given"):
             quorvex.detect(easy, **{name: value})
+    assert len(quorvex.detect(easy, **{name: np.int16(300)})) == 48
+    with pytest.raises(TypeError, match="pad: expected True or False, given 'no'"):
+        quorvex.detect(easy, pad="no")
     with pytest.raises(TypeError, match="diagnostics: expected None or the name of a folder"):
         quorvex.detect(easy, diagnostics=3)
     with pytest.raises(ValueError, match="diagnostics: expected the name of a folder, given ''"):
