@@ -189,22 +189,32 @@ def test_an_error_travels_between_processes():
     assert (error.reason, error.stage) == ("why", "seed")
 
 
+def files_of(folder):
+    return {path.name: path.read_bytes() for path in folder.iterdir()}
+
+
 def test_threads_detect_at_the_same_time(easy, tmp_path):
-    expected = quorvex.detect(easy)
+    # A different picture for each thread, as seen in every file that it keeps.
+    images = [np.roll(easy, 8 * name, axis=(0, 1)) for name in range(4)]
+    expected = [
+        quorvex.detect(image, diagnostics=tmp_path / f"alone {name}")
+        for name, image in enumerate(images)
+    ]
     results = {}
 
     def detect(name):
-        results[name] = quorvex.detect(easy, diagnostics=tmp_path / str(name))
+        results[name] = quorvex.detect(images[name], diagnostics=tmp_path / f"thread {name}")
 
     threads = [threading.Thread(target=detect, args=(name,)) for name in range(4)]
     for thread in threads:
         thread.start()
     for thread in threads:
         thread.join()
-    mask = (tmp_path / "0" / "Mask.bmp").read_bytes()
     for name in range(4):
-        assert np.array_equal(results[name], expected)
-        assert (tmp_path / str(name) / "Mask.bmp").read_bytes() == mask
+        assert np.array_equal(results[name], expected[name])
+        kept = files_of(tmp_path / f"thread {name}")
+        assert kept == files_of(tmp_path / f"alone {name}")
+        assert kept["Mask.bmp"] != files_of(tmp_path / f"alone {(name + 1) % 4}")["Mask.bmp"]
 
 
 def stands_still(function):
