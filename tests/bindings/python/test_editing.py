@@ -138,7 +138,7 @@ def test_positions_of_other_types_are_taken(dtype):
         (lambda p: quorvex.add(p, "a", 1), TypeError, "x: expected a number of pixels, given 'a'"),
         (lambda p: quorvex.add(p, "10", 1), TypeError, "x: expected a number of pixels, given '10'"),
         (lambda p: quorvex.add(p, 1, b"10"), TypeError, "y: expected a number of pixels, given b"),
-        (lambda p: quorvex.add(p, 10**400, 1), ValueError, "x: expected a finite number .* too large"),
+        (lambda p: quorvex.add(p, 10**400, 1), ValueError, "x: expected a finite .* too large"),
         (lambda p: quorvex.add(p, 1, float("inf")), ValueError, "y: expected a finite number"),
         (lambda p: quorvex.delete(p, 1.5), TypeError, "id: expected an int, given 1.5"),
         (lambda p: quorvex.delete(p, 2**31), ValueError, "id: expected -2147483648 to 2147483647"),
