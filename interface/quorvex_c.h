@@ -60,10 +60,10 @@ typedef enum quorvex_error {
 QUORVEX_C_API const char* quorvex_error_text(int error);
 
 /* A sentence on the last failure of the calling thread, empty when its last call that can fail did
- * not. Valid until the thread's next call. At most 255 bytes. */
+ * not. Valid until the thread's next call that can fail. At most 255 bytes. */
 QUORVEX_C_API const char* quorvex_error_detail(void);
 
-/* "0.1.0" */
+/* Three numbers with dots between them, for example "0.2.0". */
 QUORVEX_C_API const char* quorvex_version(void);
 
 /* ---- Images -------------------------------------------------------------------------------- */
@@ -87,7 +87,7 @@ typedef struct quorvex_colour_image {
 } quorvex_colour_image;
 
 /* Fills `grey`, width * height bytes without gaps between rows, by the weights of ITU-R BT.601; the
- * sum is cut, not rounded. */
+ * sum is cut, not rounded. Width and height are 1 to 32768 (QUORVEX_ERROR_ARGUMENT). */
 QUORVEX_C_API quorvex_error quorvex_convert_to_grey(const quorvex_colour_image* image,
                                                     unsigned char* grey);
 
@@ -283,9 +283,10 @@ QUORVEX_C_API quorvex_error quorvex_refine_marks(const quorvex_image* image,
 
 typedef struct quorvex_picture quorvex_picture;
 
-/* Reads an uncompressed BMP file of 8 bits (with any palette), 24 or 32 bits as a grey picture. On
- * success `*picture` is a new object, to be freed by the caller. QUORVEX_ERROR_FILE when the file
- * cannot be read, QUORVEX_ERROR_FORMAT when it is no such file or ends too early. */
+/* Reads an uncompressed BMP file of 8 bits (with any palette), 24 or 32 bits as a grey picture, of
+ * up to 32768 pixels a side. On success `*picture` is a new object, to be freed by the caller.
+ * QUORVEX_ERROR_FILE when the file cannot be read, QUORVEX_ERROR_FORMAT when it is no such file,
+ * ends too early or is larger. */
 QUORVEX_C_API quorvex_error quorvex_read_bmp(const char* path, quorvex_picture** picture);
 
 QUORVEX_C_API void quorvex_picture_free(quorvex_picture* picture);
@@ -294,7 +295,8 @@ QUORVEX_C_API void quorvex_picture_free(quorvex_picture* picture);
 QUORVEX_C_API quorvex_error quorvex_picture_image(const quorvex_picture* picture,
                                                   quorvex_image* image);
 
-/* Writes an 8-bit BMP file with a grey palette, replacing an existing file. */
+/* Writes an 8-bit BMP file with a grey palette, replacing an existing file. QUORVEX_ERROR_FILE when
+ * it cannot be written; what was there before may then be lost. */
 QUORVEX_C_API quorvex_error quorvex_write_bmp(const char* path, const quorvex_image* image);
 
 #ifdef __cplusplus

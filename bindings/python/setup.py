@@ -53,10 +53,9 @@ class CMakeBuild(build_ext):
         cmake = shutil.which("cmake")
         if cmake is None:
             raise RuntimeError("CMake is needed to build quorvex and was not found")
-        build = pathlib.Path(
-            os.environ.get("QUORVEX_CMAKE_BUILD") or BUILD / f"cmake-{sys.implementation.cache_tag}"
-        )
-        if "QUORVEX_CMAKE_BUILD" not in os.environ:
+        given = os.environ.get("QUORVEX_CMAKE_BUILD", "")  # empty is as good as none
+        build = pathlib.Path(given or BUILD / f"cmake-{sys.implementation.cache_tag}")
+        if not given:
             configure(cmake, build)
         command = [cmake, "--build", build, "--target", "quorvex_python"]
         subprocess.run([*command, "--parallel", str(os.cpu_count() or 1)], check=True)

@@ -8,14 +8,17 @@ Workers need the module quorvex and OpenCV's Python module, and see the pictures
 name. A worker that is lost has its pictures done by others. Results come to this program, which is
 alone in writing, one picture at a time, in the order in which they are finished: into
 points.csv.part, which becomes points.csv at the end. After a run that was ended, --resume goes on
-with what is there.
+with what is there; so it does after a run that an error of the place ended, as of a connection that
+was lost or a worker without the modules.
 
 The columns are those of `quorvex detect --precise` on many pictures. A picture that fails has one
-row of the kind "failed", and a sentence on standard error says why.
+row of the kind "failed", and a sentence on standard error says why. Such a picture counts as done;
+its row has to be deleted for --resume to try it again.
 
-Exit code: 0, 1 when a picture failed, 2 for bad usage."""
+Exit code: 0, 1 when a picture failed or the run was ended, 2 for bad usage."""
 
 import argparse
+import contextlib
 import csv
 import io
 import os
@@ -29,14 +32,31 @@ ENDINGS = {".bmp", ".png", ".jpg", ".jpeg", ".tif", ".tiff", ".pgm"}
 KINDS = ["measured", "doubtful", "predicted"]
 LEAST_AHEAD = 8  # pictures
 AHEAD_PER_THREAD = 4  # pictures given to the cluster beyond those that are finished
+# Names of files need not be UTF-8; such bytes come back as they are.
+ENCODING = {"encoding": "utf-8", "errors": "surrogateescape"}
 
 
 def detect_file(path):
-    """Runs on a worker: the rows of one picture, without its name, or why there are none."""
+    """Runs on a worker: the rows of one picture, without its name, or why there are none.
+
+    path  bytes, since OpenCV takes no name that is not UTF-8; the file is read here.
+    """
     import cv2
+    import numpy as np
     import quorvex
 
-    image = cv2.imread(path, cv2.IMREAD_GRAYSCALE)
+    try:
+        data = np.fromfile(path, np.uint8)
+    except OSError as error:
+        if not os.path.isdir(os.path.dirname(path)):
+            raise  # the worker does not see the pictures
+        return f"it cannot be read: {error.strerror}"
+    try:
+        image = cv2.imdecode(data, cv2.IMREAD_GRAYSCALE | cv2.IMREAD_IGNORE_ORIENTATION)
+    except cv2.error as error:  # as of an empty file, or of a size that is not taken
+        if error.code == cv2.Error.StsNoMem:
+            raise MemoryError(str(error)) from error
+        image = None
     if image is None:
         return "it cannot be read as a picture"
     try:
@@ -52,6 +72,13 @@ def detect_file(path):
 
 def failed_row(name):
     return [name, "", "", "", "", "", "failed", "", "", ""]
+
+
+def csv_line(row):
+    """Python's writer quotes a carriage return only when its own lines end with one."""
+    text = io.StringIO()
+    csv.writer(text, lineterminator="\r\n").writerow(row)
+    return text.getvalue()[:-2] + "\n"
 
 
 class Output:
@@ -70,35 +97,51 @@ class Output:
             rows = []
         self.done = {row[0] for row in rows}
         start = self.part.with_name(self.part.name + ".new")
-        with open(start, "w", newline="", encoding="utf-8") as file:
-            csv.writer(file, lineterminator="\n").writerows([COLUMNS, *rows])
+        with open(start, "w", newline="", **ENCODING) as file:
+            file.writelines(csv_line(row) for row in [COLUMNS, *rows])
         os.replace(start, self.part)
-        self.file = open(self.part, "a", newline="", encoding="utf-8")
+        self.file = open(self.part, "a", newline="", **ENCODING)
 
     def _finished_rows(self):
         """Pictures are written one after the other, so only the last one may be there in part."""
         is_part = self.part.exists()
         path = self.part if is_part else self.path
         text = path.read_bytes()
-        lines = text[: text.rfind(b"\n") + 1].decode("utf-8").split("\n")[:-1]
-        rows = list(csv.reader(lines))
+        lines = text[: text.rfind(b"\n") + 1].decode(**ENCODING)
+        rows = list(csv.reader(io.StringIO(lines, newline="")))  # a name may hold ends of lines
         if rows[:1] != [COLUMNS]:
             raise ValueError(f"{path} does not begin with {','.join(COLUMNS)}")
         rows = rows[1:]
+        if rows and len(rows[-1]) != len(COLUMNS):  # cut within a name
+            rows.pop()
         if not is_part or not rows:
             return rows
         return [row for row in rows if row[0] != rows[-1][0]]
 
     def write(self, rows):
-        text = io.StringIO()
-        csv.writer(text, lineterminator="\n").writerows(rows)
-        self.file.write(text.getvalue())
+        self.file.writelines(csv_line(row) for row in rows)
         self.file.flush()
 
     def finish(self):
         os.fsync(self.file.fileno())
         self.file.close()
         os.replace(self.part, self.path)
+
+
+class RunEnded(Exception):
+    """An error of the place, not of a picture."""
+
+
+def outcome_of(future):
+    """What detect_file returned, or a sentence where only the picture can be at fault."""
+    if future.status == "finished":
+        return future.result()
+    if future.status != "error":
+        raise RunEnded(f"the connection to the cluster was lost (a picture was {future.status})")
+    error = future.exception()
+    if isinstance(error, distributed.KilledWorker):
+        return "every worker that took it was lost"
+    raise RunEnded(f"a worker failed: {error!r}")
 
 
 def detect_all(client, folder, names, output):
@@ -111,7 +154,7 @@ def detect_all(client, folder, names, output):
     def start_one():
         name = next(waiting, None)
         if name is not None:
-            future = client.submit(detect_file, str(folder / name), pure=False)
+            future = client.submit(detect_file, os.fsencode(folder / name), pure=False)
             names_of[future.key] = name
             running.add(future)
 
@@ -120,8 +163,7 @@ def detect_all(client, folder, names, output):
     failures = 0
     for future in running:
         name = names_of.pop(future.key)
-        # An error of the cluster's own, as of a picture that took several workers down with it.
-        result = future.result() if future.status == "finished" else repr(future.exception())
+        result = outcome_of(future)
         if isinstance(result, str):
             print(f"detect_folder: {name}: {result}", file=sys.stderr)
             failures += 1
@@ -151,28 +193,34 @@ def parse_arguments():
     return parser, arguments
 
 
+def connect(stack, arguments):
+    """A client of the cluster; both are closed with the stack."""
+    if arguments.scheduler:
+        return stack.enter_context(distributed.Client(arguments.scheduler))
+    cluster = distributed.LocalCluster(
+        n_workers=arguments.workers, threads_per_worker=1, dashboard_address=None
+    )
+    return stack.enter_context(distributed.Client(stack.enter_context(cluster)))
+
+
 def main():
     parser, arguments = parse_arguments()
     folder = arguments.folder.resolve()
     names = sorted(p.name for p in folder.iterdir() if p.suffix.lower() in ENDINGS)
     if not names:
         parser.error(f"{arguments.folder} holds no picture: {', '.join(sorted(ENDINGS))}")
-    try:
-        output = Output(arguments.output, arguments.resume)
-    except (OSError, ValueError) as error:
-        parser.error(str(error))
-    left = [name for name in names if name not in output.done]
-    if arguments.scheduler:
-        client = distributed.Client(arguments.scheduler)
-    else:
-        cluster = distributed.LocalCluster(
-            n_workers=arguments.workers, threads_per_worker=1, dashboard_address=None
-        )
-        client = distributed.Client(cluster)
-    with client:
-        failures = detect_all(client, folder, left, output)
-    if not arguments.scheduler:
-        cluster.close()
+    with contextlib.ExitStack() as stack:
+        try:
+            client = connect(stack, arguments)
+            output = Output(arguments.output, arguments.resume)
+        except (OSError, ValueError) as error:
+            parser.error(str(error))
+        left = [name for name in names if name not in output.done]
+        try:
+            failures = detect_all(client, folder, left, output)
+        except (RunEnded, OSError) as error:
+            print(f"detect_folder: {error}; --resume goes on with {output.part}", file=sys.stderr)
+            return 1
     output.finish()
     print(
         f"detect_folder: {len(left)} pictures done, {failures} failed, "

@@ -14,7 +14,9 @@ was given; a picture in which no target is found raises DetectionError.
 """
 
 import enum
+import operator
 import os
+import tempfile
 from typing import Any, Dict, Literal, Optional, SupportsFloat, SupportsIndex, Tuple, Union, overload
 
 import numpy as np
@@ -118,8 +120,8 @@ def _require_image(image: object, least_side: int) -> np.ndarray:
 
 def _require_int(name: str, value: object, least: int, most: int) -> int:
     try:
-        number = value.__index__()  # type: ignore[attr-defined]
-    except AttributeError:
+        number = operator.index(value)  # type: ignore[arg-type]
+    except TypeError:
         raise TypeError(f"{name}: expected an int, given {_describe(value)}") from None
     if not least <= number <= most:
         raise ValueError(f"{name}: expected {least} to {most}, given {number}")
@@ -128,12 +130,24 @@ def _require_int(name: str, value: object, least: int, most: int) -> int:
 
 def _require_float(name: str, value: object) -> float:
     try:
+        if isinstance(value, (str, bytes, bytearray)):  # float() would read them
+            raise TypeError
         number = float(value)  # type: ignore[arg-type]
     except (TypeError, ValueError):
         raise TypeError(f"{name}: expected a number of pixels, given {_describe(value)}") from None
+    except OverflowError:
+        raise ValueError(
+            f"{name}: expected a finite number of pixels, given one too large for a float"
+        ) from None
     if not abs(number) <= np.finfo(np.float32).max:
         raise ValueError(f"{name}: expected a finite number of pixels, given {number}")
     return number
+
+
+def _require_bool(name: str, value: object) -> bool:
+    if not isinstance(value, (bool, np.bool_)):
+        raise TypeError(f"{name}: expected True or False, given {_describe(value)}")
+    return bool(value)
 
 
 def _require_points(points: object) -> np.ndarray:
@@ -149,12 +163,32 @@ def _require_points(points: object) -> np.ndarray:
         )
     copy = np.empty(points.shape, POINT_DTYPE)
     for name in names:
-        copy[name] = points[name]
+        copy[name] = _require_field(name, points[name], POINT_DTYPE[name])
     return copy
 
 
+def _require_field(name: str, values: np.ndarray, dtype: np.dtype) -> np.ndarray:
+    """The values, which the type holds: none that is cut, beyond its range or not a number."""
+    is_whole = dtype.kind == "i"
+    if values.ndim != 1 or values.dtype.kind not in ("iu" if is_whole else "iuf"):
+        raise TypeError(
+            f'points["{name}"]: expected {"integers" if is_whole else "numbers"}, '
+            f"given {_describe(values)}"
+        )
+    limits = np.iinfo(dtype) if is_whole else np.finfo(dtype)
+    wrong = values[~((values >= limits.min) & (values <= limits.max))]
+    if len(wrong) > 0:
+        expected = f"{limits.min} to {limits.max}" if is_whole else "finite numbers of pixels"
+        raise ValueError(f'points["{name}"]: expected {expected}, given {wrong[0]}')
+    return values
+
+
 def _require_folder(folder: "Union[str, os.PathLike[str], None]") -> bytes:
-    """The folder's name, made where it is missing and without earlier diagnostics; b"" for None."""
+    """The folder's name, made where it is missing and without earlier diagnostics; b"" for None.
+
+    Whether it can be written is tried before the detection, since what lies in it afterwards may
+    have been taken away by then.
+    """
     if folder is None:
         return b""
     try:
@@ -171,6 +205,12 @@ def _require_folder(folder: "Union[str, os.PathLike[str], None]") -> bytes:
             os.remove(os.path.join(name, os.fsencode(diagnostic)))
         except FileNotFoundError:
             pass
+    try:
+        tempfile.TemporaryFile(dir=name).close()
+    except OSError as error:
+        raise OSError(
+            f"diagnostics: expected a folder that can be written, given {os.fspath(folder)!r}"
+        ) from error
     return name
 
 
@@ -194,7 +234,8 @@ def detect(
     row_steps    pixels that a row may run from one mark to the next, 1 to 32768; at least the
                  largest spacing + 10, and above 121.
     diagnostics  a folder for the pictures and lists of every stage, which is made where it is
-                 missing; what an earlier detection left there is replaced. None keeps nothing.
+                 missing; what an earlier detection left there is replaced, so detections at the
+                 same time need one each. None keeps nothing.
     pad          widths and heights that are no multiples of 4 are grown to the next one in the
                  copy, by repeating the last column and row. False refuses them.
 
@@ -204,7 +245,7 @@ def detect(
     """
     pixels = _require_image(image, 4)
     height, width = pixels.shape
-    if not pad and (width % 4 != 0 or height % 4 != 0):
+    if not _require_bool("pad", pad) and (width % 4 != 0 or height % 4 != 0):
         raise ValueError(
             f"image: expected a width and a height that are multiples of 4, given {width} x {height}"
         )
@@ -215,10 +256,6 @@ def detect(
     )
     folder = _require_folder(diagnostics)
     points = _native.detect(pixels, *spans, folder)
-    if folder and not os.path.exists(os.path.join(folder, b"ProImage.bmp")):
-        raise OSError(
-            f"diagnostics: expected a folder that can be written, given {os.fspath(diagnostics)!r}"
-        )
     if points is None:
         raise DetectionError(
             "no grid of marks around the image's centre; the pictures that diagnostics=FOLDER "
@@ -285,12 +322,17 @@ def detect_precise(
     """
     pixels = _require_image(image, _LEAST_PRECISE_SIDE)
     size = _require_board(board)
+    gives_facts = _require_bool("return_facts", return_facts)
     marks, facts, stage, reason = _native.detect_precise(
-        pixels, _require_colour(colour), bool(predict_missing), bool(continuous_lines), size
+        pixels,
+        _require_colour(colour),
+        _require_bool("predict_missing", predict_missing),
+        _require_bool("continuous_lines", continuous_lines),
+        size,
     )
     if len(marks) == 0:
         raise DetectionError(reason, stage)
-    return (marks, facts) if return_facts else marks
+    return (marks, facts) if gives_facts else marks
 
 
 def _require_colour(colour: object) -> int:

@@ -131,6 +131,28 @@ TEST_F(CPointsTest, RearrangesForBothCameras) {
   ASSERT_EQ(quorvex_points_rearrange_right(list.get(), 2), QUORVEX_OK);
 }
 
+TEST_F(CPointsTest, CamerasCountAPartialColumnFromDifferentEnds) {
+  for (const bool isLeft : {true, false}) {
+    ASSERT_EQ(quorvex_points_clear(list.get()), QUORVEX_OK);
+    FillWithGrid(3, 3);
+    ASSERT_EQ(quorvex_points_renumber(list.get(), 3, 3), QUORVEX_OK);
+    ASSERT_EQ(quorvex_points_delete(list.get(), 1), QUORVEX_OK);
+    const auto rearrange = isLeft ? quorvex_points_rearrange_left : quorvex_points_rearrange_right;
+    ASSERT_EQ(rearrange(list.get(), 3), QUORVEX_OK);
+    // The column that lost its uppermost point; it is row 0 now.
+    quorvex_point lower = {};
+    quorvex_point upper = {};
+    ASSERT_EQ(quorvex_points_query(list.get(), isLeft ? 1 : 2, &lower), QUORVEX_OK) << isLeft;
+    ASSERT_EQ(quorvex_points_query(list.get(), isLeft ? 2 : 3, &upper), QUORVEX_OK) << isLeft;
+    EXPECT_EQ(lower.row, 0);
+    EXPECT_EQ(upper.row, 0);
+    EXPECT_EQ(lower.col, isLeft ? 0 : 1);
+    EXPECT_EQ(upper.col, isLeft ? 1 : 2);
+    EXPECT_GT(lower.y, upper.y);
+    EXPECT_EQ(quorvex_points_query(list.get(), isLeft ? 3 : 1, &upper), QUORVEX_ERROR_NO_POINT);
+  }
+}
+
 TEST_F(CPointsTest, AListWithoutSuchColumnsIsNotEmptiedByRearranging) {
   quorvex_points_add(list.get(), 1.0f, 2.0f);
   EXPECT_EQ(quorvex_points_rearrange_left(list.get(), 3), QUORVEX_ERROR_NO_GRID);

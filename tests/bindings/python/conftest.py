@@ -37,7 +37,7 @@ def detect_by_command(path, *options):
     return list(csv.DictReader(io.StringIO(text)))
 
 
-@pytest.fixture(scope="session")
+@pytest.fixture(scope="module")
 def render(tmp_path_factory):
     """Renders a preset and returns the path of its picture."""
     folder = tmp_path_factory.mktemp("rendered")

@@ -94,6 +94,26 @@ def test_a_folder_that_cannot_be_made_is_an_os_error(easy, tmp_path):
         quorvex.detect(easy, diagnostics=tmp_path / "file" / "folder")
 
 
+def test_a_folder_that_cannot_be_written_is_named_before_the_detection(easy, monkeypatch):
+    monkeypatch.setattr(quorvex._native, "detect", lambda *_: pytest.fail("it has begun"))
+    # Nobody can make a file there, root neither.
+    with pytest.raises(OSError, match="diagnostics: .* can be written, given '/proc/self'"):
+        quorvex.detect(easy, diagnostics="/proc/self")
+
+
+def test_diagnostics_that_are_taken_away_meanwhile_do_no_harm(easy, tmp_path, monkeypatch):
+    detect = quorvex._native.detect
+
+    def detect_and_lose(*arguments):
+        points = detect(*arguments)
+        for path in tmp_path.glob("*.bmp"):
+            path.unlink()
+        return points
+
+    monkeypatch.setattr(quorvex._native, "detect", detect_and_lose)
+    assert len(quorvex.detect(easy, diagnostics=tmp_path)) == 48
+
+
 @pytest.mark.parametrize("image", [None, [[1, 2], [3, 4]], "board.bmp", np.uint8(3)])
 def test_what_is_no_array_is_named(image):
     for function in (quorvex.detect, quorvex.detect_precise):
@@ -142,9 +162,12 @@ def test_numbers_out_of_range_are_named(easy, name, value, message):
 
 @pytest.mark.parametrize("name", ["row_span", "column_span", "row_steps"])
 def test_what_is_no_int_is_named(easy, name):
-    for value in (1.5, "20", None):
+    for value in (1.5, "20", None, int, np.array([1, 2])):
         with pytest.raises(TypeError, match=f"{name}: expected an int, given"):
             quorvex.detect(easy, **{name: value})
+    assert len(quorvex.detect(easy, **{name: np.int16(300)})) == 48
+    with pytest.raises(TypeError, match="pad: expected True or False, given 'no'"):
+        quorvex.detect(easy, pad="no")
     with pytest.raises(TypeError, match="diagnostics: expected None or the name of a folder"):
         quorvex.detect(easy, diagnostics=3)
     with pytest.raises(ValueError, match="diagnostics: expected the name of a folder, given ''"):
@@ -166,22 +189,32 @@ def test_an_error_travels_between_processes():
     assert (error.reason, error.stage) == ("why", "seed")
 
 
+def files_of(folder):
+    return {path.name: path.read_bytes() for path in folder.iterdir()}
+
+
 def test_threads_detect_at_the_same_time(easy, tmp_path):
-    expected = quorvex.detect(easy)
+    # A different picture for each thread, as seen in every file that it keeps.
+    images = [np.roll(easy, 8 * name, axis=(0, 1)) for name in range(4)]
+    expected = [
+        quorvex.detect(image, diagnostics=tmp_path / f"alone {name}")
+        for name, image in enumerate(images)
+    ]
     results = {}
 
     def detect(name):
-        results[name] = quorvex.detect(easy, diagnostics=tmp_path / str(name))
+        results[name] = quorvex.detect(images[name], diagnostics=tmp_path / f"thread {name}")
 
     threads = [threading.Thread(target=detect, args=(name,)) for name in range(4)]
     for thread in threads:
         thread.start()
     for thread in threads:
         thread.join()
-    mask = (tmp_path / "0" / "Mask.bmp").read_bytes()
     for name in range(4):
-        assert np.array_equal(results[name], expected)
-        assert (tmp_path / str(name) / "Mask.bmp").read_bytes() == mask
+        assert np.array_equal(results[name], expected[name])
+        kept = files_of(tmp_path / f"thread {name}")
+        assert kept == files_of(tmp_path / f"alone {name}")
+        assert kept["Mask.bmp"] != files_of(tmp_path / f"alone {(name + 1) % 4}")["Mask.bmp"]
 
 
 def stands_still(function):

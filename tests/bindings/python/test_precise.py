@@ -68,6 +68,14 @@ def test_wrong_arguments_are_named(easy):
         quorvex.detect_precise(easy, board=(9, 0))
 
 
+@pytest.mark.parametrize("name", ["predict_missing", "continuous_lines", "return_facts"])
+def test_switches_are_true_or_false(easy, name):
+    for value in ("no", 1, None):
+        with pytest.raises(TypeError, match=f"{name}: expected True or False, given {value!r}"):
+            quorvex.detect_precise(easy, **{name: value})
+    quorvex.detect_precise(easy, **{name: np.True_})
+
+
 def test_a_picture_without_a_target_says_where_and_why():
     with pytest.raises(quorvex.DetectionError, match="no target was found: hardly any") as caught:
         quorvex.detect_precise(np.full((64, 64), 128, np.uint8))
