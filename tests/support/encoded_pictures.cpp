@@ -105,7 +105,8 @@ void WritePage(TIFF* file, const TiffFields& fields) {
     samples.resize(static_cast<std::size_t>(TIFFTileSize(file)));
     TIFFWriteTile(file, samples.data(), 0, 0, 0, 0);
   } else {
-    TIFFSetField(file, TIFFTAG_ROWSPERSTRIP, 2);
+    // JPEG takes multiples of 8.
+    TIFFSetField(file, TIFFTAG_ROWSPERSTRIP, fields.compression == COMPRESSION_JPEG ? 16 : 2);
     const std::size_t rowBytes = static_cast<std::size_t>(TIFFScanlineSize(file));
     samples.resize(rowBytes * fields.height);
     for (std::uint32_t y = 0; y < fields.height; ++y) {
@@ -127,7 +128,11 @@ Bytes EncodeTiff(const TiffFields& fields, const std::string& path) {
   return ReadBytes(path);
 }
 
+bool WritesTiffOfJpeg() { return TIFFIsCODECConfigured(COMPRESSION_JPEG) == 1; }
+
 #else
+
+bool WritesTiffOfJpeg() { return false; }
 
 Bytes EncodeTiff(const TiffFields&, const std::string&) { return {}; }
 

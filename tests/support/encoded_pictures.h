@@ -28,7 +28,7 @@ struct TiffFields {
   std::uint16_t bits = 8;
   std::uint16_t photometric = 1;   // 0: white is zero, 1: black is zero, 2: RGB, 5: CMYK, 6: YCbCr
   std::uint16_t sampleFormat = 1;  // 1: without a sign, 2: with a sign, 3: floating point
-  std::uint16_t compression = 1;   // 1: none, 5: LZW
+  std::uint16_t compression = 1;   // 1: none, 5: LZW, 7: JPEG
   std::uint16_t orientation = 0;   // 0 for none
   bool isTiled = false;            // in tiles of 16 x 16
   bool hasPlanes = false;
@@ -38,6 +38,8 @@ struct TiffFields {
 };
 // Through a file, which is written over.
 Bytes EncodeTiff(const TiffFields& fields, const std::string& path);
+// Whether the libtiff of these tests has JPEG in it.
+bool WritesTiffOfJpeg();
 
 }  // namespace quorvex::tests
 

@@ -95,7 +95,6 @@ void AddOutputOptions(CLI::App& command, DetectOptions& options) {
   command
       .add_option("--pitch", options.pitch,
                   "from one mark to the next [mm], for the object points of the format opencv")
-      ->check(CLI::PositiveNumber)
       ->option_text("MM");
   AddPathOption(command, "-o,--output", options.output,
                 "file for the points, instead of standard output, which - stands for")

@@ -34,7 +34,10 @@ std::string DescribeProgress(int finished, int imageCount, double seconds) {
     return count;
   }
   const double rate = finished / seconds;
-  return fmt::format("{}, {:.2g} images/s, {} left", count, rate,
+  // Two digits, but never an exponent.
+  const std::string rateText =
+      rate < 10 ? fmt::format("{:.2g}", rate) : fmt::format("{:.0f}", rate);
+  return fmt::format("{}, {} images/s, {} left", count, rateText,
                      DescribeTime((imageCount - finished) / rate));
 }
 

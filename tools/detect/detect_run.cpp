@@ -239,6 +239,9 @@ int RunDetect(const DetectOptions& options) {
     return keeper.ExitCode();
   }
   const OutputReport report = output->Finish();
+  if (!IsStandardOutput(options.output) && !IsBoardTable(FormatOf(options))) {
+    ForgetStoppedRun(options.output);
+  }
   ReportOutput(report, options.isQuiet);
   return report.faults.empty() ? keeper.ExitCode() : std::max(keeper.ExitCode(), kExitNothingFound);
 }

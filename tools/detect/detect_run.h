@@ -18,7 +18,7 @@ struct DetectOptions {
   std::vector<std::filesystem::path> images;
   DetectParameters parameters;
   std::optional<OutputFormat> format;  // absent: by the output's name, else CSV
-  double pitch = 0;                    // millimetres between marks, of the format kOpencv
+  std::optional<double> pitch;         // millimetres between marks, of the format kOpencv
   std::filesystem::path output;        // empty or "-" for standard output
   std::filesystem::path overlay;       // file, folder or pattern (overlay_files.h); empty for none
   std::filesystem::path diagnostics;   // empty for none

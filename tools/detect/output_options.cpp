@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <cmath>
 #include <cstddef>
 #include <set>
 #include <vector>
@@ -55,11 +56,14 @@ void CheckOutputOptions(const DetectOptions& options) {
     }
     RequireDifferentImages(options, "--resume");
   }
-  if (format == OutputFormat::kOpencv && options.pitch <= 0) {
+  if (options.pitch && (!std::isfinite(*options.pitch) || *options.pitch <= 0)) {
+    throw InputError("--pitch needs a finite number of millimetres above 0");
+  }
+  if (format == OutputFormat::kOpencv && !options.pitch) {
     throw InputError(
         "the format opencv needs --pitch with the distance from one mark to the next, in mm");
   }
-  if (options.pitch > 0 && !IsBoardTable(format)) {
+  if (options.pitch && !IsBoardTable(format)) {
     throw InputError("--pitch is for the formats opencv and vnl");
   }
   if (format == OutputFormat::kVnl) {
@@ -80,7 +84,7 @@ OutputSettings OutputSettingsOf(const DetectOptions& options) {
   settings.format = FormatOf(options);
   settings.columns = ColumnsOf(options, options.images.size() > 1);
   settings.board = BoardOf(options);
-  settings.pitch = options.pitch;
+  settings.pitch = options.pitch.value_or(0);
   return settings;
 }
 

@@ -28,6 +28,7 @@ constexpr std::uint64_t kMostPixelsPerByte = 8192;
 struct TiffSource {
   const std::vector<std::uint8_t>& bytes;
   std::uint64_t next = 0;
+  bool failsOnWarnings = false;
   std::string reason = {};
 };
 
@@ -66,12 +67,20 @@ void KeepReason(thandle_t handle, const char* /*module*/, const char* format, va
   source->reason = text;
 }
 
+// libtiff only warns of damage in JPEG data, and makes the pixels up.
+void KeepWarning(thandle_t handle, const char* module, const char* format, va_list arguments) {
+  const TiffSource* source = static_cast<TiffSource*>(handle);
+  if (source != nullptr && source->failsOnWarnings) {
+    KeepReason(handle, module, format, arguments);
+  }
+}
+
 // The handlers are the process's: set once, they tell files apart by their handle.
 void SilenceLibrary() {
   static std::once_flag isDone;
   std::call_once(isDone, [] {
     TIFFSetWarningHandler(nullptr);
-    TIFFSetWarningHandlerExt(nullptr);
+    TIFFSetWarningHandlerExt(KeepWarning);
     TIFFSetErrorHandler(nullptr);
     TIFFSetErrorHandlerExt(KeepReason);
   });
@@ -177,6 +186,9 @@ TiffLayout ReadLayout(TIFF* tiff, std::uint64_t fileBytes, const std::string& na
                                       layout.height, fileBytes));
   }
   CheckSamples(tiff, layout, name);
+  if (Field<std::uint16_t>(tiff, TIFFTAG_COMPRESSION, COMPRESSION_NONE) == COMPRESSION_OJPEG) {
+    ThrowCannotRead(name, "its compression is the old kind of JPEG; save it in another one");
+  }
   if (TIFFIsTiled(tiff) != 0) {
     ThrowCannotRead(name, "it is cut into tiles; save it in strips, as most programs do");
   }
@@ -229,6 +241,8 @@ Picture DecodeTiff(const std::vector<std::uint8_t>& bytes, const std::string& na
   ChoosePicture(file.get(), name, source);
   const TiffLayout layout = ReadLayout(file.get(), bytes.size(), name);
   const bool isColor = layout.meaning == PHOTOMETRIC_RGB;
+  source.failsOnWarnings =
+      Field<std::uint16_t>(file.get(), TIFFTAG_COMPRESSION, COMPRESSION_NONE) == COMPRESSION_JPEG;
   std::vector<std::uint8_t> samples = ReadSamples(file.get(), layout, isColor ? 3 : 1,
                                                   GreyScale(kLargestSample, levels), name, source);
   if (!source.reason.empty()) {

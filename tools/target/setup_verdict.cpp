@@ -31,7 +31,10 @@ constexpr double kPreciseArmPart = 0.12;    // of the pitch
 constexpr int kPreciseLines = 2;            // rows, and columns
 constexpr int kPreciseMarks = 6;
 
-std::string Millimetres(double length) { return fmt::format("{:.3g} mm", length); }
+// Three digits, or all in front of the point, so that no length has an exponent.
+std::string Millimetres(double length) {
+  return length < 100 ? fmt::format("{:.3g} mm", length) : fmt::format("{:.0f} mm", length);
+}
 
 void Require(bool isMet, std::string problem, Problems& problems) {
   if (!isMet) {

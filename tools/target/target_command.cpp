@@ -40,6 +40,7 @@ exit code is 0 when either detection will find the marks, 1 when none will.)";
 constexpr const char* kCameraGroup = "Camera";
 constexpr double kUsualRotation = 20;     // degrees
 constexpr double kUsualShiftPart = 0.25;  // of the pitch
+constexpr double kThinnestStroke = 0.05;  // millimetres; a dot of a printer with 508 dpi
 
 struct TargetRequest {
   TargetMarks marks;
@@ -73,6 +74,10 @@ int Draw(const TargetRequest& request) {
   }
   const DrawingFormat format = FormatOf(request.output);
   const TargetLayout layout = LayOutTarget(request.marks, ParsePaper(request.paper));
+  if (request.marks.strokeWidth < kThinnestStroke) {
+    throw InputError(fmt::format("strokes of {:g} mm are too thin to print; take {:g} mm or more",
+                                 request.marks.strokeWidth, kThinnestStroke));
+  }
   WriteFileWhole(request.output, DrawTarget(layout, format));
   if (!request.isQuiet) {
     fmt::print(stderr,
@@ -139,6 +144,14 @@ void RequireNoCamera(const CLI::App& command) {
   for (const CLI::Option* option : command.get_options()) {
     if (option->get_group() == kCameraGroup && option->count() > 0) {
       throw InputError(fmt::format("{} is for --check", option->get_name()));
+    }
+  }
+}
+
+void RequireCoefficientsOfTheModel(const CLI::App& command, CameraModel model) {
+  for (const char* name : {"--k1", "--k2", "--k3", "--k4"}) {
+    if (model != CameraModel::kKannalaBrandt && command.get_option(name)->count() > 0) {
+      throw InputError(fmt::format("{} is for --model kannala-brandt", name));
     }
   }
 }
@@ -211,6 +224,7 @@ void AddTargetCommand(CLI::App& app, Action& action) {
   command.callback([request, &command, &action] {
     action = [request, &command] {
       if (request->checks) {
+        RequireCoefficientsOfTheModel(command, request->camera.model);
         return Check(*request);
       }
       RequireNoCamera(command);

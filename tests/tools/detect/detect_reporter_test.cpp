@@ -113,6 +113,9 @@ TEST(DescribeProgress, TellsRateAndTime) {
   EXPECT_EQ(DescribeProgress(3, 9, 0), "3 of 9 images");
   EXPECT_EQ(DescribeProgress(50, 300, 10), "50 of 300 images, 5 images/s, 0:50 left");
   EXPECT_EQ(DescribeProgress(1, 1000, 4), "1 of 1000 images, 0.25 images/s, 1:06:36 left");
+  EXPECT_EQ(DescribeProgress(1200, 2400, 10), "1200 of 2400 images, 120 images/s, 0:10 left");
+  EXPECT_EQ(DescribeProgress(99, 198, 10), "99 of 198 images, 9.9 images/s, 0:10 left");
+  EXPECT_EQ(DescribeProgress(999, 1998, 100), "999 of 1998 images, 10 images/s, 1:40 left");
 }
 
 }  // namespace

@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
+
 #include "tools/errors.h"
 
 namespace quorvex::tests {
@@ -34,7 +37,7 @@ TEST(OutputOptions, RefuseWhatDoesNotGoTogether) {
   CheckOutputOptions(options);
   options.output = "a.csv";
   EXPECT_THROW(CheckOutputOptions(options), InputError);
-  options.pitch = 0;
+  options.pitch.reset();
   options.resumes = true;
   CheckOutputOptions(options);
   options.images.emplace_back("a.png");
@@ -44,6 +47,20 @@ TEST(OutputOptions, RefuseWhatDoesNotGoTogether) {
   EXPECT_THROW(CheckOutputOptions(options), InputError);
   options.output = "a.json";
   EXPECT_THROW(CheckOutputOptions(options), InputError);
+}
+
+TEST(OutputOptions, ThePitchIsALength) {
+  DetectOptions options = Options("a.yml");
+  constexpr double kInfinite = std::numeric_limits<double>::infinity();
+  for (const double pitch : {0.0, -1.0, std::nan(""), kInfinite, -kInfinite}) {
+    options.pitch = pitch;
+    try {
+      CheckOutputOptions(options);
+      ADD_FAILURE() << pitch;
+    } catch (const InputError& error) {
+      EXPECT_STREQ(error.what(), "--pitch needs a finite number of millimetres above 0");
+    }
+  }
 }
 
 TEST(OutputOptions, TheBoardIsWhatTheOptionsSay) {

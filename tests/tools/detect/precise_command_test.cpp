@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 
 #include "tests/support/command_test.h"
@@ -68,6 +69,31 @@ TEST_F(PreciseCommand, RefusesOptionsOfTheOtherDetection) {
   EXPECT_EQ(Run("detect --precise target.bmp --row-span 3"), 2);
   EXPECT_EQ(Run("detect --precise target.bmp --diagnostics stages"), 2);
   EXPECT_EQ(Run("detect --precise target.bmp --no-check"), 2);
+}
+
+// A note that a stopped run left would cut down the table of the run that followed.
+TEST_F(PreciseCommand, AWholeRunForgetsTheStoppedOne) {
+  for (const char* name : {"p1.bmp", "p2.bmp", "p3.bmp", "p4.bmp"}) {
+    std::filesystem::copy_file(folder.Path("target.bmp"), folder.Path(name));
+  }
+  ASSERT_EQ(Run("detect --precise -q --resume -o st.csv p1.bmp"), 0) << errors;
+  const std::string note =
+      "--precise\n0\n" + std::to_string(ReadWhole(folder.Path("st.csv")).size()) + "\n";
+  folder.File("st.csv.resume", note);
+  EXPECT_EQ(Run("detect --precise -q -o st.csv dark.bmp"), 1);  // nothing is written
+  EXPECT_TRUE(folder.Has("st.csv.resume"));
+
+  ASSERT_EQ(Run("detect --precise -q -o st.csv p1.bmp p2.bmp p3.bmp"), 0) << errors;
+  EXPECT_FALSE(folder.Has("st.csv.resume"));
+  const std::string three = ReadWhole(folder.Path("st.csv"));
+  folder.File("st.csv.resume", note);
+  EXPECT_EQ(Run("detect --precise -q --resume -o st.csv p4.bmp"), 2);
+  EXPECT_THAT(errors, HasSubstr("--resume cannot go on with st.csv: st.csv.resume says that "));
+  EXPECT_EQ(ReadWhole(folder.Path("st.csv")), three);
+
+  std::filesystem::remove(folder.Path("st.csv.resume"));
+  ASSERT_EQ(Run("detect --precise -q --resume -o st.csv p4.bmp"), 0) << errors;
+  EXPECT_THAT(ReadWhole(folder.Path("st.csv")), StartsWith(three + "p4.bmp,"));
 }
 
 TEST_F(PreciseCommand, ExpectsAGrid) {

@@ -77,6 +77,53 @@ TEST(ResumedTable, BeginsAnewWhereNotEvenTheHeaderIsThere) {
   EXPECT_EQ(ReadWhole(folder.Path("a.csv")), kHeader);
 }
 
+// A table and its note that were left as they are; neither may be touched.
+void ExpectRefusedUntouched(const std::string& table, std::size_t length) {
+  const TemporaryFolder folder;
+  const std::string note = "options\n0\n" + std::to_string(length) + "\n";
+  folder.File("a.csv", table);
+  folder.File("a.csv.resume", note);
+  EXPECT_THAT(Refusal(folder, "options"),
+              HasSubstr("a.csv.resume says that " + std::to_string(length) + " of its " +
+                        std::to_string(table.size()) + " bytes are whole, but the rest is not"));
+  EXPECT_EQ(ReadWhole(folder.Path("a.csv")), table);
+  EXPECT_EQ(ReadWhole(folder.Path("a.csv.resume")), note);
+}
+
+TEST(ResumedTable, CutsOffNoMoreThanOneImage) {
+  const std::string held = kHeader + "one.png" + kRow;
+  ExpectRefusedUntouched(held + "two.png" + kRow + "three.png" + kRow, held.size());
+  ExpectRefusedUntouched(held + "two.png" + kRow + "three", held.size());
+  ExpectRefusedUntouched(held + "two.png" + kRow + "tw,", held.size());
+  ExpectRefusedUntouched(held + "\"a,\"" + kRow + "\"a,b", held.size());
+  ExpectRefusedUntouched(held + "one.png" + kRow, held.size());
+}
+
+TEST(ResumedTable, CutsOffNothingButItsOwnBeginning) {
+  ExpectRefusedUntouched("notes of a person", 0);
+  ExpectRefusedUntouched("id,row,col,x,y\n1,0,0,1.5,2.5\n", 0);
+  ExpectRefusedUntouched(kHeader + "one.png" + kRow + "two.png" + kRow, 0);
+  const TemporaryFolder folder;
+  folder.File("a.csv", kHeader + "one.png" + kRow + "one.p");
+  folder.File("a.csv.resume", "options\n0\n");
+  const ResumedTable table(folder.Path("a.csv"), kColumns, "options");
+  EXPECT_FALSE(table.Holds("one.png"));
+  EXPECT_EQ(ReadWhole(folder.Path("a.csv")), kHeader);
+}
+
+TEST(ResumedTable, ForgetsNotesOnly) {
+  const TemporaryFolder folder;
+  ForgetStoppedRun(folder.Path("a.csv"));
+  for (const char* other : {"", "a sentence\n", "a sentence\nand another\n", "options\n\n12\n"}) {
+    folder.File("a.csv.resume", other);
+    ForgetStoppedRun(folder.Path("a.csv"));
+    EXPECT_TRUE(folder.Has("a.csv.resume")) << other;
+  }
+  folder.File("a.csv.resume", "--precise\n0\n26\n5");
+  ForgetStoppedRun(folder.Path("a.csv"));
+  EXPECT_EQ(folder.FileCount(), 0u);
+}
+
 TEST(ResumedTable, RefusesOtherOptionsOtherTablesAndDamage) {
   const TemporaryFolder folder;
   const std::string whole = kHeader + "one.png" + kRow;
@@ -85,7 +132,10 @@ TEST(ResumedTable, RefusesOtherOptionsOtherTablesAndDamage) {
   EXPECT_THAT(Refusal(folder, "others"),
               HasSubstr("begun with other options, \"options\" and not \"others\""));
   folder.File("a.csv", kHeader);
-  EXPECT_THAT(Refusal(folder, "options"), HasSubstr("has 26 bytes where 53 were written"));
+  EXPECT_THAT(
+      Refusal(folder, "options"),
+      HasSubstr(
+          "has 26 bytes where 53 were written; put it back as it was, or remove both it and "));
   std::filesystem::remove(folder.Path("a.csv.resume"));
   folder.File("a.csv", "id,row\n");
   EXPECT_THAT(Refusal(folder, "options"), HasSubstr("its first line is not \"image,id,row"));

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <string>
 
@@ -158,6 +159,36 @@ TEST_F(ReadTiff, BearsDamageAtEveryByte) {
   }
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
   EXPECT_GT(refused, 20);
+}
+
+// libtiff warns of damage in JPEG data and makes up the pixels behind it.
+TEST_F(ReadTiff, RefusesDamagedJpegData) {
+  if (!WritesTiffOfJpeg()) GTEST_SKIP() << "libtiff was built without JPEG";
+  TiffFields fields = Grey(64, 64);
+  fields.compression = 7;
+  const Bytes whole = Encode(fields);
+  const Picture picture = DecodeTiff(whole, "a.tif", std::nullopt);
+  for (std::size_t i = 0; i < fields.samples.size(); ++i) {
+    ASSERT_NEAR(picture.pixels[i], fields.samples[i], 60) << i;
+  }
+  const Bytes startOfScan = {0xff, 0xda};
+  const auto scan = std::search(whole.begin(), whole.end(), startOfScan.begin(), startOfScan.end());
+  ASSERT_GT(whole.end() - scan, 200);
+  for (const int at : {60, 100}) {
+    Bytes damaged = whole;
+    std::fill_n(damaged.begin() + (scan - whole.begin()) + at, 40, std::uint8_t{0x55});
+    EXPECT_THAT(Refusal(damaged), HasSubstr("cannot read a.tif: Corrupt JPEG data")) << at;
+  }
+}
+
+// libtiff does not write it: the directory's field, in this machine's order, is changed.
+TEST_F(ReadTiff, RefusesTheOldKindOfJpeg) {
+  Bytes bytes = Encode(Grey(8, 8));
+  const Bytes field = {3, 1, 3, 0, 1, 0, 0, 0, 1, 0};
+  const auto at = std::search(bytes.begin(), bytes.end(), field.begin(), field.end());
+  ASSERT_NE(at, bytes.end());
+  *(at + 8) = 6;
+  EXPECT_THAT(Refusal(bytes), HasSubstr("the old kind of JPEG; save it in another one"));
 }
 
 TEST_F(ReadTiff, RefusesASizeThatTheFileCannotHold) {

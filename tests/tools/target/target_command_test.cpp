@@ -13,6 +13,7 @@ namespace quorvex::tests {
 
 using namespace tools;
 using testing::HasSubstr;
+using testing::Not;
 
 namespace {
 
@@ -64,6 +65,11 @@ TEST_F(TargetCommand, WhatIsMissingIsNamed) {
        "--check draws nothing; leave --output out"},
       {marks + "--check --sensor 2048x2048 --focal 1000 --distance 200 --model round",
        "--model: round is not one of equidistant, kannala-brandt, pinhole"},
+      {marks + kCamera + "--distance 216 --k1 0.5", "--k1 is for --model kannala-brandt"},
+      {marks + kCamera + "--distance 216 --model pinhole --k4 0.1",
+       "--k4 is for --model kannala-brandt"},
+      {"--rows 9 --columns 9 --pitch 40 --arm 17 --stroke 0.049 --paper A2 --output a.pdf",
+       "strokes of 0.049 mm are too thin to print; take 0.05 mm or more"},
       {"--rows 9 --columns 9 --pitch 40 --arm 17", "--stroke is required"},
   };
   for (const auto& each : cases) {
@@ -106,6 +112,20 @@ TEST_F(TargetCommand, SaysWhatToChange) {
   EXPECT_THAT(Output(), HasSubstr("\nquorvex detect --precise: will find the 81 marks\n"));
   EXPECT_EQ(Run(std::string(kMarks) + kCamera + "--distance 9000"), kExitNothingFound);
   EXPECT_THAT(Output(), HasSubstr("\nquorvex detect --precise: is not sure to find the marks\n"));
+}
+
+TEST_F(TargetCommand, CoefficientsBelongToTheirModel) {
+  const std::string setup = std::string(kMarks) + kCamera + "--distance 216 ";
+  EXPECT_EQ(Run(setup + "--model kannala-brandt"), kExitSuccess) << Errors();
+  const std::string without = Output();
+  EXPECT_EQ(Run(setup + "--model kannala-brandt --k1 0.05"), kExitSuccess) << Errors();
+  EXPECT_NE(Output(), without);
+}
+
+TEST_F(TargetCommand, LongLengthsAreWrittenOut) {
+  EXPECT_EQ(Run(std::string(kMarks) + kCamera + "--distance 50000"), kExitNothingFound);
+  EXPECT_THAT(Output(), HasSubstr("take a pitch of 5787 mm or more"));
+  EXPECT_THAT(Output(), Not(HasSubstr("e+")));
 }
 
 TEST_F(TargetCommand, ThePaperIsTheBoard) {
