@@ -29,7 +29,7 @@ double SecondsOfSteadyClock() {
 }
 
 std::string DescribeProgress(int finished, int imageCount, double seconds) {
-  const std::string count = fmt::format("{} of {} images", finished, imageCount);
+  std::string count = fmt::format("{} of {} images", finished, imageCount);
   if (finished == 0 || seconds <= 0) {
     return count;
   }

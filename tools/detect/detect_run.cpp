@@ -177,6 +177,7 @@ ReporterSettings ReporterSettingsOf(const DetectOptions& options, std::size_t co
 void DetectAll(const DetectOptions& options, const std::vector<ImageTask>& tasks,
                ResultKeeper& keeper) {
   std::vector<DetectionJob> jobs;
+  jobs.reserve(tasks.size());
   for (const ImageTask& task : tasks) {
     jobs.push_back(task.job);
   }
