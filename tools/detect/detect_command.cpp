@@ -111,6 +111,11 @@ void AddOutputOptions(CLI::App& command, DetectOptions& options) {
     diagnosticsHelp += ", and one after the other, since all write their lists to drive D:";
   }
   AddPathOption(command, "--diagnostics", options.diagnostics, diagnosticsHelp)->option_text("DIR");
+  AddPathOption(
+      command, "--report", options.report,
+      "show the run in DIR/index.html, one file for a browser: a table of the images, and "
+      "each with its points, residuals, stages and what went wrong")
+      ->option_text("DIR");
   command.add_flag("-q,--quiet", options.isQuiet, "say nothing on standard error but failures");
   command.add_flag("--progress", options.showsProgress,
                    "say how far the run is and how long it will take, even where standard error is "
@@ -173,6 +178,7 @@ void AddWorkerCommand(CLI::App& app, Action& action) {
   AddPathOption(*command, "image", options->image, "")->required();
   AddPathOption(*command, "directory", options->directory, "")->required();
   AddParameters(*command, options->parameters);
+  command->add_flag("--keep-stages", options->parameters.keepsStages, "");
   command->callback([options, &action] { action = [options] { return RunWorker(*options); }; });
 }
 
@@ -204,6 +210,7 @@ void AddDetectCommand(CLI::App& app, Action& action) {
       "Examples:\n"
       "  quorvex detect target.bmp --output points.csv --overlay points.png\n"
       "  quorvex detect left.bmp right.bmp --format json -j 2 --overlay seen/\n"
+      "  quorvex detect *.png -o points.csv --report seen\n"
       "  quorvex detect photo.jpg --row-steps 400 --diagnostics stages\n"
       "  quorvex detect deep.tif --levels 0,4095 --precise -o points.csv\n"
       "  quorvex detect left.bmp right.bmp --precise --expect 9x9 -o points.json\n"

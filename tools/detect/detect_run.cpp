@@ -5,22 +5,23 @@
 #include <algorithm>
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
-#include <system_error>
 #include <utility>
 
 #include "tools/detect/detect_images.h"
+#include "tools/detect/detect_outputs.h"
+#include "tools/detect/detect_report.h"
 #include "tools/detect/detect_reporter.h"
-#include "tools/detect/diagnostics_folder.h"
 #include "tools/detect/output_options.h"
 #include "tools/detect/overlay.h"
-#include "tools/detect/overlay_files.h"
 #include "tools/detect/points_output.h"
 #include "tools/detect/precise_images.h"
 #include "tools/detect/resumed_table.h"
 #include "tools/errors.h"
 #include "tools/lists/option_text.h"
 #include "tools/pictures/picture_file.h"
+#include "tools/report/report_page.h"
 #include "tools/system/file_name.h"
 #include "tools/system/output_file.h"
 #include "tools/system/worker_process.h"
@@ -29,48 +30,6 @@ namespace quorvex::tools {
 namespace {
 
 namespace fs = std::filesystem;
-
-void RequireNotAnImage(const fs::path& path, const std::vector<fs::path>& images) {
-  for (const fs::path& image : images) {
-    std::error_code ignored;
-    if (fs::equivalent(path, image, ignored)) {
-      throw InputError(
-          fmt::format("{} is one of the images and would be overwritten", Utf8Name(path)));
-    }
-  }
-}
-
-// The files and folders of each image; empty where nothing is to be kept.
-struct ImageOutputs {
-  std::vector<fs::path> overlays;
-  std::vector<fs::path> diagnosticsFolders;
-};
-
-// Makes folders, and refuses all that can be refused before the first detection.
-ImageOutputs PrepareOutputs(const DetectOptions& options) {
-  ImageOutputs outputs;
-  if (!options.overlay.empty()) {
-    outputs.overlays = OverlayFiles(options.overlay, options.images);
-    for (const fs::path& overlay : outputs.overlays) {
-      if (overlay == options.output) {
-        throw InputError("--overlay and --output name the same file");
-      }
-      RequireNotAnImage(overlay, options.images);
-    }
-    PrepareOverlayFiles(options.overlay, outputs.overlays);
-  }
-  if (!IsStandardOutput(options.output)) {
-    RequireNotAnImage(options.output, options.images);
-    RequireWritable(options.output);
-  }
-  if (!options.diagnostics.empty()) {
-    outputs.diagnosticsFolders = DiagnosticsFolders(options.diagnostics, options.images);
-    for (const fs::path& folder : outputs.diagnosticsFolders) {
-      PrepareDiagnosticsFolder(folder);
-    }
-  }
-  return outputs;
-}
 
 // Warns where the rows and columns found are not those that were expected.
 void RequireGrid(const std::optional<GridSize>& expected, DetectionResult& result) {
@@ -126,9 +85,10 @@ std::string ReasonWithoutName(const DetectionResult& result) {
 // Takes one result after the other, in the order of the tasks.
 class ResultKeeper {
  public:
+  // `report` may be null.
   ResultKeeper(const DetectOptions& options, const std::vector<ImageTask>& tasks,
-               PointsOutput& output)
-      : options_(options), tasks_(tasks), output_(output) {}
+               PointsOutput& output, ReportPage* report)
+      : options_(options), tasks_(tasks), output_(output), report_(report) {}
 
   void Keep(DetectionResult& result) {
     const ImageTask& task = tasks_[next_++];
@@ -146,15 +106,28 @@ class ResultKeeper {
       result.found.error = ReasonWithoutName(result);
     }
     output_.Add(result.found);
+    if (report_ != nullptr) {
+      report_->Add(
+          ReportedPictureOf(result, options_.isPrecise, ReadWherePossible(task.job.image)));
+    }
   }
 
   int ExitCode() const { return exitCode_; }
   bool HasSuccess() const { return hasSuccess_; }
 
  private:
+  std::optional<Picture> ReadWherePossible(const fs::path& image) const {
+    try {
+      return ReadPictureFile(image, options_.parameters.levels);
+    } catch (const InputError&) {
+      return std::nullopt;  // its failure was told
+    }
+  }
+
   const DetectOptions& options_;
   const std::vector<ImageTask>& tasks_;
   PointsOutput& output_;
+  ReportPage* report_;
   std::size_t next_ = 0;
   int exitCode_ = kExitSuccess;
   bool hasSuccess_ = false;
@@ -193,7 +166,9 @@ void DetectAll(const DetectOptions& options, const std::vector<ImageTask>& tasks
     DetectImagesPrecisely(jobs, options.preciseOptions, options.parameters.levels, options.parallel,
                           observer);
   } else {
-    DetectImages(jobs, options.parameters, options.parallel, observer);
+    DetectParameters parameters = options.parameters;
+    parameters.keepsStages = !options.report.empty();
+    DetectImages(jobs, parameters, options.parallel, observer);
   }
 }
 
@@ -218,7 +193,7 @@ int RunResumed(const DetectOptions& options, const ImageOutputs& outputs) {
                options.images.size(), Utf8Name(options.output));
   }
   const int exitCode = table.HoldsFailure() ? kExitNothingFound : kExitSuccess;
-  ResultKeeper keeper(options, tasks, table);
+  ResultKeeper keeper(options, tasks, table, nullptr);
   DetectAll(options, tasks, keeper);
   table.Finish();
   return std::max(exitCode, keeper.ExitCode());
@@ -234,8 +209,15 @@ int RunDetect(const DetectOptions& options) {
   }
   const std::unique_ptr<PointsOutput> output = MakePointsOutput(OutputSettingsOf(options));
   const std::vector<ImageTask> tasks = TasksOf(options, outputs, nullptr);
-  ResultKeeper keeper(options, tasks, *output);
+  std::optional<ReportPage> page;
+  if (!outputs.report.empty()) {
+    page.emplace(outputs.report, ReportedRunOf(options), tasks.size());
+  }
+  ResultKeeper keeper(options, tasks, *output, page ? &*page : nullptr);
   DetectAll(options, tasks, keeper);
+  if (page) {
+    page->Commit();
+  }
   if (!keeper.HasSuccess()) {
     return keeper.ExitCode();
   }

@@ -22,6 +22,7 @@ struct DetectOptions {
   std::filesystem::path output;        // empty or "-" for standard output
   std::filesystem::path overlay;       // file, folder or pattern (overlay_files.h); empty for none
   std::filesystem::path diagnostics;   // empty for none
+  std::filesystem::path report;        // the folder of its page; empty for none
   bool isPrecise = false;              // the direct detection instead of the host's
   precise::Options preciseOptions;
   bool isStrict = false;             // a point that is not as it should be is a failure

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <new>
 #include <stdexcept>
+#include <utility>
 
 #include "interface/quorvex.h"
 #include "tools/detect/detection_check.h"
@@ -15,6 +16,7 @@
 #include "tools/detect/padding.h"
 #include "tools/detect/point_judge.h"
 #include "tools/detect/precise_detection.h"
+#include "tools/detect/stage_pictures.h"
 #include "tools/lists/option_text.h"
 #include "tools/lists/point_list.h"
 #include "tools/pictures/picture_file.h"
@@ -77,12 +79,17 @@ bool DetectPoints(const Picture& picture, const DetectParameters& parameters, Po
                                          parameters.rowSteps, points);
 }
 
-// Nothing where the direct detection finds no target: it cannot tell then.
-std::string WarningOf(const Picture& picture, const PointList& points) {
-  const precise::Result direct = precise::Detect(ViewOf(picture));
-  return direct.marks.empty()
-             ? ""
-             : DescribeCheck(CheckPoints(ToListedPoints(points), direct.marks, direct.facts.pitch));
+// Says nothing where the direct detection finds no target: it cannot tell then.
+void Check(const Picture& picture, const PointList& points, DetectionResult& result) {
+  precise::Result direct = precise::Detect(ViewOf(picture));
+  if (direct.marks.empty()) {
+    return;
+  }
+  const DetectionCheck check =
+      CheckPoints(ToListedPoints(points), direct.marks, direct.facts.pitch);
+  result.warning = DescribeCheck(check);
+  result.disagreements = check.disagreements;
+  result.direct = {std::move(direct.marks), direct.facts};
 }
 
 DetectionResult Detect(const std::filesystem::path& imagePath,
@@ -122,7 +129,7 @@ DetectionResult Detect(const std::filesystem::path& imagePath,
     return result;
   }
   if (parameters.check) {
-    result.warning = WarningOf(original, list);
+    Check(original, list, result);
   }
   try {
     NumberAsWanted(parameters, list);
@@ -161,6 +168,9 @@ std::vector<std::string> WorkerArguments(const std::filesystem::path& imagePath,
   if (!parameters.check) {
     arguments.push_back("--no-check");
   }
+  if (parameters.keepsStages) {
+    arguments.push_back("--keep-stages");
+  }
   if (parameters.renumber) {
     arguments.insert(arguments.end(), {"--renumber", GridSizeText(*parameters.renumber)});
   }
@@ -178,7 +188,10 @@ DetectionResult DetectInDirectory(const std::filesystem::path& imagePath,
                                   const DetectParameters& parameters) {
   DetectionResult result;
   try {
-    return Detect(imagePath, directory, parameters);
+    result = Detect(imagePath, directory, parameters);
+    if (parameters.keepsStages) {
+      result.stagePictures = ReadStagePictures(".");
+    }
   } catch (const InputError& error) {
     result.exitCode = kExitBadInput;
     result.message = error.what();

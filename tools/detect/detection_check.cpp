@@ -15,11 +15,44 @@ constexpr double kOffAbove = 1;  // pixels
 
 using Step = std::pair<int, int>;  // rows, columns
 
-// Nothing when no point is near.
-const ListedPoint* NearestPoint(const std::vector<ListedPoint>& points, const precise::Mark& mark,
-                                double reach) {
+struct Pair {
+  const precise::Mark* mark = nullptr;
+  const ListedPoint* point = nullptr;  // null where the mark has none
+};
+
+Step StepBetween(const precise::Mark& mark, const ListedPoint& point) {
+  return {point.row - mark.row, point.col - mark.column};
+}
+
+// Of several that are as common the first.
+Step MostCommonStep(const std::vector<Pair>& pairs) {
+  std::map<Step, int> counts;
+  for (const Pair& pair : pairs) {
+    if (pair.point != nullptr) {
+      ++counts[StepBetween(*pair.mark, *pair.point)];
+    }
+  }
+  Step common{0, 0};
+  int most = 0;
+  for (const auto& [step, count] : counts) {
+    if (count > most) {
+      most = count;
+      common = step;
+    }
+  }
+  return common;
+}
+
+std::string Counted(int count, const char* one, const char* many) {
+  return fmt::format("{} {}", count, count == 1 ? one : many);
+}
+
+}  // namespace
+
+const ListedPoint* PointAt(const std::vector<ListedPoint>& points, const precise::Mark& mark,
+                           double pitch) {
   const ListedPoint* nearest = nullptr;
-  double least = reach;
+  double least = kReach * pitch;
   for (const ListedPoint& point : points) {
     const double distance = std::hypot(point.x - mark.x, point.y - mark.y);
     if (distance <= least) {
@@ -30,34 +63,33 @@ const ListedPoint* NearestPoint(const std::vector<ListedPoint>& points, const pr
   return nearest;
 }
 
-std::string Counted(int count, const char* one, const char* many) {
-  return fmt::format("{} {}", count, count == 1 ? one : many);
-}
-
-}  // namespace
-
 DetectionCheck CheckPoints(const std::vector<ListedPoint>& points,
                            const std::vector<precise::Mark>& marks, double pitch) {
   DetectionCheck check;
-  std::map<Step, int> steps;
+  std::vector<Pair> pairs;
   for (const precise::Mark& mark : marks) {
-    if (mark.verdict != precise::Verdict::kMeasured) {
-      continue;
+    if (mark.verdict == precise::Verdict::kMeasured) {
+      pairs.push_back({&mark, PointAt(points, mark, pitch)});
     }
-    const ListedPoint* point = NearestPoint(points, mark, kReach * pitch);
+  }
+  const Step step = MostCommonStep(pairs);
+  for (const auto& [mark, point] : pairs) {
+    ListedPoint expected{-1, mark->row + step.first, mark->column + step.second, mark->x, mark->y};
     if (point == nullptr) {
       ++check.lost;
+      check.disagreements.push_back({DisagreementKind::kLost, expected, std::nullopt});
       continue;
     }
     ++check.compared;
-    ++steps[{point->row - mark.row, point->col - mark.column}];
-    check.off += std::hypot(point->x - mark.x, point->y - mark.y) > kOffAbove ? 1 : 0;
+    if (StepBetween(*mark, *point) != step) {
+      ++check.otherLabels;
+      check.disagreements.push_back({DisagreementKind::kLabel, expected, *point});
+    }
+    if (std::hypot(point->x - mark->x, point->y - mark->y) > kOffAbove) {
+      ++check.off;
+      check.disagreements.push_back({DisagreementKind::kOff, expected, *point});
+    }
   }
-  int most = 0;
-  for (const auto& [step, count] : steps) {
-    most = std::max(most, count);
-  }
-  check.otherLabels = check.compared - most;
   return check;
 }
 

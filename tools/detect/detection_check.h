@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "interface/quorvex_precise.h"
+#include "tools/lists/disagreement.h"
 #include "tools/lists/listed_points.h"
 
 namespace quorvex::tools {
@@ -16,7 +17,15 @@ struct DetectionCheck {
   int otherLabels = 0;  // of these: row or column is not that of the mark
   int lost = 0;         // measured marks without a point
   int off = 0;          // points more than a pixel from their mark
+  // Those that are counted, by the marks' order. Labels of marks are those that the points should
+  // have.
+  std::vector<Disagreement> disagreements;
 };
+
+// The point within reach of a place, or nothing. A quarter of the pitch, so that no point belongs
+// to two marks.
+const ListedPoint* PointAt(const std::vector<ListedPoint>& points, const precise::Mark& mark,
+                           double pitch);
 
 // Compares points with measured marks. A point belongs to the mark within a quarter of the pitch;
 // labels may differ by one step that is the same for all, since both count from what they found.

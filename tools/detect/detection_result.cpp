@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
+#include "tools/detect/direct_findings_json.h"
 #include "tools/system/file_name.h"
 #include "tools/system/private_directory.h"
 
@@ -23,10 +24,20 @@ void WriteDetectionResult(const DetectionResult& result, const std::filesystem::
   for (const ListedPoint& p : result.found.points) {
     points.push_back({p.id, p.row, p.col, p.x, p.y, p.kind});
   }
-  const Json json{{"exitCode", result.exitCode},   {"message", result.message},
-                  {"warning", result.warning},     {"width", result.found.width},
-                  {"height", result.found.height}, {"points", std::move(points)},
-                  {"notes", result.notes}};
+  Json pictures = Json::array();
+  for (const ReportedImage& picture : result.stagePictures) {
+    pictures.push_back({picture.name, picture.dataUri});
+  }
+  const Json json{{"exitCode", result.exitCode},
+                  {"message", result.message},
+                  {"warning", result.warning},
+                  {"width", result.found.width},
+                  {"height", result.found.height},
+                  {"points", std::move(points)},
+                  {"notes", result.notes},
+                  {"direct", ToJson(result.direct)},
+                  {"disagreements", ToJson(result.disagreements)},
+                  {"stagePictures", std::move(pictures)}};
   std::ofstream file(path);
   file << json.dump(-1, ' ', false, Json::error_handler_t::replace) << std::flush;
   if (!file) {
@@ -43,6 +54,11 @@ DetectionResult ReadDetectionResult(const std::filesystem::path& path) {
     result.message = json.at("message");
     result.warning = json.at("warning");
     result.notes = json.at("notes").get<std::vector<std::string>>();
+    result.direct = DirectFindingsOf(json.at("direct"));
+    result.disagreements = DisagreementsOf(json.at("disagreements"));
+    for (const Json& picture : json.at("stagePictures")) {
+      result.stagePictures.push_back({picture.at(0), picture.at(1)});
+    }
     result.found.width = json.at("width");
     result.found.height = json.at("height");
     for (const Json& p : json.at("points")) {

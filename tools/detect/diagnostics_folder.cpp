@@ -7,6 +7,7 @@
 
 #include "tools/detect/image_names.h"
 #include "tools/detect/list_folder.h"
+#include "tools/detect/stage_pictures.h"
 #include "tools/errors.h"
 #include "tools/system/file_name.h"
 #include "tools/system/output_file.h"
@@ -16,11 +17,6 @@ namespace quorvex::tools {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr const char* kPictures[] = {
-    "ProImage.bmp", "Binarization.bmp", "Dilation.bmp",    "Contour.bmp",        "SRegion.bmp",
-    "Mask.bmp",     "Region.bmp",       "Sobel.bmp",       "Eliminate.bmp",      "Sauvola.bmp",
-    "Thining.bmp",  "Lines.bmp",        "LineSegment.bmp", "CrossMarkRegion.bmp"};
 
 [[noreturn]] void FailToKeep(const std::filesystem::path& folder, const std::string& reason) {
   throw InputError(fmt::format("cannot keep diagnostics in {}: {}", Utf8Name(folder), reason));
@@ -59,12 +55,12 @@ void PrepareDiagnosticsFolder(const std::filesystem::path& folder) {
   if (error) {
     FailToKeep(folder, error.message());
   }
-  RequireWritable(folder / kPictures[0]);
+  RequireWritable(folder / kStagePictures[0].file);
 }
 
 void KeepDiagnostics(const std::filesystem::path& directory, const std::filesystem::path& folder) {
-  for (const char* name : kPictures) {
-    KeepFile(directory / name, folder / name);
+  for (const StagePicture& picture : kStagePictures) {
+    KeepFile(directory / picture.file, folder / picture.file);
   }
   for (const char* name : kListFiles) {
     KeepFile(ListFolder(directory) / name, folder / name);

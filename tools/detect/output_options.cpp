@@ -54,6 +54,9 @@ void CheckOutputOptions(const DetectOptions& options) {
     if (IsStandardOutput(options.output) || format != OutputFormat::kCsv) {
       throw InputError("--resume needs --output with a CSV file");
     }
+    if (!options.report.empty()) {
+      throw InputError("--report needs all images of a run, and --resume skips some");
+    }
     RequireDifferentImages(options, "--resume");
   }
   if (options.pitch && (!std::isfinite(*options.pitch) || *options.pitch <= 0)) {

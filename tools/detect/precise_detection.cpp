@@ -107,11 +107,12 @@ DetectionResult DetectPrecisely(const std::filesystem::path& image, const precis
     if (!picture.note.empty()) {
       result.notes.push_back(picture.note);
     }
-    const precise::Result found = precise::Detect(ViewOf(picture), options);
+    precise::Result found = precise::Detect(ViewOf(picture), options);
     result.found.width = picture.width;
     result.found.height = picture.height;
     if (found.marks.empty()) {
       result.exitCode = kExitNothingFound;
+      result.stage = found.stage;
       const std::string start = found.stage == "size" ? "" : "no target was found: ";
       result.message = fmt::format("{}: {}{}", result.found.image, start, found.reason);
       return result;
@@ -124,6 +125,7 @@ DetectionResult DetectPrecisely(const std::filesystem::path& image, const precis
       result.found.labels = DescribeLabels(found.facts);
       result.warning = WarnOfLabels(found.facts, options);
     }
+    result.direct = {std::move(found.marks), found.facts};
   } catch (const InputError& error) {
     result.exitCode = kExitBadInput;
     result.message = error.what();
