@@ -1,0 +1,221 @@
+// The picture with everything over it. One animation frame draws what changed since the last: the
+// canvas, the place of the vectors, and at another scale their sizes.
+
+import { svgElement } from "./element.js";
+import { DisagreementLayer } from "./disagreement_layer.js";
+import { ImageLevels } from "./image_levels.js";
+import { ArrowLayer, CurveLayer, EllipseLayer, gridCurves } from "./line_layers.js";
+import { PointLayer } from "./point_layer.js";
+import { ViewGestures } from "./view_gestures.js";
+import { placeBetween, ViewTransform } from "./view_transform.js";
+
+const SLIDE_MS = 160;
+const POINT_REACH = 12;     // screen px from a point that a click may miss it
+const CLOSE_UP_SPACING = 160; // screen px between points after a jump to one of them
+
+export class PictureView {
+  /**
+   * @param {{stage: HTMLElement, canvas: HTMLCanvasElement, overlay: SVGElement, message: HTMLElement}} parts
+   * @param {{onSelect: function(number), onHover: function(?number, ?number, number), onMove: function()}} events
+   */
+  constructor(parts, events) {
+    Object.assign(this, parts);
+    this.events = events;
+    this.context = this.canvas.getContext("2d");
+    this.transform = new ViewTransform();
+    this.moving = svgElement("g");
+    this.overlay.append(this.moving);
+    this.layers = {};
+    this.levels = null;
+    this.shown = 0;  // counts the pictures, so that one that comes late is dropped
+    this.slide = null;
+    this.drawnScale = 0;
+    this.frame = 0;
+    this.reducedMotion = matchMedia("(prefers-reduced-motion: reduce)");
+    this.gestures = new ViewGestures(this.stage, {
+      panBy: (x, y) => this.change(() => this.transform.panBy(x, y)),
+      zoomAt: (x, y, factor, isImmediate) => (isImmediate
+        ? this.change(() => this.transform.zoomAt(x, y, factor))
+        : this.slideTo(() => this.transform.zoomAt(x, y, factor))),
+      hover: (x, y) => this.hover(x, y),
+      click: (x, y) => this.click(x, y),
+    });
+    new ResizeObserver(() => this.resize()).observe(this.stage);
+  }
+
+  /**
+   * @param {Object} picture
+   * @param {string[]} addresses of its image, the best first; what cannot be decoded is passed over
+   */
+  async show(picture, addresses) {
+    this.close();
+    const turn = this.shown;
+    const curves = gridCurves(picture);
+    this.layers = {
+      rows: new CurveLayer(curves.rows, "row-curves"),
+      columns: new CurveLayer(curves.columns, "column-curves"),
+      ellipses: new EllipseLayer(picture.points),
+      arrows: new ArrowLayer(picture.points),
+      points: new PointLayer(picture.points),
+      disagreements: new DisagreementLayer(picture.disagreements ?? []),
+    };
+    this.moving.append(...Object.values(this.layers).map((layer) => layer.group));
+    this.transform.setImage(picture.width, picture.height);
+    this.resize();
+    await this.load(addresses, turn);
+  }
+
+  async load(addresses, turn) {
+    for (const address of addresses.filter(Boolean)) {
+      try {
+        const levels = await ImageLevels.load(address);
+        if (turn !== this.shown) {
+          levels.close();
+          return;
+        }
+        this.levels = levels;
+        this.requestDraw();
+        return;
+      } catch {
+        continue;
+      }
+    }
+    if (turn === this.shown) {
+      this.message.hidden = false;
+    }
+  }
+
+  /** Lets go of the picture. */
+  close() {
+    this.shown += 1;
+    this.slide = null;
+    this.levels?.close();
+    this.levels = null;
+    this.layers = {};
+    this.moving.replaceChildren();
+    this.drawnScale = 0;
+    this.message.hidden = true;
+    this.requestDraw();
+  }
+
+  resize() {
+    this.transform.setView(this.stage.clientWidth, this.stage.clientHeight);
+    this.requestDraw();
+  }
+
+  /** A move at once, which ends one under way. */
+  change(move) {
+    this.slide = null;
+    move();
+    this.requestDraw();
+  }
+
+  /** A move that the eye can follow. */
+  slideTo(move) {
+    if (this.slide) {
+      this.transform.setPlace(this.slide.to);
+    }
+    const from = this.slide?.now ?? this.transform.place();
+    move();
+    const to = this.transform.place();
+    if (this.reducedMotion.matches) {
+      this.slide = null;
+    } else {
+      this.slide = { from, to, now: from, start: performance.now() };
+      this.transform.setPlace(from);
+    }
+    this.requestDraw();
+  }
+
+  zoomIn() {
+    this.gestures.zoomMiddle(true);
+  }
+
+  zoomOut() {
+    this.gestures.zoomMiddle(false);
+  }
+
+  fit() {
+    this.slideTo(() => this.transform.fit());
+  }
+
+  /** Brings a place into the middle, close enough to tell points apart. */
+  jumpTo(x, y) {
+    const closeUp = CLOSE_UP_SPACING / (this.layers.points?.spacing ?? CLOSE_UP_SPACING);
+    this.slideTo(() => this.transform.centreOn(x, y, Math.max(this.transform.scale, closeUp)));
+  }
+
+  /** Moves only when the place is not in view. */
+  uncover(x, y) {
+    const [screenX, screenY] = this.transform.toScreen(x, y);
+    const margin = 24;
+    if (screenX < margin || screenY < margin || screenX > this.transform.viewWidth - margin
+        || screenY > this.transform.viewHeight - margin) {
+      this.slideTo(() => this.transform.centreOn(x, y, this.transform.scale));
+    }
+  }
+
+  click(screenX, screenY) {
+    const [x, y] = this.transform.toImage(screenX, screenY);
+    this.events.onSelect(this.layers.points?.nearest(x, y, POINT_REACH / this.transform.scale) ?? -1);
+  }
+
+  hover(screenX, screenY) {
+    if (screenX === null) {
+      this.events.onHover(null, null, -1);
+      return;
+    }
+    const [x, y] = this.transform.toImage(screenX, screenY);
+    const reach = POINT_REACH / this.transform.scale;
+    this.events.onHover(x, y, this.layers.points?.nearest(x, y, reach) ?? -1);
+  }
+
+  requestDraw() {
+    this.frame ||= requestAnimationFrame((time) => {
+      this.frame = 0;
+      this.draw(time);
+    });
+  }
+
+  draw(time) {
+    this.advanceSlide(time);
+    this.drawImage();
+    const { scale, left, top } = this.transform;
+    this.moving.setAttribute("transform", `translate(${left} ${top})`);
+    if (scale !== this.drawnScale) {
+      this.drawnScale = scale;
+      Object.values(this.layers).forEach((layer) => layer.rescale(scale));
+    }
+    Object.assign(this.overlay.dataset, { scale, left, top });
+    this.events.onMove();
+    if (this.slide) {
+      this.requestDraw();
+    }
+  }
+
+  advanceSlide(time) {
+    if (!this.slide) {
+      return;
+    }
+    const part = Math.min(1, Math.max(0, (time - this.slide.start) / SLIDE_MS));
+    const eased = 1 - (1 - part) ** 3;
+    this.slide.now = part < 1 ? placeBetween(this.slide.from, this.slide.to, eased) : this.slide.to;
+    this.transform.setPlace(this.slide.now);
+    if (part === 1) {
+      this.slide = null;
+    }
+  }
+
+  drawImage() {
+    const density = window.devicePixelRatio;
+    const width = Math.round(this.transform.viewWidth * density);
+    const height = Math.round(this.transform.viewHeight * density);
+    if (this.canvas.width !== width || this.canvas.height !== height) {
+      this.canvas.width = width;
+      this.canvas.height = height;
+    }
+    this.context.setTransform(1, 0, 0, 1, 0, 0);
+    this.context.clearRect(0, 0, width, height);
+    this.levels?.draw(this.context, this.transform, density);
+  }
+}

@@ -1,0 +1,145 @@
+// The points as vectors of constant size on the screen. What a point is shows in its shape: a ring
+// for a mark that was seen, a diamond for a doubtful one, a dashed square for a place that follows
+// from other points.
+
+import { svgElement } from "./element.js";
+import { isGuessed } from "./page_data.js";
+
+const RING_RADIUS = 7;      // screen px, as all lengths here
+const CROSS_REACH = 3;
+const SELECTED_RADIUS = 13;
+const COMFORTABLE = 24;     // between points; where they are closer, rings shrink
+const SMALLEST_RING = 0.45; // of the full size
+const LABEL_START = 26;     // between points that leaves room for a label of no letter
+const LETTER_WIDTH = 6.5;
+const CROSS = `M${-CROSS_REACH} 0H${CROSS_REACH}M0 ${-CROSS_REACH}V${CROSS_REACH}`;
+
+function outline(kind, className) {
+  if (kind === "filled" || kind === "predicted") {
+    const side = 2 * RING_RADIUS - 1;
+    return svgElement("rect", { class: className, x: -side / 2, y: -side / 2, width: side, height: side });
+  }
+  if (kind === "doubtful") {
+    const r = RING_RADIUS + 2;
+    return svgElement("polygon", { class: className, points: `0,${-r} ${r},0 0,${r} ${-r},0` });
+  }
+  return svgElement("circle", { class: className, r: RING_RADIUS });
+}
+
+/** A point's mark around the origin; also for the legend. */
+export function pointMark(kind) {
+  return [
+    outline(kind, "rim"), svgElement("path", { class: "rim", d: CROSS }),
+    outline(kind, isGuessed({ kind }) ? "ring guessed" : "ring"),
+    svgElement("path", { class: "cross", d: CROSS }),
+  ];
+}
+
+/**
+ * Distance of each point to the nearest of its neighbours in row and column [px]; Infinity where it
+ * has none.
+ * @param {Point[]} points
+ */
+export function pointSpacings(points) {
+  const byPlace = new Map(points.map((point) => [`${point.row},${point.col}`, point]));
+  return points.map(({ row, col, x, y }) => {
+    const around = [[row, col - 1], [row, col + 1], [row - 1, col], [row + 1, col]];
+    const lengths = around
+      .map((place) => byPlace.get(place.join()))
+      .filter((other) => other && (other.x !== x || other.y !== y))
+      .map((other) => Math.hypot(other.x - x, other.y - y));
+    return Math.min(...lengths, Infinity);
+  });
+}
+
+/** The middle one of the finite spacings, or a guess for points without neighbours. */
+export function middleSpacing(spacings) {
+  const finite = spacings.filter(Number.isFinite).sort((a, b) => a - b);
+  return finite.length ? finite[Math.floor(finite.length / 2)] : 100;
+}
+
+function labelOf(point, kind) {
+  return { id: String(point.id), place: `${point.row},${point.col}`, none: "" }[kind];
+}
+
+export class PointLayer {
+  /** @param {Point[]} points */
+  constructor(points) {
+    this.points = points;
+    this.spacings = pointSpacings(points);
+    this.spacing = middleSpacing(this.spacings);
+    this.group = svgElement("g", { class: "points" });
+    this.halo = svgElement("circle", { class: "selected-halo", r: SELECTED_RADIUS, visibility: "hidden" });
+    this.selected = -1;
+    this.scale = 1;
+    this.marks = points.map((point) => {
+      const label = svgElement("text", { class: "label", x: RING_RADIUS + 3, y: -RING_RADIUS });
+      const mark = svgElement("g", {
+        class: "point",
+        "data-id": point.id,
+        "data-row": point.row,
+        "data-col": point.col,
+        "data-kind": point.kind,
+      }, ...pointMark(point.kind), label);
+      this.group.append(mark);
+      return { mark, label };
+    });
+    this.group.append(this.halo);
+  }
+
+  /** @param {function(Point): ?number} valueOf pixels, for the colour */
+  paint(scale, valueOf) {
+    this.points.forEach((point, i) => {
+      const value = valueOf(point);
+      this.marks[i].mark.style.setProperty("--ink", scale.colour(value));
+      this.marks[i].mark.classList.toggle("dark-ink", scale.isDark(value));
+    });
+  }
+
+  /** @param {"id"|"place"|"none"} kind */
+  setLabels(kind) {
+    this.points.forEach((point, i) => {
+      this.marks[i].label.textContent = labelOf(point, kind);
+    });
+    this.rescale(this.scale);
+  }
+
+  rescale(scale) {
+    this.scale = scale;
+    const size = Math.max(SMALLEST_RING, Math.min(1, this.spacing * scale / COMFORTABLE));
+    this.points.forEach((point, i) => {
+      const { mark, label } = this.marks[i];
+      const place = `translate(${point.x * scale} ${point.y * scale}) scale(${size})`;
+      mark.setAttribute("transform", place);
+      const room = Math.min(this.spacings[i], this.spacing * 2) * scale;
+      const hasRoom = room >= LABEL_START + LETTER_WIDTH * label.textContent.length;
+      label.setAttribute("visibility", hasRoom || i === this.selected ? "visible" : "hidden");
+      if (i === this.selected) {
+        this.halo.setAttribute("transform", place);
+      }
+    });
+  }
+
+  /** @param {number} index of the point, -1 for none */
+  select(index) {
+    this.marks[this.selected]?.mark.classList.remove("selected");
+    this.selected = index;
+    this.halo.setAttribute("visibility", index < 0 ? "hidden" : "visible");
+    this.marks[index]?.mark.classList.add("selected");
+    this.rescale(this.scale);
+  }
+
+  /** Index of the nearest point within `reach` [px] of the place, or -1. */
+  nearest(x, y, reach) {
+    let best = -1;
+    let least = reach;
+    this.points.forEach((point, i) => {
+      const distance = Math.hypot(point.x - x, point.y - y);
+      if (distance <= least) {
+        best = i;
+        least = distance;
+      }
+    });
+    return best;
+  }
+}
