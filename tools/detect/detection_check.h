@@ -19,7 +19,7 @@ struct DetectionCheck {
   int off = 0;          // points more than a pixel from their mark
   // Those that are counted, by the marks' order. Labels of marks are those that the points should
   // have.
-  std::vector<Disagreement> disagreements;
+  std::vector<Disagreement> disagreements = {};
 };
 
 // The point within reach of a place, or nothing. A quarter of the pitch, so that no point belongs

@@ -30,12 +30,13 @@ TEST(WorkerArguments, CarryEveryParameter) {
   parameters.rowSteps = 150;
   parameters.pad = false;
   parameters.check = false;
+  parameters.keepsStages = true;
   parameters.renumber = GridSize{9, 7};
   parameters.rearrange = CameraSide::kRight;
   EXPECT_THAT(WorkerArguments("-a.bmp", "/work", parameters),
               ElementsAre("detect-worker", "--row-span", "3", "--column-span", "4", "--row-steps",
-                          "150", "--no-pad", "--no-check", "--renumber", "9x7", "--rearrange",
-                          "right", "--", "-a.bmp", "/work"));
+                          "150", "--no-pad", "--no-check", "--keep-stages", "--renumber", "9x7",
+                          "--rearrange", "right", "--", "-a.bmp", "/work"));
 }
 
 // The detection makes the worker's directory the current one.
@@ -55,6 +56,18 @@ TEST_F(DetectWorker, LeavesThePicturesInItsDirectory) {
   EXPECT_EQ(result.found.width, 64);
   EXPECT_EQ(result.found.height, 48);
   EXPECT_TRUE(work.Has("ProImage.bmp"));
+}
+
+TEST_F(DetectWorker, HandsItsPicturesOverWhenAsked) {
+  WritePictureFile(FlatPicture(64, 48, 20), folder.Path("dark.bmp"));
+  DetectParameters parameters;
+  EXPECT_TRUE(
+      DetectInDirectory(folder.Path("dark.bmp"), work.Path(), parameters).stagePictures.empty());
+  parameters.keepsStages = true;
+  const DetectionResult result =
+      DetectInDirectory(folder.Path("dark.bmp"), work.Path(), parameters);
+  ASSERT_FALSE(result.stagePictures.empty());
+  EXPECT_EQ(result.stagePictures[0].name, "ProImage.bmp");
 }
 
 TEST_F(DetectWorker, TellsWhatIsWrongWithTheInput) {

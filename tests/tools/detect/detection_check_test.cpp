@@ -55,6 +55,33 @@ TEST_F(DetectionCheckTest, CountsOtherLabels) {
   EXPECT_EQ(Check().lost, 0);
 }
 
+TEST_F(DetectionCheckTest, TellsWhatTheLabelShouldBe) {
+  for (ListedPoint& point : points) {
+    point.row += 2;
+  }
+  points[5].col = 3;
+  const std::vector<Disagreement> all = Check().disagreements;
+  ASSERT_EQ(all.size(), 1u);
+  EXPECT_EQ(all[0].kind, DisagreementKind::kLabel);
+  EXPECT_EQ(all[0].mark->row, 3);  // as the other points count
+  EXPECT_EQ(all[0].mark->col, 1);
+  EXPECT_EQ(all[0].mark->x, marks[5].x);
+  EXPECT_EQ(all[0].listed->col, 3);
+}
+
+TEST_F(DetectionCheckTest, TellsWhichMarksWereLostAndWhichPointsAreOff) {
+  points[4].x += 3;
+  points.erase(points.begin());
+  const std::vector<Disagreement> all = Check().disagreements;
+  ASSERT_EQ(all.size(), 2u);
+  EXPECT_EQ(all[0].kind, DisagreementKind::kLost);
+  EXPECT_EQ(all[0].mark->y, marks[0].y);
+  EXPECT_FALSE(all[0].listed);
+  EXPECT_EQ(all[1].kind, DisagreementKind::kOff);
+  EXPECT_EQ(all[1].mark->x, marks[4].x);
+  EXPECT_EQ(all[1].listed->x, marks[4].x + 3.3);
+}
+
 TEST_F(DetectionCheckTest, CountsLostMarksButNotDoubtfulOnes) {
   points.erase(points.begin(), points.begin() + 3);
   marks[0].verdict = precise::Verdict::kDoubtful;

@@ -35,6 +35,10 @@ TEST(DetectionResult, SurvivesTheWay) {
   result.found.height = 840;
   result.found.points = {{7, 1, 2, 0.1f, 839.987f, PointKind::kFilled},
                          {-1, -1, -1, 5, 6, PointKind::kSeen}};
+  result.direct.facts.pitch = 12.5;
+  result.direct.marks.resize(1);
+  result.disagreements = {{DisagreementKind::kLost, ListedPoint{}, std::nullopt}};
+  result.stagePictures = {{"Mask.bmp", "data:,x"}};
   WriteDetectionResult(result, folder.Path("r.json"));
   const DetectionResult read = ReadDetectionResult(folder.Path("r.json"));
   EXPECT_EQ(read.exitCode, kExitNothingFound);
@@ -49,6 +53,12 @@ TEST(DetectionResult, SurvivesTheWay) {
   EXPECT_EQ(read.found.points[0].y, 839.987f);
   EXPECT_EQ(read.found.points[0].kind, PointKind::kFilled);
   EXPECT_EQ(read.found.points[1].kind, PointKind::kSeen);
+  EXPECT_EQ(read.direct.facts.pitch, 12.5);
+  EXPECT_EQ(read.direct.marks.size(), 1u);
+  EXPECT_EQ(read.disagreements.size(), 1u);
+  ASSERT_EQ(read.stagePictures.size(), 1u);
+  EXPECT_EQ(read.stagePictures[0].name, "Mask.bmp");
+  EXPECT_EQ(read.stagePictures[0].dataUri, "data:,x");
 }
 
 TEST(DetectionResult, AMessageThatIsNotUtf8DoesNotStandInTheWay) {
