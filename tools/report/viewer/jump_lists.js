@@ -45,7 +45,7 @@ export function fillWorstPoints(section, points, onChoose) {
     contents: [
       element("span", { class: "number" }, `${shortPixels(length)} px`),
       element("span", {}, `point ${point.id}, row ${point.row}, column ${point.col}`
-        + (isGuessed(point) ? ` (${point.kind === "filled" ? "filled in" : "predicted"})` : "")),
+        + (isGuessed(point) ? `, ${point.kind === "filled" ? "filled in" : "predicted"}` : "")),
     ],
     onChoose: () => onChoose(index),
   })));

@@ -59,6 +59,8 @@ export class PictureView {
       points: new PointLayer(picture.points),
       disagreements: new DisagreementLayer(picture.disagreements ?? []),
     };
+    this.layers.disagreements.setSpacing(this.layers.points.spacing);
+    this.layers.arrows.setSpacing(this.layers.points.spacing);
     this.moving.append(...Object.values(this.layers).map((layer) => layer.group));
     this.transform.setImage(picture.width, picture.height);
     this.resize();
@@ -99,8 +101,15 @@ export class PictureView {
   }
 
   resize() {
-    this.transform.setView(this.stage.clientWidth, this.stage.clientHeight);
+    this.measure();
     this.requestDraw();
+  }
+
+  measure() {
+    const { clientWidth, clientHeight } = this.stage;
+    if (clientWidth !== this.transform.viewWidth || clientHeight !== this.transform.viewHeight) {
+      this.transform.setView(clientWidth, clientHeight);
+    }
   }
 
   /** A move at once, which ends one under way. */
@@ -178,6 +187,7 @@ export class PictureView {
   }
 
   draw(time) {
+    this.measure();  // the observer tells a new size only after this frame
     this.advanceSlide(time);
     this.drawImage();
     const { scale, left, top } = this.transform;
