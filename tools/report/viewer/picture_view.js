@@ -29,6 +29,7 @@ export class PictureView {
     this.levels = null;
     this.shown = 0;  // counts the pictures, so that one that comes late is dropped
     this.slide = null;
+    this.pointer = null;  // its place while it is over the picture
     this.drawnScale = 0;
     this.frame = 0;
     this.reducedMotion = matchMedia("(prefers-reduced-motion: reduce)");
@@ -170,6 +171,7 @@ export class PictureView {
   }
 
   hover(screenX, screenY) {
+    this.pointer = screenX === null ? null : [screenX, screenY];
     if (screenX === null) {
       this.events.onHover(null, null, -1);
       return;
@@ -197,6 +199,9 @@ export class PictureView {
       Object.values(this.layers).forEach((layer) => layer.rescale(scale));
     }
     Object.assign(this.overlay.dataset, { scale, left, top });
+    if (this.pointer) {
+      this.hover(...this.pointer);
+    }
     this.events.onMove();
     if (this.slide) {
       this.requestDraw();
