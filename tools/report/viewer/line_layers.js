@@ -8,6 +8,7 @@ const HEAD_LENGTH = 6;      // screen px of an arrow's head
 const HEAD_HALF_WIDTH = 3;
 const SHORTEST_ARROW = 1.5; // screen px; shorter ones are a dot that tells nothing
 const LONGEST_OF_SPACING = 1.5; // where an arrow is cut off
+const LARGEST_DASHED_SCALE = 6; // screen px per image px
 const SHORTEST_AXIS = 0.5;  // screen px of an ellipse that is drawn
 
 function pathText(line) {
@@ -52,6 +53,8 @@ export class CurveLayer {
 
   rescale(scale) {
     this.group.setAttribute("transform", `scale(${scale})`);
+    // Dashes are laid out along the whole curve, also where it is far out of view.
+    this.group.classList.toggle("close-up", scale > LARGEST_DASHED_SCALE);
   }
 }
 

@@ -20,6 +20,9 @@ function figuresOf(picture) {
   const figures = [];
   if (picture.width > 0) {
     figures.push(`${picture.width} \u00d7 ${picture.height} px`);
+    if (picture.kept && picture.kept.width < picture.width) {
+      figures.push(`shown from ${picture.kept.width} \u00d7 ${picture.kept.height}`);
+    }
   }
   if (picture.verdict !== "failed") {
     figures.push(`${picture.found} found`, `${picture.filled} filled in`);

@@ -31,7 +31,7 @@ export class ViewGestures {
     stage.addEventListener("pointerdown", (event) => this.down(event));
     stage.addEventListener("pointermove", (event) => this.move(event));
     stage.addEventListener("pointerup", (event) => this.up(event));
-    stage.addEventListener("pointercancel", (event) => this.pointers.delete(event.pointerId));
+    stage.addEventListener("pointercancel", (event) => this.lift(event));
     stage.addEventListener("pointerleave", () => actions.hover(null, null));
     stage.addEventListener("dblclick", (event) => {
       const [x, y] = this.place(event);
@@ -105,13 +105,18 @@ export class ViewGestures {
   }
 
   up(event) {
-    if (!this.pointers.delete(event.pointerId)) {
+    if (!this.lift(event)) {
       return;
     }
-    this.stage.classList.remove("dragged");
     if (this.pointers.size === 0 && this.travelled <= CLICK_REACH) {
       this.actions.click(...this.place(event));
     }
+  }
+
+  // Whether it was down.
+  lift(event) {
+    this.stage.classList.remove("dragged");
+    return this.pointers.delete(event.pointerId);
   }
 
   key(event) {
