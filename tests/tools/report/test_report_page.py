@@ -303,3 +303,12 @@ def test_theme_can_be_chosen(several, open_page):
         page.click("#theme")
     assert [text for text, _ in seen] == ["Theme: system", "Theme: light", "Theme: dark"]
     assert seen[1][1] != seen[2][1]
+
+
+def test_keys_zoom_about_the_selected_point(several, open_page):
+    page = open_page(several.page, "#picture=0")
+    page.press("n")
+    first = page.centres()[(1, 0, 0, "seen")]
+    page.press("+")
+    page.rest()
+    assert math.dist(page.centres()[(1, 0, 0, "seen")], first) < TOLERANCE

@@ -128,6 +128,7 @@ export class PicturePage {
       this.view.jumpTo(picture.points[index].x, picture.points[index].y);
     });
     const facts = picture.facts ?? [];
+    byId("panel").hidden = picture.points.length === 0 && facts.length === 0;
     byId("facts").hidden = facts.length === 0;
     byId("facts").replaceChildren(element("h3", {}, "Facts"), element("table", {},
       element("tbody", {}, ...facts.map(([name, text]) => (

@@ -10,6 +10,8 @@ import { ViewGestures } from "./view_gestures.js";
 import { placeBetween, ViewTransform } from "./view_transform.js";
 
 const SLIDE_MS = 160;
+const STEP_ZOOM = 1.4;      // of a button or key
+const EDGE = 24;            // screen px at the view's border that hide a point
 const POINT_REACH = 12;     // screen px from a point that a click may miss it
 const CLOSE_UP_SPACING = 160; // screen px between points after a jump to one of them
 
@@ -33,7 +35,7 @@ export class PictureView {
     this.drawnScale = 0;
     this.frame = 0;
     this.reducedMotion = matchMedia("(prefers-reduced-motion: reduce)");
-    this.gestures = new ViewGestures(this.stage, {
+    new ViewGestures(this.stage, {
       panBy: (x, y) => this.change(() => this.transform.panBy(x, y)),
       zoomAt: (x, y, factor, isImmediate) => (isImmediate
         ? this.change(() => this.transform.zoomAt(x, y, factor))
@@ -138,11 +140,22 @@ export class PictureView {
   }
 
   zoomIn() {
-    this.gestures.zoomMiddle(true);
+    this.zoomBy(STEP_ZOOM);
   }
 
   zoomOut() {
-    this.gestures.zoomMiddle(false);
+    this.zoomBy(1 / STEP_ZOOM);
+  }
+
+  /** Zooms about the point that is selected, where it is in view, else about the middle. */
+  zoomBy(factor) {
+    const { points } = this.layers;
+    const selected = points?.points[points.selected];
+    const { viewWidth, viewHeight } = this.transform;
+    const place = selected ? this.transform.toScreen(selected.x, selected.y) : [-1, -1];
+    const isInView = place[0] >= 0 && place[1] >= 0 && place[0] < viewWidth && place[1] < viewHeight;
+    const [x, y] = isInView ? place : [viewWidth / 2, viewHeight / 2];
+    this.slideTo(() => this.transform.zoomAt(x, y, factor));
   }
 
   fit() {
@@ -158,9 +171,8 @@ export class PictureView {
   /** Moves only when the place is not in view. */
   uncover(x, y) {
     const [screenX, screenY] = this.transform.toScreen(x, y);
-    const margin = 24;
-    if (screenX < margin || screenY < margin || screenX > this.transform.viewWidth - margin
-        || screenY > this.transform.viewHeight - margin) {
+    if (screenX < EDGE || screenY < EDGE || screenX > this.transform.viewWidth - EDGE
+        || screenY > this.transform.viewHeight - EDGE) {
       this.slideTo(() => this.transform.centreOn(x, y, this.transform.scale));
     }
   }

@@ -1,6 +1,6 @@
 // The points as vectors of constant size on the screen. What a point is shows in its shape: a ring
-// for a mark that was seen, a diamond for a doubtful one, a dashed square for a place that follows
-// from other points.
+// with a cross for a mark that was seen, a diamond for a doubtful one, an empty dashed square for a
+// place that follows from other points.
 
 import { svgElement } from "./element.js";
 import { isGuessed } from "./page_data.js";
@@ -18,9 +18,8 @@ const CROSS = `M${-CROSS_REACH} 0H${CROSS_REACH}M0 ${-CROSS_REACH}V${CROSS_REACH
 
 function outline(kind, className) {
   if (kind === "filled" || kind === "predicted") {
-    return svgElement("rect", {
-      class: className, x: -RING_RADIUS, y: -RING_RADIUS, width: 2 * RING_RADIUS, height: 2 * RING_RADIUS,
-    });
+    const half = RING_RADIUS + 1;
+    return svgElement("rect", { class: className, x: -half, y: -half, width: 2 * half, height: 2 * half });
   }
   if (kind === "doubtful") {
     const r = RING_RADIUS + 2;
@@ -31,10 +30,12 @@ function outline(kind, className) {
 
 /** A point's mark around the origin; also for the legend. */
 export function pointMark(kind) {
-  const dashes = isGuessed({ kind }) ? " guessed" : "";
+  if (isGuessed({ kind })) {
+    return [outline(kind, "rim"), outline(kind, "ring guessed")];  // no cross where none was seen
+  }
   return [
-    outline(kind, `rim${dashes}`), svgElement("path", { class: "rim", d: CROSS }),
-    outline(kind, `ring${dashes}`), svgElement("path", { class: "cross", d: CROSS }),
+    outline(kind, "rim"), svgElement("path", { class: "rim", d: CROSS }),
+    outline(kind, "ring"), svgElement("path", { class: "cross", d: CROSS }),
   ];
 }
 

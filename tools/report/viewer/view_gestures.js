@@ -5,7 +5,6 @@ const WHEEL_STEP = 0.0016;      // zoom per wheel unit, as a natural logarithm
 const LINE_HEIGHT = 16;         // wheel units of a line, where a wheel counts lines
 const LARGEST_WHEEL = 240;      // wheel units of one event that are taken
 const PAN_KEY_STEP = 60;        // screen px
-const KEY_ZOOM = 1.4;
 const DOUBLE_CLICK_ZOOM = 2.5;
 
 /**
@@ -133,11 +132,5 @@ export class ViewGestures {
       event.preventDefault();
       this.actions.panBy(...pan);
     }
-  }
-
-  /** Zooms about the middle of the view. */
-  zoomMiddle(isIn) {
-    this.actions.zoomAt(this.stage.clientWidth / 2, this.stage.clientHeight / 2,
-      isIn ? KEY_ZOOM : 1 / KEY_ZOOM, false);
   }
 }
