@@ -8,7 +8,7 @@ const ANCHORS = [
 const DARK_PART = 0.5;  // of the scale; those colours get a light rim
 
 /** Colour of the points that have no value. */
-export const NO_VALUE_COLOUR = "rgb(150 150 150)";
+export const NO_VALUE_COLOUR = "rgb(225 225 225)";
 
 function colourAt(part) {
   const place = Math.min(1, Math.max(0, part)) * (ANCHORS.length - 1);
@@ -38,7 +38,7 @@ export class ColourScale {
 
   /** Whether the colour needs a light rim to be seen on a dark picture. */
   isDark(value) {
-    return value === null || value / this.top < DARK_PART;
+    return value !== null && value / this.top < DARK_PART;
   }
 
   /** Stops for a drawing of the whole scale, from 0 to 1. */

@@ -2,6 +2,7 @@
 
 import { svgElement } from "./element.js";
 import { shortPixels } from "./number_text.js";
+import { crowdedSize } from "./point_layer.js";
 
 const OUTLINES = {  // screen px around the place
   lost: "M0 -16L15 11H-15Z",
@@ -9,6 +10,9 @@ const OUTLINES = {  // screen px around the place
   off: "M0 -17L17 0L0 17L-17 0Z",
   extra: "M-14 -14H14V14H-14ZM-14 14L14 -14",
 };
+
+const WORD_Y = 28;      // screen px below the place
+const WORD_ROOM = 76;   // screen px between points that leaves room for the words
 
 /** What happened, in one word, and the numbers that belong to it. */
 export function disagreementText({ what, row, col, x, y, listed }) {
@@ -47,20 +51,31 @@ export function disagreementMark(what) {
 
 export class DisagreementLayer {
   constructor(disagreements) {
+    this.spacing = Infinity;
     this.group = svgElement("g", { class: "disagreements" });
     this.marks = disagreements.map((disagreement) => {
       const place = disagreementPlace(disagreement);
       const ways = [svgElement("path", { class: "rim" }), svgElement("path", { class: "ink" })];
+      const word = svgElement("text", { class: "label", x: 0, y: WORD_Y }, disagreementText(disagreement).word);
+      const shape = svgElement("g", {}, ...disagreementMark(disagreement.what), word);
       const mark = svgElement("g", { class: "disagreement", "data-what": disagreement.what },
-        ...ways, ...disagreementMark(disagreement.what),
-        svgElement("text", { class: "label", x: 0, y: 28 }, disagreementText(disagreement).word));
+        ...ways, shape);
       this.group.append(mark);
-      return { place, mark, ways, listed: disagreement.listed };
+      return { place, mark, shape, word, ways, listed: disagreement.listed };
     });
   }
 
+  /** @param {number} spacing a middling one between points [px]; marks make room for each other */
+  setSpacing(spacing) {
+    this.spacing = spacing;
+  }
+
   rescale(scale) {
-    for (const { place, mark, ways, listed } of this.marks) {
+    const size = crowdedSize(this.spacing * scale / 2);
+    const hasRoom = this.spacing * scale >= WORD_ROOM;
+    for (const { place, mark, shape, word, ways, listed } of this.marks) {
+      shape.setAttribute("transform", `scale(${size})`);
+      word.setAttribute("visibility", hasRoom ? "inherit" : "hidden");
       mark.setAttribute("transform", `translate(${place.x * scale} ${place.y * scale})`);
       if (listed) {
         const way = `M0 0L${(listed.x - place.x) * scale} ${(listed.y - place.y) * scale}`;

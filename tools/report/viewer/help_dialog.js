@@ -19,11 +19,11 @@ const KEYS = [
 const MEANINGS = [
   ["coordinates", "Pixels, x to the right and y down; whole numbers are pixel centres."],
   ["residual", "The listed position minus the place where a camera model, fitted to all marks of this one "
-    + "picture, puts the mark. Arrows start at the point and show it enlarged. What the model cannot follow, "
-    + "a board that is not flat above all, is in it, too."],
+    + "picture, puts the mark. Arrows start at the point and show it enlarged; dashed ones are longer than they are drawn. "
+    + "What the model cannot follow, a board that is not flat above all, is in it, too."],
   ["worst residual", "The largest one of the points that were seen."],
   ["filled in, predicted", "No mark was seen there; the place follows from the other points."],
-  ["missing", "Marks of the board that are not among the points that were seen; \u2013 when that cannot be told."],
+  ["missing", "Marks that the list should have and has not; \u2013 when that cannot be told."],
   ["ellipses", "One standard deviation of the measured position, enlarged."],
   ["disagreements", "The direct detection found something else: a mark that the list lost, "
     + "another row or column, a place more than a pixel away, or nothing at all where the list has a point."],

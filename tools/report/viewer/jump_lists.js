@@ -44,8 +44,8 @@ export function fillWorstPoints(section, points, onChoose) {
   jumpList(section, "Largest residuals", worst.map(({ point, index, length }) => ({
     contents: [
       element("span", { class: "number" }, `${shortPixels(length)} px`),
-      element("span", {}, `point ${point.id}, row ${point.row}, column ${point.col}`
-        + (isGuessed(point) ? ` (${point.kind === "filled" ? "filled in" : "predicted"})` : "")),
+      element("span", {}, `${point.id}: row ${point.row}, column ${point.col}`
+        + (isGuessed(point) ? `, ${point.kind === "filled" ? "filled in" : "predicted"}` : "")),
     ],
     onChoose: () => onChoose(index),
   })));

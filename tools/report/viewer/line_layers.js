@@ -7,6 +7,8 @@ import { deviationEllipse, isGuessed } from "./page_data.js";
 const HEAD_LENGTH = 6;      // screen px of an arrow's head
 const HEAD_HALF_WIDTH = 3;
 const SHORTEST_ARROW = 1.5; // screen px; shorter ones are a dot that tells nothing
+const LONGEST_OF_SPACING = 1.5; // where an arrow is cut off
+const LARGEST_DASHED_SCALE = 6; // screen px per image px
 const SHORTEST_AXIS = 0.5;  // screen px of an ellipse that is drawn
 
 function pathText(line) {
@@ -51,6 +53,8 @@ export class CurveLayer {
 
   rescale(scale) {
     this.group.setAttribute("transform", `scale(${scale})`);
+    // Dashes are laid out along the whole curve, also where it is far out of view.
+    this.group.classList.toggle("close-up", scale > LARGEST_DASHED_SCALE);
   }
 }
 
@@ -64,10 +68,11 @@ function arrowText(x, y) {
   return `M0 0L${x} ${y}M${bx - uy * half} ${by + ux * half}L${x} ${y}L${bx + uy * half} ${by - ux * half}`;
 }
 
-/** Arrows from each point that was seen, along its residual. */
+/** Arrows from each point that was seen, along its residual. Those of stray points are cut off, dashed. */
 export class ArrowLayer {
   constructor(points) {
     this.magnification = 1;
+    this.longest = Infinity;
     this.scale = 1;
     this.group = svgElement("g", { class: "arrows" });
     this.arrows = points
@@ -80,6 +85,11 @@ export class ArrowLayer {
       });
   }
 
+  /** @param {number} spacing a middling one between points [px] */
+  setSpacing(spacing) {
+    this.longest = spacing * LONGEST_OF_SPACING;
+  }
+
   setMagnification(magnification) {
     this.magnification = magnification;
     this.rescale(this.scale);
@@ -87,10 +97,12 @@ export class ArrowLayer {
 
   rescale(scale) {
     this.scale = scale;
-    const enlarged = scale * this.magnification;
     for (const { point, arrow, paths } of this.arrows) {
-      const [x, y] = [point.residual[0] * enlarged, point.residual[1] * enlarged];
-      const text = Math.hypot(x, y) < SHORTEST_ARROW ? "" : arrowText(x, y);
+      const length = Math.hypot(...point.residual) * this.magnification;
+      const drawn = scale * this.magnification * Math.min(1, this.longest / length);
+      const text = length * scale < SHORTEST_ARROW ? ""
+        : arrowText(point.residual[0] * drawn, point.residual[1] * drawn);
+      arrow.classList.toggle("cut", length > this.longest);
       arrow.setAttribute("transform", `translate(${point.x * scale} ${point.y * scale})`);
       paths.forEach((path) => path.setAttribute("d", text));
     }

@@ -20,6 +20,9 @@ function figuresOf(picture) {
   const figures = [];
   if (picture.width > 0) {
     figures.push(`${picture.width} \u00d7 ${picture.height} px`);
+    if (picture.kept && picture.kept.width < picture.width) {
+      figures.push(`shown from ${picture.kept.width} \u00d7 ${picture.kept.height}`);
+    }
   }
   if (picture.verdict !== "failed") {
     figures.push(`${picture.found} found`, `${picture.filled} filled in`);
@@ -125,6 +128,7 @@ export class PicturePage {
       this.view.jumpTo(picture.points[index].x, picture.points[index].y);
     });
     const facts = picture.facts ?? [];
+    byId("panel").hidden = picture.points.length === 0 && facts.length === 0;
     byId("facts").hidden = facts.length === 0;
     byId("facts").replaceChildren(element("h3", {}, "Facts"), element("table", {},
       element("tbody", {}, ...facts.map(([name, text]) => (

@@ -77,6 +77,9 @@ export class PictureTable {
     const { text, mark } = VERDICTS[summary.verdict];
     const link = element("a", { href: `#picture=${summary.index}` }, summary.name || "(no name)");
     const isFailed = summary.verdict === "failed";
+    const start = `${summary.name}: `;
+    const message = summary.message.startsWith(start)
+      ? summary.message.slice(start.length) : summary.message;
     const figures = [
       ["Found", isFailed ? "\u2013" : String(summary.found)],
       ["Missing", summary.missing === null ? "\u2013" : String(summary.missing)],
@@ -87,7 +90,7 @@ export class PictureTable {
     const row = element("tr", { role: "row", "data-picture": summary.index },
       element("td", { role: "cell", class: "thumbnail-cell" }, image),
       element("td", { role: "cell", class: "name-cell" }, link,
-        element("span", { class: "row-message" }, summary.message)),
+        element("span", { class: "row-message" }, message)),
       element("td", { role: "cell", class: "verdict-cell" },
         element("span", { class: `verdict ${summary.verdict}` }, `${mark} ${text}`)),
       ...figures.map(([name, figure]) => (

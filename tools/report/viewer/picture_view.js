@@ -10,6 +10,8 @@ import { ViewGestures } from "./view_gestures.js";
 import { placeBetween, ViewTransform } from "./view_transform.js";
 
 const SLIDE_MS = 160;
+const STEP_ZOOM = 1.4;      // of a button or key
+const EDGE = 24;            // screen px at the view's border that hide a point
 const POINT_REACH = 12;     // screen px from a point that a click may miss it
 const CLOSE_UP_SPACING = 160; // screen px between points after a jump to one of them
 
@@ -29,10 +31,11 @@ export class PictureView {
     this.levels = null;
     this.shown = 0;  // counts the pictures, so that one that comes late is dropped
     this.slide = null;
+    this.pointer = null;  // its place while it is over the picture
     this.drawnScale = 0;
     this.frame = 0;
     this.reducedMotion = matchMedia("(prefers-reduced-motion: reduce)");
-    this.gestures = new ViewGestures(this.stage, {
+    new ViewGestures(this.stage, {
       panBy: (x, y) => this.change(() => this.transform.panBy(x, y)),
       zoomAt: (x, y, factor, isImmediate) => (isImmediate
         ? this.change(() => this.transform.zoomAt(x, y, factor))
@@ -59,6 +62,8 @@ export class PictureView {
       points: new PointLayer(picture.points),
       disagreements: new DisagreementLayer(picture.disagreements ?? []),
     };
+    this.layers.disagreements.setSpacing(this.layers.points.spacing);
+    this.layers.arrows.setSpacing(this.layers.points.spacing);
     this.moving.append(...Object.values(this.layers).map((layer) => layer.group));
     this.transform.setImage(picture.width, picture.height);
     this.resize();
@@ -99,8 +104,15 @@ export class PictureView {
   }
 
   resize() {
-    this.transform.setView(this.stage.clientWidth, this.stage.clientHeight);
+    this.measure();
     this.requestDraw();
+  }
+
+  measure() {
+    const { clientWidth, clientHeight } = this.stage;
+    if (clientWidth !== this.transform.viewWidth || clientHeight !== this.transform.viewHeight) {
+      this.transform.setView(clientWidth, clientHeight);
+    }
   }
 
   /** A move at once, which ends one under way. */
@@ -128,11 +140,22 @@ export class PictureView {
   }
 
   zoomIn() {
-    this.gestures.zoomMiddle(true);
+    this.zoomBy(STEP_ZOOM);
   }
 
   zoomOut() {
-    this.gestures.zoomMiddle(false);
+    this.zoomBy(1 / STEP_ZOOM);
+  }
+
+  /** Zooms about the point that is selected, where it is in view, else about the middle. */
+  zoomBy(factor) {
+    const { points } = this.layers;
+    const selected = points?.points[points.selected];
+    const { viewWidth, viewHeight } = this.transform;
+    const place = selected ? this.transform.toScreen(selected.x, selected.y) : [-1, -1];
+    const isInView = place[0] >= 0 && place[1] >= 0 && place[0] < viewWidth && place[1] < viewHeight;
+    const [x, y] = isInView ? place : [viewWidth / 2, viewHeight / 2];
+    this.slideTo(() => this.transform.zoomAt(x, y, factor));
   }
 
   fit() {
@@ -148,9 +171,8 @@ export class PictureView {
   /** Moves only when the place is not in view. */
   uncover(x, y) {
     const [screenX, screenY] = this.transform.toScreen(x, y);
-    const margin = 24;
-    if (screenX < margin || screenY < margin || screenX > this.transform.viewWidth - margin
-        || screenY > this.transform.viewHeight - margin) {
+    if (screenX < EDGE || screenY < EDGE || screenX > this.transform.viewWidth - EDGE
+        || screenY > this.transform.viewHeight - EDGE) {
       this.slideTo(() => this.transform.centreOn(x, y, this.transform.scale));
     }
   }
@@ -161,6 +183,7 @@ export class PictureView {
   }
 
   hover(screenX, screenY) {
+    this.pointer = screenX === null ? null : [screenX, screenY];
     if (screenX === null) {
       this.events.onHover(null, null, -1);
       return;
@@ -178,6 +201,7 @@ export class PictureView {
   }
 
   draw(time) {
+    this.measure();  // the observer tells a new size only after this frame
     this.advanceSlide(time);
     this.drawImage();
     const { scale, left, top } = this.transform;
@@ -187,6 +211,9 @@ export class PictureView {
       Object.values(this.layers).forEach((layer) => layer.rescale(scale));
     }
     Object.assign(this.overlay.dataset, { scale, left, top });
+    if (this.pointer) {
+      this.hover(...this.pointer);
+    }
     this.events.onMove();
     if (this.slide) {
       this.requestDraw();

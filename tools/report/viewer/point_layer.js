@@ -1,6 +1,6 @@
 // The points as vectors of constant size on the screen. What a point is shows in its shape: a ring
-// for a mark that was seen, a diamond for a doubtful one, a dashed square for a place that follows
-// from other points.
+// with a cross for a mark that was seen, a diamond for a doubtful one, an empty dashed square for a
+// place that follows from other points.
 
 import { svgElement } from "./element.js";
 import { isGuessed } from "./page_data.js";
@@ -8,16 +8,18 @@ import { isGuessed } from "./page_data.js";
 const RING_RADIUS = 7;      // screen px, as all lengths here
 const CROSS_REACH = 3;
 const SELECTED_RADIUS = 13;
-const COMFORTABLE = 24;     // between points; where they are closer, rings shrink
-const SMALLEST_RING = 0.45; // of the full size
-const LABEL_START = 26;     // between points that leaves room for a label of no letter
+const COMFORTABLE = 24;     // between points; where they are closer, marks shrink
+const SMALLEST_MARK = 0.45; // of the full size
+const LABEL_START = 21;     // between points that leaves room for a label of no letter
 const LETTER_WIDTH = 6.5;
+const LABEL_X = RING_RADIUS + 3;
+const CLEAR_OF_HALO = 5;    // that the selected point's label goes further
 const CROSS = `M${-CROSS_REACH} 0H${CROSS_REACH}M0 ${-CROSS_REACH}V${CROSS_REACH}`;
 
 function outline(kind, className) {
   if (kind === "filled" || kind === "predicted") {
-    const side = 2 * RING_RADIUS - 1;
-    return svgElement("rect", { class: className, x: -side / 2, y: -side / 2, width: side, height: side });
+    const half = RING_RADIUS + 1;
+    return svgElement("rect", { class: className, x: -half, y: -half, width: 2 * half, height: 2 * half });
   }
   if (kind === "doubtful") {
     const r = RING_RADIUS + 2;
@@ -28,11 +30,18 @@ function outline(kind, className) {
 
 /** A point's mark around the origin; also for the legend. */
 export function pointMark(kind) {
+  if (isGuessed({ kind })) {
+    return [outline(kind, "rim"), outline(kind, "ring guessed")];  // no cross where none was seen
+  }
   return [
     outline(kind, "rim"), svgElement("path", { class: "rim", d: CROSS }),
-    outline(kind, isGuessed({ kind }) ? "ring guessed" : "ring"),
-    svgElement("path", { class: "cross", d: CROSS }),
+    outline(kind, "ring"), svgElement("path", { class: "cross", d: CROSS }),
   ];
+}
+
+/** How much of their full size marks have that stand `apart` [screen px] from each other. */
+export function crowdedSize(apart) {
+  return Math.max(SMALLEST_MARK, Math.min(1, apart / COMFORTABLE));
 }
 
 /**
@@ -73,7 +82,7 @@ export class PointLayer {
     this.selected = -1;
     this.scale = 1;
     this.marks = points.map((point) => {
-      const label = svgElement("text", { class: "label", x: RING_RADIUS + 3, y: -RING_RADIUS });
+      const label = svgElement("text", { class: "label", x: LABEL_X, y: -RING_RADIUS });
       const mark = svgElement("g", {
         class: "point",
         "data-id": point.id,
@@ -106,7 +115,7 @@ export class PointLayer {
 
   rescale(scale) {
     this.scale = scale;
-    const size = Math.max(SMALLEST_RING, Math.min(1, this.spacing * scale / COMFORTABLE));
+    const size = crowdedSize(this.spacing * scale);
     this.points.forEach((point, i) => {
       const { mark, label } = this.marks[i];
       const place = `translate(${point.x * scale} ${point.y * scale}) scale(${size})`;
@@ -126,6 +135,7 @@ export class PointLayer {
     this.selected = index;
     this.halo.setAttribute("visibility", index < 0 ? "hidden" : "visible");
     this.marks[index]?.mark.classList.add("selected");
+    this.marks.forEach(({ label }, i) => label.setAttribute("x", LABEL_X + (i === index ? CLEAR_OF_HALO : 0)));
     this.rescale(this.scale);
   }
 

@@ -58,7 +58,7 @@ function colourLegend(scale, colourBy) {
       svgElement("linearGradient", { id: "legend-colours" }, ...stops),
       svgElement("rect", { width: 100, height: 10, fill: "url(#legend-colours)" })),
     element("div", { class: "ticks" }, element("span", {}, "0"), element("span", {}, `${half}`),
-      element("span", {}, `${scale.top} px`)),
+      element("span", {}, `${scale.top} px or more`)),
     element("figcaption", {}, `${COLOUR_NAMES[colourBy]}; grey: not known`));
 }
 
@@ -95,9 +95,11 @@ export function fillSettingsPanel(panel, { picture, scales, settings }, onChange
   };
 
   const colours = element("fieldset", {}, element("legend", {}, "Colour"),
-    ...["residual", "covariance"].map((name) => choice("colour", name, name, name === colourBy,
-      name === "residual" ? scales.hasResiduals : scales.hasCovariances,
-      () => refill(() => { settings.colourBy = name; }))),
+    ...["residual", "covariance"].map((name) => {
+      const isKnown = name === "residual" ? scales.hasResiduals : scales.hasCovariances;
+      return choice("colour", name, isKnown ? name : `${name} (not known)`, name === colourBy, isKnown,
+        () => refill(() => { settings.colourBy = name; }));
+    }),
     colourLegend(scales[colourBy], colourBy), shapeLegend(picture.points));
 
   const labels = element("fieldset", {}, element("legend", {}, "Label"),

@@ -52,7 +52,7 @@ export class StageStrip {
         element("div", { class: "caption" }, ...caption));
     }
     const button = element("button", { type: "button", "aria-label": `Enlarge ${stage.file}` },
-      element("img", { src: stage.address, alt: "", loading: "lazy" }));
+      element("img", { loading: "lazy", alt: "", src: stage.address }));
     button.addEventListener("click", () => this.enlarge(index));
     return element("li", {}, button, element("div", { class: "caption" }, ...caption));
   }

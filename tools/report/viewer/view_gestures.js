@@ -5,7 +5,6 @@ const WHEEL_STEP = 0.0016;      // zoom per wheel unit, as a natural logarithm
 const LINE_HEIGHT = 16;         // wheel units of a line, where a wheel counts lines
 const LARGEST_WHEEL = 240;      // wheel units of one event that are taken
 const PAN_KEY_STEP = 60;        // screen px
-const KEY_ZOOM = 1.4;
 const DOUBLE_CLICK_ZOOM = 2.5;
 
 /**
@@ -31,7 +30,7 @@ export class ViewGestures {
     stage.addEventListener("pointerdown", (event) => this.down(event));
     stage.addEventListener("pointermove", (event) => this.move(event));
     stage.addEventListener("pointerup", (event) => this.up(event));
-    stage.addEventListener("pointercancel", (event) => this.pointers.delete(event.pointerId));
+    stage.addEventListener("pointercancel", (event) => this.lift(event));
     stage.addEventListener("pointerleave", () => actions.hover(null, null));
     stage.addEventListener("dblclick", (event) => {
       const [x, y] = this.place(event);
@@ -105,13 +104,18 @@ export class ViewGestures {
   }
 
   up(event) {
-    if (!this.pointers.delete(event.pointerId)) {
+    if (!this.lift(event)) {
       return;
     }
-    this.stage.classList.remove("dragged");
     if (this.pointers.size === 0 && this.travelled <= CLICK_REACH) {
       this.actions.click(...this.place(event));
     }
+  }
+
+  // Whether it was down.
+  lift(event) {
+    this.stage.classList.remove("dragged");
+    return this.pointers.delete(event.pointerId);
   }
 
   key(event) {
@@ -128,11 +132,5 @@ export class ViewGestures {
       event.preventDefault();
       this.actions.panBy(...pan);
     }
-  }
-
-  /** Zooms about the middle of the view. */
-  zoomMiddle(isIn) {
-    this.actions.zoomAt(this.stage.clientWidth / 2, this.stage.clientHeight / 2,
-      isIn ? KEY_ZOOM : 1 / KEY_ZOOM, false);
   }
 }
