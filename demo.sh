@@ -22,11 +22,11 @@ echo "demo: 3/6 rendering a fisheye picture of a board of 9 x 9 marks"
 
 echo "demo: 4/6 detecting its points"
 "$quorvex" detect "$output/fisheye.png" --output "$output/points.csv" \
-  --overlay "$output/overlay.png" --diagnostics "$output/diagnostics"
+  --overlay "$output/overlay.png" --diagnostics "$output/diagnostics" --report "$output/report"
 
 echo "demo: 5/6 measuring its marks directly"
 "$quorvex" detect --precise "$output/fisheye.png" --output "$output/precise.csv" \
-  --overlay "$output/precise-overlay.png"
+  --overlay "$output/precise-overlay.png" --report "$output/precise-report"
 
 echo "demo: 6/6 comparing both with the truth"
 echo "the detection:"
@@ -41,3 +41,4 @@ echo
 echo "Look at $output/overlay.png: every point with its number, and the grid."
 echo "Look at $output/precise-overlay.png: the marks measured directly, with their covariances."
 echo "The pictures of each stage are in $output/diagnostics/."
+echo "Open $output/report/index.html in a browser: all of this on one page; $output/precise-report/index.html: of the direct detection."

@@ -33,6 +33,7 @@ for option in "$@"; do
     --extras)
       packages+=(
         libopencv-dev python3-opencv mrcal python3-distributed
+        chromium chromium-driver python3-selenium  # the report's page in a browser
         mmdebstrap dpkg-dev help2man) ;;  # Debian packages in a fresh Debian
     --packages) packages+=(dpkg-dev help2man python3-dev python3-numpy pybind11-dev) ;;
     --python) packages+=(python3-dev python3-numpy pybind11-dev) ;;

@@ -1,7 +1,6 @@
 #include "tools/report/data_uri.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "tools/pictures/jpeg_writer.h"
@@ -14,9 +13,11 @@ namespace {
 constexpr const char* kBase64Digits =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
-constexpr std::array<int, 3> kQualities{90, 80, 70};  // the last one's blocks begin to show
-constexpr double kShrinkMore = 0.95;  // the size in bytes falls slower than the number of pixels
-constexpr int kFewestPixels = 64;     // of the longer side
+constexpr int kBestQuality = 90;
+constexpr int kLeastQuality = 70;      // blocks begin to show
+constexpr double kShareAtLeast = 0.5;  // of the characters at the best quality; noise takes less
+constexpr double kShrinkMore = 0.95;   // the size in bytes falls slower than the number of pixels
+constexpr int kFewestPixels = 64;      // of the longer side
 
 }  // namespace
 
@@ -50,20 +51,23 @@ std::string PhotoUri(const Picture& picture, int quality) {
 }
 
 FittedPhoto FitPhoto(const Picture& picture, std::size_t characters) {
-  FittedPhoto photo{"", picture.width, picture.height};
-  for (const int quality : kQualities) {
-    photo.dataUri = PhotoUri(picture, quality);
-    if (photo.dataUri.size() <= characters || !WritesJpeg()) {
-      break;
-    }
+  FittedPhoto photo{PhotoUri(picture, kBestQuality), picture.width, picture.height};
+  if (photo.dataUri.size() <= characters) {
+    return photo;
+  }
+  const double room = static_cast<double>(characters);
+  // A guess, so that a large picture is not compressed once more than it need be.
+  double size = kShareAtLeast * static_cast<double>(photo.dataUri.size());
+  if (size <= room) {
+    photo.dataUri = PhotoUri(picture, kLeastQuality);
+    size = static_cast<double>(photo.dataUri.size());
   }
   while (photo.dataUri.size() > characters && std::max(photo.width, photo.height) > kFewestPixels) {
-    const double share =
-        static_cast<double>(characters) / static_cast<double>(photo.dataUri.size());
-    const double scale = kShrinkMore * std::sqrt(share);
+    const double scale = std::min(std::sqrt(room / size), 1.0) * kShrinkMore;
     const int longest = static_cast<int>(std::max(photo.width, photo.height) * scale);
     const Picture small = ShrinkToSide(picture, std::max(longest, kFewestPixels));
-    photo = {PhotoUri(small, kQualities.back()), small.width, small.height};
+    photo = {PhotoUri(small, kLeastQuality), small.width, small.height};
+    size = static_cast<double>(photo.dataUri.size());
   }
   return photo;
 }
