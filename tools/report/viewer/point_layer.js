@@ -93,6 +93,7 @@ export class PointLayer {
       this.group.append(mark);
       return { mark, label };
     });
+    this.labelled = [];
     this.group.append(this.halo);
   }
 
@@ -121,8 +122,12 @@ export class PointLayer {
       const place = `translate(${point.x * scale} ${point.y * scale}) scale(${size})`;
       mark.setAttribute("transform", place);
       const room = Math.min(this.spacings[i], this.spacing * 2) * scale;
-      const hasRoom = room >= LABEL_START + LETTER_WIDTH * label.textContent.length;
-      label.setAttribute("visibility", hasRoom || i === this.selected ? "visible" : "hidden");
+      const isLabelled = i === this.selected
+        || room >= LABEL_START + LETTER_WIDTH * label.textContent.length;
+      if (isLabelled !== this.labelled[i]) {
+        this.labelled[i] = isLabelled;
+        label.setAttribute("visibility", isLabelled ? "inherit" : "hidden");
+      }
       if (i === this.selected) {
         this.halo.setAttribute("transform", place);
       }
