@@ -49,7 +49,7 @@ export function crowdedSize(apart) {
  * has none.
  * @param {Point[]} points
  */
-export function pointSpacings(points) {
+function pointSpacings(points) {
   const byPlace = new Map(points.map((point) => [`${point.row},${point.col}`, point]));
   return points.map(({ row, col, x, y }) => {
     const around = [[row, col - 1], [row, col + 1], [row - 1, col], [row + 1, col]];
@@ -62,7 +62,7 @@ export function pointSpacings(points) {
 }
 
 /** The middle one of the finite spacings, or a guess for points without neighbours. */
-export function middleSpacing(spacings) {
+function middleSpacing(spacings) {
   const finite = spacings.filter(Number.isFinite).sort((a, b) => a - b);
   return finite.length ? finite[Math.floor(finite.length / 2)] : 100;
 }
