@@ -141,6 +141,18 @@ class ReportPage:
         ActionChains(self.browser).move_to_element(stage).click_and_hold().move_by_offset(dx, dy).release().perform()
         self.rest()
 
+    def double_click(self, x: float, y: float) -> None:
+        self.point_at(x, y)
+        ActionChains(self.browser).double_click().perform()
+        self.rest()
+
+    def touch(self, kind: str, places: list) -> None:
+        """Fingers at places of the view."""
+        left, top = self.script("const b = document.querySelector('#stage').getBoundingClientRect();"
+                                "return [b.x, b.y]")
+        self.browser.execute_cdp_cmd("Input.dispatchTouchEvent", {
+            "type": kind, "touchPoints": [{"x": left + x, "y": top + y, "id": i} for i, (x, y) in enumerate(places)]})
+
     def names(self) -> list:
         """The names in the rows that are shown, in their order."""
         return self.script("return [...document.querySelectorAll('#pictures tr[data-picture]')]"

@@ -312,3 +312,26 @@ def test_keys_zoom_about_the_selected_point(several, open_page):
     page.press("+")
     page.rest()
     assert math.dist(page.centres()[(1, 0, 0, "seen")], first) < TOLERANCE
+
+
+def test_double_click_zooms_at_the_pointer(several, open_page):
+    page = open_page(several.page, "#picture=0")
+    scale = page.view()["scale"]
+    x, y = page.centres()[(1, 0, 0, "seen")]
+    page.double_click(x, y)
+    assert page.view()["scale"] == pytest.approx(2.5 * scale)
+    assert math.dist(page.centres()[(1, 0, 0, "seen")], (x, y)) < 2 * 2.5  # the pointer is up to a pixel beside it
+
+
+def test_two_fingers_zoom_and_move(several, open_page):
+    page = open_page(several.page, "#picture=0")
+    scale = page.view()["scale"]
+    x, y = page.centres()[(20, 2, 3, "seen")]
+    for step in range(6):
+        reach = 40 + 16 * step
+        page.touch("touchStart" if step == 0 else "touchMove", [(x - reach, y + 5 * step), (x + reach, y + 5 * step)])
+    page.touch("touchEnd", [])
+    page.rest()
+    assert page.view()["scale"] == pytest.approx(3 * scale, rel=0.02)
+    assert math.dist(page.centres()[(20, 2, 3, "seen")], (x, y + 25)) < 4
+    assert page.find("#copy-point").is_enabled() is False, "a pinch is no click"

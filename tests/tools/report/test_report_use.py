@@ -136,7 +136,7 @@ def test_selected_point_is_copied_as_the_list_has_it(several, open_page):
     page = open_page(several.page, "#picture=1")
     lines = several.csv_of("gaps.png", "-q").decode().split("\n")
     assert not page.find("#copy-point").is_enabled()
-    (key, (x, y)) = list(page.centres().items())[40]
+    (key, (x, y)) = list(page.centres().items())[41]
     box = page.script("const b = document.querySelector('#stage').getBoundingClientRect(); return [b.x, b.y]")
     page.script("document.elementFromPoint(arguments[0], arguments[1]).focus()", box[0] + x, box[1] + y)
     page.wheel(x, y, -100)
@@ -146,7 +146,7 @@ def test_selected_point_is_copied_as_the_list_has_it(several, open_page):
         "type": "mouseReleased", "x": box[0] + x, "y": box[1] + y, "button": "left", "clickCount": 1})
     assert page.script("return document.querySelector('#overlay .selected').dataset.id") == str(key[0])
     page.click("#copy-point")
-    expected = lines[41].rsplit(",", 1)[0]
+    expected = lines[42].rsplit(",", 1)[0]
     page.until(lambda: page.text("#copy-report") == f"copied {expected}")
     page.click("#to-table")
     page.find("#text-filter").send_keys(Keys.CONTROL, "v")

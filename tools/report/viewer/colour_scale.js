@@ -7,8 +7,8 @@ const ANCHORS = [
 ];
 const DARK_PART = 0.5;  // of the scale; those colours get a light rim
 
-/** Colour of the points that have no value. */
-export const NO_VALUE_COLOUR = "rgb(225 225 225)";
+// Of points that have no value.
+const NO_VALUE_COLOUR = "rgb(225 225 225)";
 
 function colourAt(part) {
   const place = Math.min(1, Math.max(0, part)) * (ANCHORS.length - 1);
@@ -18,8 +18,8 @@ function colourAt(part) {
   return `rgb(${mix.join(" ")})`;
 }
 
-/** The smallest of 1, 2, 5, 10, ... times a power of ten that is not below the value. */
-export function roundUp(value) {
+// The smallest of 1, 2, 5, 10, ... times a power of ten that is not below the value.
+function roundUp(value) {
   const power = 10 ** Math.floor(Math.log10(value));
   const step = [1, 2, 5, 10].find((candidate) => candidate * power >= value * (1 - 1e-9));
   return Number((step * power).toPrecision(1));

@@ -143,9 +143,9 @@ export class PicturePage {
     layers.points.setLabels(settings.label);
     layers.arrows.setMagnification(settings.arrows ?? scales.arrows);
     layers.ellipses.setMagnification(settings.ellipses ?? scales.ellipses);
-    for (const [name, layer] of Object.entries(layers)) {
+    for (const name of Object.keys(layers)) {
       const isShown = !settings.hidden.has(name) && (name !== "ellipses" || colourBy === "covariance");
-      layer.group.setAttribute("display", isShown ? "inline" : "none");
+      this.view.showLayer(name, isShown);
     }
     this.view.requestDraw();
   }

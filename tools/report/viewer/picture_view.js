@@ -28,6 +28,7 @@ export class PictureView {
     this.moving = svgElement("g");
     this.overlay.append(this.moving);
     this.layers = {};
+    this.hidden = new Set();  // names of layers, whose sizes are left alone
     this.levels = null;
     this.shown = 0;  // counts the pictures, so that one that comes late is dropped
     this.slide = null;
@@ -87,6 +88,15 @@ export class PictureView {
     }
     if (turn === this.shown) {
       this.message.hidden = false;
+    }
+  }
+
+  showLayer(name, isShown) {
+    const layer = this.layers[name];
+    layer.group.setAttribute("display", isShown ? "inline" : "none");
+    this.hidden[isShown ? "delete" : "add"](name);
+    if (isShown) {
+      layer.rescale(this.transform.scale);
     }
   }
 
@@ -208,7 +218,9 @@ export class PictureView {
     this.moving.setAttribute("transform", `translate(${left} ${top})`);
     if (scale !== this.drawnScale) {
       this.drawnScale = scale;
-      Object.values(this.layers).forEach((layer) => layer.rescale(scale));
+      Object.entries(this.layers)
+        .filter(([name]) => !this.hidden.has(name))
+        .forEach(([, layer]) => layer.rescale(scale));
     }
     Object.assign(this.overlay.dataset, { scale, left, top });
     if (this.pointer) {

@@ -49,7 +49,7 @@ export function crowdedSize(apart) {
  * has none.
  * @param {Point[]} points
  */
-export function pointSpacings(points) {
+function pointSpacings(points) {
   const byPlace = new Map(points.map((point) => [`${point.row},${point.col}`, point]));
   return points.map(({ row, col, x, y }) => {
     const around = [[row, col - 1], [row, col + 1], [row - 1, col], [row + 1, col]];
@@ -62,7 +62,7 @@ export function pointSpacings(points) {
 }
 
 /** The middle one of the finite spacings, or a guess for points without neighbours. */
-export function middleSpacing(spacings) {
+function middleSpacing(spacings) {
   const finite = spacings.filter(Number.isFinite).sort((a, b) => a - b);
   return finite.length ? finite[Math.floor(finite.length / 2)] : 100;
 }
@@ -93,6 +93,7 @@ export class PointLayer {
       this.group.append(mark);
       return { mark, label };
     });
+    this.labelled = [];
     this.group.append(this.halo);
   }
 
@@ -121,8 +122,12 @@ export class PointLayer {
       const place = `translate(${point.x * scale} ${point.y * scale}) scale(${size})`;
       mark.setAttribute("transform", place);
       const room = Math.min(this.spacings[i], this.spacing * 2) * scale;
-      const hasRoom = room >= LABEL_START + LETTER_WIDTH * label.textContent.length;
-      label.setAttribute("visibility", hasRoom || i === this.selected ? "visible" : "hidden");
+      const isLabelled = i === this.selected
+        || room >= LABEL_START + LETTER_WIDTH * label.textContent.length;
+      if (isLabelled !== this.labelled[i]) {
+        this.labelled[i] = isLabelled;
+        label.setAttribute("visibility", isLabelled ? "inherit" : "hidden");
+      }
       if (i === this.selected) {
         this.halo.setAttribute("transform", place);
       }

@@ -16,12 +16,14 @@ const KIND_NAMES = {
   filled: "filled in, no mark seen",
   predicted: "predicted, no mark seen",
 };
+const LABEL_NAMES = { id: "id", place: "row,column", none: "none" };
+const LAYER_LINES = { rows: "row-curves", columns: "column-curves", arrows: "arrows", ellipses: "ellipses" };
 const LAYER_NAMES = {
   points: "points",
   rows: "row curves",
   columns: "column curves",
-  arrows: "arrows of residuals",
-  ellipses: "covariance ellipses",
+  arrows: "residual arrows",
+  ellipses: "ellipses",
   disagreements: "disagreements",
 };
 
@@ -70,67 +72,77 @@ function shapeLegend(points) {
     KIND_NAMES[kind])));
 }
 
+function colourChoice({ picture, scales, settings }, onChoose) {
+  const colourBy = scales.colourBy(settings);
+  const choices = ["residual", "covariance"].map((name) => {
+    const isKnown = name === "residual" ? scales.hasResiduals : scales.hasCovariances;
+    const text = isKnown ? name : `${name} (not known)`;
+    return choice("colour", name, text, name === colourBy, isKnown, onChoose);
+  });
+  return element("fieldset", {}, element("legend", {}, "Colour"), ...choices,
+    colourLegend(scales[colourBy], colourBy), shapeLegend(picture.points));
+}
+
+function labelChoice({ settings }, onChoose) {
+  return element("fieldset", {}, element("legend", {}, "Label"),
+    ...Object.entries(LABEL_NAMES).map(([name, text]) => (
+      choice("label", name, text, name === settings.label, true, onChoose))));
+}
+
+// What the layer's lines look like.
+function layerSample(name) {
+  const line = LAYER_LINES[name];
+  return line ? svgElement("svg", { viewBox: "0 0 24 12", class: "sample", "aria-hidden": "true" },
+    svgElement("g", { class: line }, svgElement("path", { class: "ink", d: "M0 6H24" }))) : "";
+}
+
+function layerChoice({ settings }, names, onToggle) {
+  return element("fieldset", { class: "layers" }, element("legend", {}, "Layers"), ...names.map((name) => {
+    const box = element("input", { type: "checkbox", value: name, checked: !settings.hidden.has(name) });
+    box.addEventListener("change", () => onToggle(name, box.checked));
+    return element("label", {}, box, LAYER_NAMES[name], layerSample(name));
+  }));
+}
+
 /**
  * Fills the panel for one picture.
  * @param {HTMLElement} panel
  * @param {{picture: Object, scales: PictureScales, settings: ViewSettings}} shown
  * @param {function()} onChange
  */
-export function fillSettingsPanel(panel, { picture, scales, settings }, onChange) {
+export function fillSettingsPanel(panel, shown, onChange) {
+  const { picture, scales, settings } = shown;
   if (picture.points.length === 0) {
     panel.replaceChildren();
     return;
   }
+  const set = (name) => (value) => {
+    settings[name] = value;
+    onChange();
+  };
   const colourBy = scales.colourBy(settings);
-  const set = (change) => () => {
-    change();
-    onChange();
-  };
-  const refill = (change) => {
-    change();
-    const focused = document.activeElement?.value;
-    fillSettingsPanel(panel, { picture, scales, settings }, onChange);
-    panel.querySelector(`input[value="${focused}"]`)?.focus();
-    onChange();
-  };
-
-  const colours = element("fieldset", {}, element("legend", {}, "Colour"),
-    ...["residual", "covariance"].map((name) => {
-      const isKnown = name === "residual" ? scales.hasResiduals : scales.hasCovariances;
-      return choice("colour", name, isKnown ? name : `${name} (not known)`, name === colourBy, isKnown,
-        () => refill(() => { settings.colourBy = name; }));
-    }),
-    colourLegend(scales[colourBy], colourBy), shapeLegend(picture.points));
-
-  const labels = element("fieldset", {}, element("legend", {}, "Label"),
-    ...[["id", "id"], ["place", "row,column"], ["none", "none"]].map(([name, text]) => (
-      choice("label", name, text, name === settings.label, true,
-        () => set(() => { settings.label = name; })()))));
-
-  const possible = {
+  const isPossible = {
     arrows: scales.hasResiduals,
     ellipses: colourBy === "covariance",
     disagreements: (picture.disagreements ?? []).length > 0,
   };
-  const layers = element("fieldset", { class: "layers" }, element("legend", {}, "Layers"),
-    ...Object.keys(LAYER_NAMES).filter((name) => possible[name] ?? true).map((name) => {
-      const box = element("input", {
-        type: "checkbox", value: name, checked: !settings.hidden.has(name),
-      });
-      box.addEventListener("change", set(() => {
-        settings.hidden[box.checked ? "delete" : "add"](name);
-      }));
-      return element("label", {}, box, LAYER_NAMES[name]);
-    }));
+  const layers = Object.keys(LAYER_NAMES).filter((name) => isPossible[name] ?? true);
+  const sliders = [
+    ["arrows", "arrow-size", "Arrows enlarged", ARROW_STEPS],
+    ["ellipses", "ellipse-size", "Ellipses enlarged", ELLIPSE_STEPS],
+  ].filter(([name]) => isPossible[name]);
 
-  const sliders = [];
-  if (possible.arrows) {
-    sliders.push(slider("arrow-size", "Arrows enlarged", ARROW_STEPS,
-      settings.arrows ?? scales.arrows, (value) => set(() => { settings.arrows = value; })()));
-  }
-  if (possible.ellipses) {
-    sliders.push(slider("ellipse-size", "Ellipses enlarged", ELLIPSE_STEPS,
-      settings.ellipses ?? scales.ellipses, (value) => set(() => { settings.ellipses = value; })()));
-  }
-  panel.replaceChildren(colours, labels, layers, ...sliders);
+  panel.replaceChildren(
+    colourChoice(shown, (name) => {
+      set("colourBy")(name);
+      fillSettingsPanel(panel, shown, onChange);
+      panel.querySelector(`input[value="${name}"]`).focus();
+    }),
+    labelChoice(shown, set("label")),
+    layerChoice(shown, layers, (name, isOn) => {
+      settings.hidden[isOn ? "delete" : "add"](name);
+      onChange();
+    }),
+    ...sliders.map(([name, id, text, steps]) => (
+      slider(id, text, steps, settings[name] ?? scales[name], set(name)))));
 }
