@@ -20,10 +20,13 @@ small() { /usr/bin/python3 "$here/scripts/site/doc_picture.py" "$@"; }
 quorvex render --preset fisheye --output board.png
 quorvex detect board.png --output points.csv --overlay found.png --diagnostics healthy
 quorvex detect board.png --precise --output precise.csv --overlay precise.png
-small found.png "$folder/found.jpg" --crop 224,220,1680,1660 --by 4
+small found.png "$folder/found.jpg" --crop 224,220,1660,1660 --by 4
 small found.png "$folder/found-near.jpg" --crop 440,280,460,300
 small precise.png "$folder/precise-near.jpg" --crop 440,280,460,300
 small board.png "$folder/board.jpg" --by 6
+quorvex render --preset dropped --output gaps.png
+quorvex detect gaps.png --output gaps.csv --overlay gaps-overlay.png
+small gaps-overlay.png "$folder/filled-near.jpg" --crop 580,360,460,300
 small board.png "$folder/icon.png" --crop 946,946,244,244 --by 8 --levels 4
 
 # The pictures of the stages: whole ones at an eighth, patches as they are.

@@ -9,7 +9,7 @@ trap 'echo "site: failed (line $LINENO)" >&2' ERR
 scripts/setup.sh --site
 
 echo "site: the pages"
-PYTHONDONTWRITEBYTECODE=1 mkdocs build --quiet --strict --clean --site-dir "$site"
+said=$(PYTHONDONTWRITEBYTECODE=1 mkdocs build --strict --clean --site-dir "$site" 2>&1) || { echo "$said" >&2; false; }
 { printf 'const searchIndex = '; cat "$site/search/search_index.json"; printf ';\n'
   cat scripts/site/from_folder.js; } >"$site/search/from_folder.js"
 

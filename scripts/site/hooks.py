@@ -21,8 +21,8 @@ def on_files(files, config):
 
 
 def doxygen_page(header: str) -> str:
-    """The name that doxygen gives the page of a header."""
-    return header.replace("_", "__") + "_8h.html"
+    """The name that doxygen gives the page of a header; what the record's header has is the record."""
+    return "structCalibrationPoint.html" if header == "calibration_point" else header.replace("_", "__") + "_8h.html"
 
 
 def on_page_markdown(markdown, page, config, files):
