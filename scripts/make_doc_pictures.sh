@@ -2,7 +2,8 @@
 # Makes the pictures of the pages from what the command and the detector's stages give, docs/pictures/. Needs the
 # release build with its tests, and OpenCV for Python (scripts/setup.sh --extras).
 #   make_doc_pictures.sh [FOLDER]    FOLDER takes the place of docs/pictures
-# QUORVEX_BUILD is the build, build/release if not given. The same sources give the same pixels.
+# QUORVEX_BUILD is the build, build/release if not given; PYTHON the Python, /usr/bin/python3 if not given. The same
+# sources give the same pixels.
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 folder=$(realpath --canonicalize-missing "${1:-$here/docs/pictures}")
@@ -14,7 +15,7 @@ mkdir -p "$folder"
 cd "$scratch"
 
 quorvex() { "$build/quorvex" "$@" --quiet; }
-small() { /usr/bin/python3 "$here/scripts/site/doc_picture.py" "$@"; }
+small() { "${PYTHON:-/usr/bin/python3}" "$here/scripts/site/doc_picture.py" "$@"; }
 
 # What is found, whole and near.
 quorvex render --preset fisheye --output board.png
@@ -30,14 +31,17 @@ small gaps-overlay.png "$folder/filled-near.jpg" --crop 580,360,460,300
 small board.png "$folder/icon.png" --crop 946,946,244,244 --by 8 --levels 4
 
 # The pictures of the stages: whole ones at an eighth, patches as they are.
-for name in ProImage Binarization Dilation SRegion Mask Region Sobel Eliminate; do
+for name in ProImage Region; do
+  small "healthy/$name.bmp" "$folder/stage-$name.png" --by 8 --levels 52
+done
+for name in Binarization Dilation SRegion Mask Sobel Eliminate; do
   small "healthy/$name.bmp" "$folder/stage-$name.png" --by 8 --levels 16
 done
 for name in Contour; do
   small "healthy/$name.bmp" "$folder/stage-$name.png" --by 8 --levels 16 --brightest
 done
 for name in CrossMarkRegion Sauvola Thining Lines LineSegment; do
-  small "healthy/$name.bmp" "$folder/stage-$name.png" --levels 16
+  small "healthy/$name.bmp" "$folder/stage-$name.png" --levels 52
 done
 
 # The same of pictures that are not as they should be. The detection may fail.
@@ -69,7 +73,7 @@ for row in {0..6}; do absent+=(--missing "$row,6"); done
 quorvex render --preset tilted "${absent[@]}" --output tilted.bmp
 "$build/tests/direct_stages" tilted.bmp >stages.csv
 for show in candidate,arm link seed grown measured; do
-  small tilted.bmp "$folder/direct-${show%%,*}.png" --by 4 --levels 16 --stages stages.csv --show "$show"
+  small tilted.bmp "$folder/direct-${show%%,*}.jpg" --by 4 --stages stages.csv --show "$show"
 done
 quorvex detect tilted.bmp --precise --predict --output predicted.csv --overlay predicted.png
 small predicted.png "$folder/direct-predicted.jpg" --by 4
