@@ -1,4 +1,5 @@
-// The public name of the record that the library and its host exchange.
+/// @file
+/// The public name of the record that the library and its host exchange.
 #ifndef QUORVEX_INTERFACE_CALIBRATION_POINT_H_
 #define QUORVEX_INTERFACE_CALIBRATION_POINT_H_
 

@@ -3,6 +3,7 @@
 #   scripts/setup.sh             what building needs
 #   scripts/setup.sh --tests     and what the tests need
 #   scripts/setup.sh --extras    and what ./test.sh --extras needs beyond these
+#   scripts/setup.sh --site      and what the documentation's site is built with
 #   scripts/setup.sh --python    and what the Python module is built with
 #   scripts/setup.sh --clang     and the second compiler, its sanitizers and their symbolizer
 #   scripts/setup.sh --windows   and the Windows build, and Wine to run it
@@ -34,7 +35,9 @@ for option in "$@"; do
       packages+=(
         libopencv-dev python3-opencv mrcal python3-distributed
         chromium chromium-driver python3-selenium  # the report's page in a browser
+        mkdocs mkdocs-material doxygen    # the pages as a site
         mmdebstrap dpkg-dev help2man) ;;  # Debian packages in a fresh Debian
+    --site) packages+=(mkdocs mkdocs-material doxygen) ;;
     --packages) packages+=(dpkg-dev help2man python3-dev python3-numpy pybind11-dev) ;;
     --python) packages+=(python3-dev python3-numpy pybind11-dev) ;;
     --clang) packages+=(clang libclang-rt-14-dev llvm) ;;

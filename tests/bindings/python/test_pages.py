@@ -8,7 +8,7 @@ import pytest
 from conftest import SOURCES, run_command
 
 
-@pytest.mark.parametrize("page", ["README.md", "docs/python.md"])
+@pytest.mark.parametrize("page", ["docs/python.md"])
 def test_the_example_with_opencv_runs(page, empty_folder):
     text = (SOURCES / page).read_text(encoding="utf-8")
     examples = re.findall(r"^```python\n(.*?)^```", text, re.MULTILINE | re.DOTALL)
