@@ -16,7 +16,7 @@ struct StagePicture {
   bool isPatch = false;  // of the whole picture's size, but black beyond the last mark examined
 };
 
-// In the order of the stages; docs/diagnostic-pictures.md has the same words.
+// In the order of the stages; docs/diagnostic-pictures.md has the same words below its headings.
 constexpr StagePicture kStagePictures[] = {
     {"ProImage.bmp", "the input", "the picture as the library received it"},
     {"Binarization.bmp", "levels below 80 are black",
