@@ -3,7 +3,7 @@
 #   ./test.sh                       the release build, all tests
 #   ./test.sh PRESET...             other builds of CMakePresets.json, for example: ./test.sh clang-sanitize
 #   ./test.sh --extras              the tests of the release build that need heavy packages: OpenCV, mrcal, Dask,
-#                                   a browser, a fresh Debian to install in
+#                                   a browser, a fresh Debian to install in; and all that the pages tell one to type
 #   ./test.sh --windows             the Windows build, made with MinGW-w64 and run with Wine, all tests
 #   ./test.sh --outputs PRESET...   whole detections only: their outputs are the same in every build
 set -euo pipefail

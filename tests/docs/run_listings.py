@@ -16,6 +16,7 @@ page, too.
 
 A block that cannot run here has <!-- not run: REASON --> before it. All of these are printed."""
 
+import importlib.util
 import os
 import re
 import shlex
@@ -144,11 +145,31 @@ def run_page(path: Path) -> list:
     return [f"{path}: {fault}" for fault in faults]
 
 
+def has_module(name: str) -> bool:
+    return importlib.util.find_spec(name) is not None
+
+
+# What a listing uses beyond the build: the text that shows it, what to look for, the Debian package.
+NEEDS = [
+    ("convert ", lambda: shutil.which("convert"), "imagemagick"),
+    ("mrcal-", lambda: shutil.which("mrcal-calibrate-cameras"), "mrcal"),
+    ("pkg-config", lambda: shutil.which("pkg-config"), "pkg-config"),
+    ("import cv2", lambda: has_module("cv2"), "python3-opencv"),
+    ("detect_folder.py", lambda: has_module("distributed") and has_module("cv2"), "python3-distributed"),
+    ("examples/calibrate", lambda: (BUILD / "examples" / "calibrate_camera").exists(), "libopencv-dev, for the build,"),
+]
+
+
+def missing_package(path: Path) -> str:
+    text = "".join(block.text for block in read_page(path).blocks if not block.reason)
+    return next((package for sign, isThere, package in NEEDS if sign in text and not isThere()), "")
+
+
 def main() -> int:
-    needs = {"g++": "g++", "/usr/bin/python3": "python3"}
-    for program, package in needs.items():
-        if not shutil.which(program):
-            print(f"Skipped: {package} is not installed")
+    for page in sys.argv[1:]:
+        missing = missing_package(Path(page))
+        if missing:
+            print(f"Skipped: {missing} is not installed")
             return 77
     faults = [fault for page in sys.argv[1:] for fault in run_page(Path(page))]
     for fault in faults:
