@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <map>
 #include <utility>
 
@@ -24,7 +25,7 @@ Step StepBetween(const precise::Mark& mark, const ListedPoint& point) {
   return {point.row - mark.row, point.col - mark.column};
 }
 
-// Of several that are as common the first.
+// Of several that are as common the shortest one, so that as few labels as can be look strange.
 Step MostCommonStep(const std::vector<Pair>& pairs) {
   std::map<Step, int> counts;
   for (const Pair& pair : pairs) {
@@ -35,7 +36,10 @@ Step MostCommonStep(const std::vector<Pair>& pairs) {
   Step common{0, 0};
   int most = 0;
   for (const auto& [step, count] : counts) {
-    if (count > most) {
+    const auto [rows, columns] = step;
+    const int length = std::abs(rows) + std::abs(columns);
+    if (count > most ||
+        (count == most && length < std::abs(common.first) + std::abs(common.second))) {
       most = count;
       common = step;
     }

@@ -69,6 +69,17 @@ TEST_F(DetectionCheckTest, TellsWhatTheLabelShouldBe) {
   EXPECT_EQ(all[0].listed->col, 3);
 }
 
+TEST_F(DetectionCheckTest, OfTwoHalvesTheOneThatCountsAsTheMarksIsRight) {
+  for (std::size_t i = 0; i < points.size() / 2; ++i) {
+    points[i].row += 1;
+  }
+  EXPECT_EQ(Check().disagreements.at(0).mark->row, 0);
+  for (ListedPoint& point : points) {
+    point.row -= 1;
+  }
+  EXPECT_EQ(Check().disagreements.at(0).mark->row, 2);
+}
+
 TEST_F(DetectionCheckTest, TellsWhichMarksWereLostAndWhichPointsAreOff) {
   points[4].x += 3;
   points.erase(points.begin());
