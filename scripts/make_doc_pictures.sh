@@ -60,7 +60,7 @@ sick thick --stroke 2
 sick turned --rotation 40
 sick shifted --shift-x 90
 sick centred --shift-x 0 --shift-y 0
-small noisy/Binarization.bmp "$folder/sick-Binarization.png" --by 8 --levels 16
+small noisy/Binarization.bmp "$folder/sick-Binarization.png" --crop 150,150,512,512 --by 2 --levels 4
 small thick/Eliminate.bmp "$folder/sick-Eliminate.png" --by 8 --levels 16
 small uneven/Binarization.bmp "$folder/sick-Binarization-uneven.png" --by 8 --levels 16
 small noisy/Sobel.bmp "$folder/sick-Sobel.png" --by 8 --levels 16
