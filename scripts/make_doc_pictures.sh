@@ -19,14 +19,14 @@ small() { "${PYTHON:-/usr/bin/python3}" "$here/scripts/site/doc_picture.py" "$@"
 
 # What is found, whole and near.
 quorvex render --preset fisheye --output board.png
-quorvex detect board.png --output points.csv --overlay found.png --diagnostics healthy
+quorvex detect board.png --no-check --output points.csv --overlay found.png --diagnostics healthy
 quorvex detect board.png --precise --output precise.csv --overlay precise.png
 small found.png "$folder/found.jpg" --crop 224,220,1660,1660 --by 4
 small found.png "$folder/found-near.jpg" --crop 440,280,460,300
 small precise.png "$folder/precise-near.jpg" --crop 440,280,460,300
 small board.png "$folder/board.jpg" --by 6
 quorvex render --preset dropped --output gaps.png
-quorvex detect gaps.png --output gaps.csv --overlay gaps-overlay.png
+quorvex detect gaps.png --no-check --output gaps.csv --overlay gaps-overlay.png
 small gaps-overlay.png "$folder/filled-near.jpg" --crop 580,360,460,300
 small board.png "$folder/icon.png" --crop 946,946,244,244 --by 8 --levels 4
 
@@ -49,7 +49,7 @@ sick() { # NAME PICTURE-OPTION...
   local name=$1
   shift
   quorvex render --preset fisheye "$@" --output "$name.png"
-  quorvex detect "$name.png" --no-check --output "$name-points.csv" --overlay "$name-overlay.png" --diagnostics "$name" 2>/dev/null || true
+  quorvex detect "$name.png" --no-check --output "$name-points.csv" --diagnostics "$name" 2>/dev/null || true
   small "$name.png" "$folder/bad-$name.jpg" --by 8
 }
 sick dark --board-level 60
@@ -60,11 +60,12 @@ sick thick --stroke 2
 sick turned --rotation 40
 sick shifted --shift-x 90
 sick centred --shift-x 0 --shift-y 0
-small noisy/Binarization.bmp "$folder/sick-Binarization.png" --by 8 --levels 16
+small noisy/Binarization.bmp "$folder/sick-Binarization.png" --crop 150,150,512,512 --by 2 --levels 4
 small thick/Eliminate.bmp "$folder/sick-Eliminate.png" --by 8 --levels 16
 small uneven/Binarization.bmp "$folder/sick-Binarization-uneven.png" --by 8 --levels 16
 small noisy/Sobel.bmp "$folder/sick-Sobel.png" --by 8 --levels 16
 small blurred/CrossMarkRegion.bmp "$folder/sick-CrossMarkRegion.png" --levels 16
+quorvex detect shifted.png --no-check --output shifted-points.csv --overlay shifted-overlay.png
 small shifted-overlay.png "$folder/bad-shifted-found.jpg" --crop 0,200,2040,1840 --by 5
 
 # The stages of the direct detection, of a board whose column 6 is not printed.

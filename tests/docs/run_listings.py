@@ -61,7 +61,8 @@ def file_lines(block: Block, stem: Path, later: str, faults: list) -> str:
         if block.text not in original.read_text(encoding="utf-8"):
             faults.append(f"line {block.line}: {block.title} does not have these lines")
         return ""
-    if Path(block.title).name not in later:
+    user = Path(block.title).parent if block.title.endswith("CMakeLists.txt") else Path(block.title)
+    if user.name not in later:
         faults.append(f"line {block.line}: no later block uses {block.title}")
     stem.write_text(block.text, encoding="utf-8")
     return f"mkdir -p {shlex.quote(os.path.dirname(block.title) or '.')}\ncp {stem} {shlex.quote(block.title)}\n"
