@@ -78,7 +78,7 @@ def hundred(pictures, tmp_path_factory):
     for i, name in enumerate(names):
         source = {10: "dark.png", 20: "tilted.png", 30: "gaps.png"}.get(i, "whole.png")
         (folder / name).symlink_to(pictures / source)
-    return Run(folder, names, expected=1)
+    return Run(folder, names, "-j", "2", expected=1)
 
 
 @pytest.fixture(scope="session")

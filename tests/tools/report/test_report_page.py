@@ -194,9 +194,9 @@ def test_disagreements_are_marked_and_listed(several, open_page):
 
 def test_arrows_have_the_chosen_magnification(several, open_page):
     page = open_page(several.page, "#picture=0")
-    length = ("return Math.max(...[...document.querySelectorAll('#overlay .arrows .ink')].map((p) => {"
-              "const [, x, y] = /^M0 0L(\\S+) ([^M]+)M/.exec(p.getAttribute('d')) ?? [0, 0, 0];"
-              "return Math.hypot(x, y); }))")
+    length = ("const shafts = document.querySelector('#overlay .arrows .ink').getAttribute('d')"
+              ".matchAll(/M(\\S+) (\\S+)L(\\S+) ([^ML]+)M/g);"
+              "return Math.max(...[...shafts].map(([, x, y, tipX, tipY]) => Math.hypot(tipX - x, tipY - y)))")
     worst = float(page.text("#picture-figures").split("worst residual ")[1].split(" ")[0])
     chosen = int(page.text("#arrow-size ~ output").rstrip("\u00d7"))
     assert page.script(length) == pytest.approx(worst * chosen * page.view()["scale"], rel=0.02)
@@ -221,7 +221,8 @@ def test_colour_by_covariance_has_ellipses_and_a_legend(precise, open_page):
     xx, xy, yy = (float(row[name]) for name in ("cxx", "cxy", "cyy"))
     longer = math.sqrt((xx + yy) / 2 + math.hypot((xx - yy) / 2, xy))
     times = int(page.text("#ellipse-size ~ output").rstrip("\u00d7"))
-    radius = float(page.script("return document.querySelector('#overlay .ellipses .ink').getAttribute('rx')"))
+    radius = float(page.script("return /a(\\S+) /.exec("
+                               "document.querySelector('#overlay .ellipses .ink').getAttribute('d'))[1]"))
     assert radius == pytest.approx(longer * times * page.view()["scale"], rel=0.01)
     assert page.script(shown)
     page.click("#settings input[value=residual]")
@@ -242,7 +243,7 @@ def test_layers_can_be_hidden(several, open_page):
 
 def test_labels_can_be_chosen(several, open_page):
     page = open_page(several.page, "#picture=0")
-    labels = "return [...document.querySelectorAll('#overlay .point .label')].map((t) => t.textContent)"
+    labels = "return [...document.querySelectorAll('#overlay .point .label')].map((label) => label.textContent)"
     points = listed(several.csv, "whole.png")
     assert page.script(labels) == [str(key[0]) for key in points]
     page.click("#settings input[value=place]")

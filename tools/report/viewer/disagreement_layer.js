@@ -2,6 +2,7 @@
 
 import { svgElement } from "./element.js";
 import { shortPixels } from "./number_text.js";
+import { PlateLabel } from "./plate_label.js";
 import { crowdedSize } from "./point_layer.js";
 
 const OUTLINES = {  // screen px around the place
@@ -11,7 +12,7 @@ const OUTLINES = {  // screen px around the place
   extra: "M-14 -14H14V14H-14ZM-14 14L14 -14",
 };
 
-const WORD_Y = 28;      // screen px below the place
+const WORD_Y = 25;      // screen px below the place
 const WORD_ROOM = 76;   // screen px between points that leaves room for the words
 
 /** What happened, in one word, and the numbers that belong to it. */
@@ -56,8 +57,10 @@ export class DisagreementLayer {
     this.marks = disagreements.map((disagreement) => {
       const place = disagreementPlace(disagreement);
       const ways = [svgElement("path", { class: "rim" }), svgElement("path", { class: "ink" })];
-      const word = svgElement("text", { class: "label", x: 0, y: WORD_Y }, disagreementText(disagreement).word);
-      const shape = svgElement("g", {}, ...disagreementMark(disagreement.what), word);
+      const word = new PlateLabel();
+      word.setText(disagreementText(disagreement).word);
+      word.place(0, WORD_Y, true);
+      const shape = svgElement("g", {}, ...disagreementMark(disagreement.what), word.group);
       const mark = svgElement("g", { class: "disagreement", "data-what": disagreement.what },
         ...ways, shape);
       this.group.append(mark);
@@ -75,7 +78,7 @@ export class DisagreementLayer {
     const hasRoom = this.spacing * scale >= WORD_ROOM;
     for (const { place, mark, shape, word, ways, listed } of this.marks) {
       shape.setAttribute("transform", `scale(${size})`);
-      word.setAttribute("visibility", hasRoom ? "inherit" : "hidden");
+      word.show(hasRoom);
       mark.setAttribute("transform", `translate(${place.x * scale} ${place.y * scale})`);
       if (listed) {
         const way = `M0 0L${(listed.x - place.x) * scale} ${(listed.y - place.y) * scale}`;

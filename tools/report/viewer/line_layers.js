@@ -58,14 +58,23 @@ export class CurveLayer {
   }
 }
 
-// An arrow from the origin; its head shrinks with a short shaft.
-function arrowText(x, y) {
+// One stroke over a wider one of the other lightness. All lines of a layer are one path: a browser
+// takes long over many elements that change in each frame of a zoom.
+function strokePair(className = "") {
+  const paths = ["rim", "ink"].map((part) => svgElement("path", { class: `${part} ${className}` }));
+  return { paths, draw: (text) => paths.forEach((path) => path.setAttribute("d", text)) };
+}
+
+// An arrow from a place along a vector; its head shrinks with a short shaft.
+function arrowText(startX, startY, x, y) {
   const length = Math.hypot(x, y);
   const head = Math.min(HEAD_LENGTH, length);
   const half = HEAD_HALF_WIDTH * head / HEAD_LENGTH;
   const [ux, uy] = [x / length, y / length];
-  const [bx, by] = [x - ux * head, y - uy * head];
-  return `M0 0L${x} ${y}M${bx - uy * half} ${by + ux * half}L${x} ${y}L${bx + uy * half} ${by - ux * half}`;
+  const [tipX, tipY] = [startX + x, startY + y];
+  const [baseX, baseY] = [tipX - ux * head, tipY - uy * head];
+  return `M${startX} ${startY}L${tipX} ${tipY}`
+    + `M${baseX - uy * half} ${baseY + ux * half}L${tipX} ${tipY}L${baseX + uy * half} ${baseY - ux * half}`;
 }
 
 /** Arrows from each point that was seen, along its residual. Those of stray points are cut off, dashed. */
@@ -74,15 +83,10 @@ export class ArrowLayer {
     this.magnification = 1;
     this.longest = Infinity;
     this.scale = 1;
-    this.group = svgElement("g", { class: "arrows" });
-    this.arrows = points
-      .filter((point) => point.residual && !isGuessed(point))
-      .map((point) => {
-        const paths = [svgElement("path", { class: "rim" }), svgElement("path", { class: "ink" })];
-        const arrow = svgElement("g", {}, ...paths);
-        this.group.append(arrow);
-        return { point, arrow, paths };
-      });
+    this.points = points.filter((point) => point.residual && !isGuessed(point));
+    this.whole = strokePair();
+    this.cut = strokePair("cut");
+    this.group = svgElement("g", { class: "arrows" }, ...this.whole.paths, ...this.cut.paths);
   }
 
   /** @param {number} spacing a middling one between points [px] */
@@ -97,16 +101,31 @@ export class ArrowLayer {
 
   rescale(scale) {
     this.scale = scale;
-    for (const { point, arrow, paths } of this.arrows) {
-      const length = Math.hypot(...point.residual) * this.magnification;
-      const drawn = scale * this.magnification * Math.min(1, this.longest / length);
-      const text = length * scale < SHORTEST_ARROW ? ""
-        : arrowText(point.residual[0] * drawn, point.residual[1] * drawn);
-      arrow.classList.toggle("cut", length > this.longest);
-      arrow.setAttribute("transform", `translate(${point.x * scale} ${point.y * scale})`);
-      paths.forEach((path) => path.setAttribute("d", text));
+    let whole = "";
+    let cut = "";
+    for (const { x, y, residual } of this.points) {
+      const length = Math.hypot(...residual) * this.magnification;
+      if (length * scale >= SHORTEST_ARROW) {
+        const drawn = scale * this.magnification * Math.min(1, this.longest / length);
+        const text = arrowText(x * scale, y * scale, residual[0] * drawn, residual[1] * drawn);
+        if (length > this.longest) {
+          cut += text;
+        } else {
+          whole += text;
+        }
+      }
     }
+    this.whole.draw(whole);
+    this.cut.draw(cut);
   }
+}
+
+// Two half turns around a place.
+function ellipseText(x, y, long, short, angle) {
+  const [dx, dy] = [long * Math.cos(angle), long * Math.sin(angle)];
+  const turn = angle * 180 / Math.PI;
+  const half = `a${long} ${short} ${turn} 1 0 `;
+  return `M${x - dx} ${y - dy}${half}${2 * dx} ${2 * dy}${half}${-2 * dx} ${-2 * dy}`;
 }
 
 /** Ellipses of one standard deviation. */
@@ -114,12 +133,11 @@ export class EllipseLayer {
   constructor(points) {
     this.magnification = 1;
     this.scale = 1;
-    this.group = svgElement("g", { class: "ellipses" });
-    this.ellipses = points.filter((point) => point.covariance).map((point) => {
-      const shapes = [svgElement("ellipse", { class: "rim" }), svgElement("ellipse", { class: "ink" })];
-      this.group.append(...shapes);
-      return { point, shapes, axes: deviationEllipse(point.covariance) };
-    });
+    this.ellipses = points
+      .filter((point) => point.covariance)
+      .map((point) => ({ point, axes: deviationEllipse(point.covariance) }));
+    this.strokes = strokePair();
+    this.group = svgElement("g", { class: "ellipses" }, ...this.strokes.paths);
   }
 
   setMagnification(magnification) {
@@ -130,14 +148,9 @@ export class EllipseLayer {
   rescale(scale) {
     this.scale = scale;
     const enlarged = scale * this.magnification;
-    for (const { point, shapes, axes } of this.ellipses) {
-      const turn = axes.angle * 180 / Math.PI;
-      for (const shape of shapes) {
-        shape.setAttribute("transform",
-          `translate(${point.x * scale} ${point.y * scale}) rotate(${turn})`);
-        shape.setAttribute("rx", Math.max(SHORTEST_AXIS, axes.long * enlarged));
-        shape.setAttribute("ry", Math.max(SHORTEST_AXIS, axes.short * enlarged));
-      }
-    }
+    const drawn = (axis) => Math.max(SHORTEST_AXIS, axis * enlarged);
+    this.strokes.draw(this.ellipses.map(({ point, axes }) => (
+      ellipseText(point.x * scale, point.y * scale, drawn(axes.long), drawn(axes.short), axes.angle)
+    )).join(""));
   }
 }

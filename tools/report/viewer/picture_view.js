@@ -3,13 +3,14 @@
 
 import { svgElement } from "./element.js";
 import { DisagreementLayer } from "./disagreement_layer.js";
+import { FramePace } from "./frame_pace.js";
 import { ImageLevels } from "./image_levels.js";
 import { ArrowLayer, CurveLayer, EllipseLayer, gridCurves } from "./line_layers.js";
 import { PointLayer } from "./point_layer.js";
 import { ViewGestures } from "./view_gestures.js";
-import { placeBetween, ViewTransform } from "./view_transform.js";
+import { ViewSlide } from "./view_slide.js";
+import { ViewTransform } from "./view_transform.js";
 
-const SLIDE_MS = 160;
 const STEP_ZOOM = 1.4;      // of a button or key
 const EDGE = 24;            // screen px at the view's border that hide a point
 const POINT_REACH = 12;     // screen px from a point that a click may miss it
@@ -25,17 +26,17 @@ export class PictureView {
     this.events = events;
     this.context = this.canvas.getContext("2d");
     this.transform = new ViewTransform();
+    this.pace = new FramePace(this.overlay);
     this.moving = svgElement("g");
     this.overlay.append(this.moving);
     this.layers = {};
     this.hidden = new Set();  // names of layers, whose sizes are left alone
     this.levels = null;
     this.shown = 0;  // counts the pictures, so that one that comes late is dropped
-    this.slide = null;
+    this.slide = new ViewSlide(this.transform);
     this.pointer = null;  // its place while it is over the picture
     this.drawnScale = 0;
     this.frame = 0;
-    this.reducedMotion = matchMedia("(prefers-reduced-motion: reduce)");
     new ViewGestures(this.stage, {
       panBy: (x, y) => this.change(() => this.transform.panBy(x, y)),
       zoomAt: (x, y, factor, isImmediate) => (isImmediate
@@ -103,7 +104,7 @@ export class PictureView {
   /** Lets go of the picture. */
   close() {
     this.shown += 1;
-    this.slide = null;
+    this.slide.stop();
     this.levels?.close();
     this.levels = null;
     this.layers = {};
@@ -127,25 +128,14 @@ export class PictureView {
 
   /** A move at once, which ends one under way. */
   change(move) {
-    this.slide = null;
+    this.slide.stop();
     move();
     this.requestDraw();
   }
 
   /** A move that the eye can follow. */
   slideTo(move) {
-    if (this.slide) {
-      this.transform.setPlace(this.slide.to);
-    }
-    const from = this.slide?.now ?? this.transform.place();
-    move();
-    const to = this.transform.place();
-    if (this.reducedMotion.matches) {
-      this.slide = null;
-    } else {
-      this.slide = { from, to, now: from, start: performance.now() };
-      this.transform.setPlace(from);
-    }
+    this.slide.start(move);
     this.requestDraw();
   }
 
@@ -212,7 +202,8 @@ export class PictureView {
 
   draw(time) {
     this.measure();  // the observer tells a new size only after this frame
-    this.advanceSlide(time);
+    this.pace.tick(time);
+    this.slide.advance(time);
     this.drawImage();
     const { scale, left, top } = this.transform;
     this.moving.setAttribute("transform", `translate(${left} ${top})`);
@@ -227,21 +218,8 @@ export class PictureView {
       this.hover(...this.pointer);
     }
     this.events.onMove();
-    if (this.slide) {
+    if (this.slide.isUnderWay) {
       this.requestDraw();
-    }
-  }
-
-  advanceSlide(time) {
-    if (!this.slide) {
-      return;
-    }
-    const part = Math.min(1, Math.max(0, (time - this.slide.start) / SLIDE_MS));
-    const eased = 1 - (1 - part) ** 3;
-    this.slide.now = part < 1 ? placeBetween(this.slide.from, this.slide.to, eased) : this.slide.to;
-    this.transform.setPlace(this.slide.now);
-    if (part === 1) {
-      this.slide = null;
     }
   }
 

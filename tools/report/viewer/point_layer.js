@@ -4,15 +4,16 @@
 
 import { svgElement } from "./element.js";
 import { isGuessed } from "./page_data.js";
+import { PlateLabel } from "./plate_label.js";
 
 const RING_RADIUS = 7;      // screen px, as all lengths here
 const CROSS_REACH = 3;
 const SELECTED_RADIUS = 13;
 const COMFORTABLE = 24;     // between points; where they are closer, marks shrink
 const SMALLEST_MARK = 0.45; // of the full size
-const LABEL_START = 21;     // between points that leaves room for a label of no letter
-const LETTER_WIDTH = 6.5;
-const LABEL_X = RING_RADIUS + 3;
+const LABEL_START = 12;     // between points beside the label, for the ring and some air
+const LABEL_X = RING_RADIUS + 1;
+const LABEL_Y = -RING_RADIUS - 5;
 const CLEAR_OF_HALO = 5;    // that the selected point's label goes further
 const CROSS = `M${-CROSS_REACH} 0H${CROSS_REACH}M0 ${-CROSS_REACH}V${CROSS_REACH}`;
 
@@ -82,18 +83,17 @@ export class PointLayer {
     this.selected = -1;
     this.scale = 1;
     this.marks = points.map((point) => {
-      const label = svgElement("text", { class: "label", x: LABEL_X, y: -RING_RADIUS });
+      const label = new PlateLabel();
       const mark = svgElement("g", {
         class: "point",
         "data-id": point.id,
         "data-row": point.row,
         "data-col": point.col,
         "data-kind": point.kind,
-      }, ...pointMark(point.kind), label);
+      }, ...pointMark(point.kind), label.group);
       this.group.append(mark);
       return { mark, label };
     });
-    this.labelled = [];
     this.group.append(this.halo);
   }
 
@@ -109,8 +109,14 @@ export class PointLayer {
   /** @param {"id"|"place"|"none"} kind */
   setLabels(kind) {
     this.points.forEach((point, i) => {
-      this.marks[i].label.textContent = labelOf(point, kind);
+      this.marks[i].label.setText(labelOf(point, kind));
     });
+    this.placeLabels();
+  }
+
+  placeLabels() {
+    this.marks.forEach(({ label }, i) => (
+      label.place(LABEL_X + (i === this.selected ? CLEAR_OF_HALO : 0), LABEL_Y)));
     this.rescale(this.scale);
   }
 
@@ -122,12 +128,7 @@ export class PointLayer {
       const place = `translate(${point.x * scale} ${point.y * scale}) scale(${size})`;
       mark.setAttribute("transform", place);
       const room = Math.min(this.spacings[i], this.spacing * 2) * scale;
-      const isLabelled = i === this.selected
-        || room >= LABEL_START + LETTER_WIDTH * label.textContent.length;
-      if (isLabelled !== this.labelled[i]) {
-        this.labelled[i] = isLabelled;
-        label.setAttribute("visibility", isLabelled ? "inherit" : "hidden");
-      }
+      label.show(i === this.selected || room >= LABEL_START + label.width);
       if (i === this.selected) {
         this.halo.setAttribute("transform", place);
       }
@@ -140,8 +141,7 @@ export class PointLayer {
     this.selected = index;
     this.halo.setAttribute("visibility", index < 0 ? "hidden" : "visible");
     this.marks[index]?.mark.classList.add("selected");
-    this.marks.forEach(({ label }, i) => label.setAttribute("x", LABEL_X + (i === index ? CLEAR_OF_HALO : 0)));
-    this.rescale(this.scale);
+    this.placeLabels();
   }
 
   /** Index of the nearest point within `reach` [px] of the place, or -1. */
