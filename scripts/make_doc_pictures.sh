@@ -2,6 +2,7 @@
 # Makes the pictures of the pages from what the command and the detector's stages give, docs/pictures/. Needs the
 # release build with its tests, and OpenCV for Python (scripts/setup.sh --extras).
 #   make_doc_pictures.sh [FOLDER]    FOLDER takes the place of docs/pictures
+# WITH_BROWSER=1 makes the picture of the report's page, too (chromium, imagemagick).
 # QUORVEX_BUILD is the build, build/release if not given; PYTHON the Python, /usr/bin/python3 if not given. The same
 # sources give the same pixels.
 set -euo pipefail
@@ -78,3 +79,12 @@ for show in candidate,arm link seed grown measured; do
 done
 quorvex detect tilted.bmp --precise --predict --output predicted.csv --overlay predicted.png
 small predicted.png "$folder/direct-predicted.jpg" --by 4
+
+# The report's page, by a browser. Letters differ from one browser to the next, so it is made on request only, and the
+# test of the pictures leaves it alone.
+if [[ -n ${WITH_BROWSER:-} ]]; then
+  quorvex detect board.png --output points.csv --report report
+  chromium --headless=new --no-sandbox --disable-gpu --window-size=1280,900 --hide-scrollbars --virtual-time-budget=4000 \
+    --screenshot="$scratch/report.png" "file://$scratch/report/index.html#picture=0" 2>/dev/null
+  convert report.png -resize 60% -quality 45 -strip "$folder/report.jpg"
+fi

@@ -3,10 +3,9 @@
 doc_picture.py IN OUT [--crop X,Y,WIDTH,HEIGHT] [--by N] [--brightest] [--levels N] [--stages FILE --show KIND,...]
 
 Pixels are means of N x N of the input's, in whole numbers, so that every machine gets the same; with --brightest the
-brightest of them, so that fine lines stay seen. --levels keeps so
-many grey levels, which makes small files of drawings. --stages draws what a file of direct_stages holds over the
-picture; for the kind measured lines to where the camera has a
-mark are drawn 3000 times as long."""
+brightest of them, so that fine lines stay seen. --levels keeps so many grey levels, which makes small files of
+drawings. --stages draws what a file of direct_stages holds over the picture; for the kind measured lines to where the
+camera has a mark are drawn 3000 times as long."""
 
 import argparse
 

@@ -6,7 +6,6 @@
 #include "tools/detect/picture_measures.h"
 #include "tools/errors.h"
 #include "tools/pictures/picture_file.h"
-#include "tools/report/report_page.h"
 
 namespace quorvex::tools {
 
@@ -39,7 +38,8 @@ std::vector<ReportedImage> ReadStagePictures(const std::filesystem::path& folder
   for (const StagePicture& picture : kStagePictures) {
     try {
       const Picture whole = ReadPictureFile(folder / picture.file);
-      images.push_back(StripImage(picture.file, picture.isPatch ? CutToDrawing(whole) : whole));
+      images.push_back(
+          StripImage(picture.file, picture.isPatch ? CutToDrawing(whole) : whole, picture.kind));
     } catch (const InputError&) {
       // A detection that ended early has not got to this stage.
     }

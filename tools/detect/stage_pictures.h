@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "tools/report/report_page.h"
 #include "tools/report/reported_picture.h"
 
 namespace quorvex::tools {
@@ -13,6 +14,7 @@ struct StagePicture {
   const char* file;
   const char* shows;
   const char* healthy;
+  StripPicture kind = StripPicture::kAreas;
   bool isPatch = false;  // of the whole picture's size, but black beyond the last mark examined
 };
 
@@ -23,19 +25,22 @@ constexpr StagePicture kStagePictures[] = {
      "the board white, its marks and surroundings black"},
     {"Dilation.bmp", "rank filter, dilation",
      "the marks gone or thin, the surroundings solid black"},
-    {"Contour.bmp", "outline of the board, found by rays", "one closed grey line around the board"},
+    {"Contour.bmp", "outline of the board, found by rays", "one closed grey line around the board",
+     StripPicture::kFineLines},
     {"SRegion.bmp", "outside of the outline", "grey outside, black inside"},
     {"Mask.bmp", "inside of the board", "the whole board white, nothing else"},
     {"Region.bmp", "grey values inside", "the board with its marks on black"},
-    {"Sobel.bmp", "edges", "the strokes and the board's border, few specks between them"},
+    {"Sobel.bmp", "edges", "the strokes and the board's border, few specks between them",
+     StripPicture::kFineLines},
     {"Eliminate.bmp", "edges without border and large blobs",
-     "the strokes alone, not touching each other"},
+     "the strokes alone, not touching each other", StripPicture::kFineLines},
     {"CrossMarkRegion.bmp", "patch around the last mark examined", "one cross near the middle"},
     {"Sauvola.bmp", "the patch, binarised", "the cross black on white"},
     {"Thining.bmp", "the patch, thinned", "the cross one pixel wide"},
-    {"Lines.bmp", "Hough lines of the last patch", "the two strokes", true},
+    {"Lines.bmp", "Hough lines of the last patch", "the two strokes", StripPicture::kFineLines,
+     true},
     {"LineSegment.bmp", "strokes longer than 30 px of the last patch",
-     "the two strokes without stray pixels", true},
+     "the two strokes without stray pixels", StripPicture::kFineLines, true},
 };
 
 // Those that are in the folder and can be read, made small.

@@ -15,14 +15,19 @@ int EndOfCovered(int at, int count, int sourceCount) {
   return static_cast<int>(((std::int64_t{at} + 1) * sourceCount + count - 1) / count);
 }
 
+Picture EmptyPicture(int width, int height, int bitsPerSample) {
+  Picture picture;
+  picture.width = width;
+  picture.height = height;
+  picture.bitsPerSample = bitsPerSample;
+  picture.pixels.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+  return picture;
+}
+
 }  // namespace
 
 Picture ShrinkPicture(const Picture& picture, int width, int height) {
-  Picture small;
-  small.width = width;
-  small.height = height;
-  small.bitsPerSample = picture.bitsPerSample;
-  small.pixels.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+  Picture small = EmptyPicture(width, height, picture.bitsPerSample);
   std::vector<std::uint32_t> columnSums(static_cast<std::size_t>(picture.width));
   for (int y = 0; y < height; ++y) {
     const int top = FirstCovered(y, height, picture.height);
@@ -48,15 +53,38 @@ Picture ShrinkPicture(const Picture& picture, int width, int height) {
   return small;
 }
 
-Picture ShrinkToSide(const Picture& picture, int side) {
+Picture ShrinkBrightest(const Picture& picture, int width, int height) {
+  Picture small = EmptyPicture(width, height, picture.bitsPerSample);
+  for (int y = 0; y < height; ++y) {
+    const int bottom = EndOfCovered(y, height, picture.height);
+    for (int row = FirstCovered(y, height, picture.height); row < bottom; ++row) {
+      for (int x = 0; x < width; ++x) {
+        const int right = EndOfCovered(x, width, picture.width);
+        for (int column = FirstCovered(x, width, picture.width); column < right; ++column) {
+          small.At(x, y) = std::max(small.At(x, y), picture.At(column, row));
+        }
+      }
+    }
+  }
+  return small;
+}
+
+PictureSize SizeWithin(const Picture& picture, int side) {
   const int longest = std::max(picture.width, picture.height);
   if (longest <= side) {
-    return picture;
+    return {picture.width, picture.height};
   }
   const auto shorter = [&](int length) {
     return std::max(1, static_cast<int>(std::int64_t{length} * side / longest));
   };
-  return ShrinkPicture(picture, shorter(picture.width), shorter(picture.height));
+  return {shorter(picture.width), shorter(picture.height)};
+}
+
+Picture ShrinkToSide(const Picture& picture, int side) {
+  const PictureSize size = SizeWithin(picture, side);
+  return size.width == picture.width && size.height == picture.height
+             ? picture
+             : ShrinkPicture(picture, size.width, size.height);
 }
 
 }  // namespace quorvex::tools

@@ -35,8 +35,11 @@ bool IsDrawing(const Picture& picture) {
 
 }  // namespace
 
-ReportedImage StripImage(const std::string& name, const Picture& picture) {
-  const Picture small = ShrinkToSide(picture, kStripSide);
+ReportedImage StripImage(const std::string& name, const Picture& picture, StripPicture kind) {
+  const PictureSize size = SizeWithin(picture, kStripSide);
+  const Picture small = kind == StripPicture::kFineLines
+                            ? ShrinkBrightest(picture, size.width, size.height)
+                            : ShrinkPicture(picture, size.width, size.height);
   return {name, IsDrawing(picture) ? PngUri(small) : PhotoUri(small, kStripQuality)};
 }
 

@@ -49,8 +49,10 @@ class ReportPage {
 };
 
 // A picture of a stage as the page's strip shows it: small, and without loss where it has few grey
-// levels, as most have.
-ReportedImage StripImage(const std::string& name, const Picture& picture);
+// levels, as most have. Of fine lines on black nothing gets lost.
+enum class StripPicture { kAreas, kFineLines };
+ReportedImage StripImage(const std::string& name, const Picture& picture,
+                         StripPicture kind = StripPicture::kAreas);
 
 }  // namespace quorvex::tools
 

@@ -65,7 +65,19 @@ TEST(StagePictures, OfAPatchAreCutToWhatIsDrawn) {
   WritePictureFile(lines, folder.Path("Lines.bmp"));
   Picture part = FlatPicture(30 + 40, 2 + 40, 0);
   FillBox(part, 20, 20, 50, 22, 255);
-  EXPECT_EQ(ReadStagePictures(folder.Path()).at(0).dataUri, StripImage("Lines.bmp", part).dataUri);
+  EXPECT_EQ(ReadStagePictures(folder.Path()).at(0).dataUri,
+            StripImage("Lines.bmp", part, StripPicture::kFineLines).dataUri);
+}
+
+TEST(StagePictures, OfFineLinesKeepThem) {
+  const TemporaryFolder folder;
+  Picture outline = FlatPicture(4800, 2400, 0);
+  FillBox(outline, 1000, 0, 1001, 2400, 128);
+  WritePictureFile(outline, folder.Path("Contour.bmp"));
+  Picture small = FlatPicture(480, 240, 0);
+  FillBox(small, 100, 0, 101, 240, 128);
+  EXPECT_EQ(ReadStagePictures(folder.Path()).at(0).dataUri,
+            StripImage("Contour.bmp", small).dataUri);
 }
 
 TEST(StagePictures, APatchWithoutADrawingIsWhole) {

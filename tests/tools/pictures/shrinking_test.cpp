@@ -43,6 +43,14 @@ TEST(ShrinkPicture, OfAWholePictureToOnePixel) {
   EXPECT_THAT(ShrinkPicture(FlatPicture(4096, 2048, 255), 1, 1).pixels, ElementsAre(255));
 }
 
+TEST(ShrinkBrightest, KeepsWhatIsBright) {
+  EXPECT_THAT(ShrinkBrightest(RowOf({10, 13, 0, 255, 7, 7}), 3, 1).pixels, ElementsAre(13, 255, 7));
+  EXPECT_THAT(ShrinkBrightest(RowOf({0, 100, 0}), 2, 1).pixels, ElementsAre(100, 100));
+  Picture picture = FlatPicture(4, 4, 0);
+  picture.At(3, 2) = 90;
+  EXPECT_THAT(ShrinkBrightest(picture, 2, 2).pixels, ElementsAre(0, 0, 0, 90));
+}
+
 TEST(ShrinkToSide, KeepsTheShape) {
   const Picture wide = ShrinkToSide(FlatPicture(400, 100, 9), 40);
   EXPECT_EQ(wide.width, 40);
