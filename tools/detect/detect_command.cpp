@@ -178,7 +178,7 @@ void AddWorkerCommand(CLI::App& app, Action& action) {
   AddPathOption(*command, "image", options->image, "")->required();
   AddPathOption(*command, "directory", options->directory, "")->required();
   AddParameters(*command, options->parameters);
-  command->add_flag("--keep-stages", options->parameters.keepsStages, "");
+  command->add_option("--stage-characters", options->parameters.stageCharacters, "");
   command->callback([options, &action] { action = [options] { return RunWorker(*options); }; });
 }
 

@@ -167,7 +167,9 @@ void DetectAll(const DetectOptions& options, const std::vector<ImageTask>& tasks
                           observer);
   } else {
     DetectParameters parameters = options.parameters;
-    parameters.keepsStages = !options.report.empty();
+    if (!options.report.empty()) {
+      parameters.stageCharacters = static_cast<int>(CharactersOfStage(jobs.size()));
+    }
     DetectImages(jobs, parameters, options.parallel, observer);
   }
 }

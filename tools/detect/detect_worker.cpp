@@ -168,8 +168,9 @@ std::vector<std::string> WorkerArguments(const std::filesystem::path& imagePath,
   if (!parameters.check) {
     arguments.push_back("--no-check");
   }
-  if (parameters.keepsStages) {
-    arguments.push_back("--keep-stages");
+  if (parameters.stageCharacters > 0) {
+    arguments.insert(arguments.end(),
+                     {"--stage-characters", std::to_string(parameters.stageCharacters)});
   }
   if (parameters.renumber) {
     arguments.insert(arguments.end(), {"--renumber", GridSizeText(*parameters.renumber)});
@@ -189,8 +190,9 @@ DetectionResult DetectInDirectory(const std::filesystem::path& imagePath,
   DetectionResult result;
   try {
     result = Detect(imagePath, directory, parameters);
-    if (parameters.keepsStages) {
-      result.stagePictures = ReadStagePictures(".");
+    if (parameters.stageCharacters > 0) {
+      result.stagePictures =
+          ReadStagePictures(".", static_cast<std::size_t>(parameters.stageCharacters));
     }
   } catch (const InputError& error) {
     result.exitCode = kExitBadInput;

@@ -21,7 +21,7 @@ struct DetectParameters {
   int rowSteps = 300;                // pixels a row may run from one mark to the next
   bool pad = true;                   // grow pictures whose size is not a multiple of 4
   bool check = true;                 // compare the points with what the direct detection finds
-  bool keepsStages = false;          // hand over the pictures of the stages, made small
+  int stageCharacters = 0;           // of a page, for each stage's picture; 0: none is handed over
   std::optional<GreyLevels> levels;  // of pictures with more than 8 bits
   // What is done to the points found, in this order.
   std::optional<GridSize> renumber;     // the size of the whole grid

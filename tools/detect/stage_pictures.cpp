@@ -33,13 +33,14 @@ Picture CutToDrawing(const Picture& picture) {
 
 }  // namespace
 
-std::vector<ReportedImage> ReadStagePictures(const std::filesystem::path& folder) {
+std::vector<ReportedImage> ReadStagePictures(const std::filesystem::path& folder,
+                                             std::size_t characters) {
   std::vector<ReportedImage> images;
   for (const StagePicture& picture : kStagePictures) {
     try {
       const Picture whole = ReadPictureFile(folder / picture.file);
-      images.push_back(
-          StripImage(picture.file, picture.isPatch ? CutToDrawing(whole) : whole, picture.kind));
+      images.push_back(StripImage(picture.file, picture.isPatch ? CutToDrawing(whole) : whole,
+                                  characters, picture.kind));
     } catch (const InputError&) {
       // A detection that ended early has not got to this stage.
     }

@@ -2,6 +2,7 @@
 #ifndef QUORVEX_TOOLS_DETECT_STAGE_PICTURES_H_
 #define QUORVEX_TOOLS_DETECT_STAGE_PICTURES_H_
 
+#include <cstddef>
 #include <filesystem>
 #include <vector>
 
@@ -43,8 +44,10 @@ constexpr StagePicture kStagePictures[] = {
      "the two strokes without stray pixels", StripPicture::kFineLines, true},
 };
 
-// Those that are in the folder and can be read, made small.
-std::vector<ReportedImage> ReadStagePictures(const std::filesystem::path& folder);
+// Those that are in the folder and can be read, made small: each takes `characters` of a page at
+// most.
+std::vector<ReportedImage> ReadStagePictures(const std::filesystem::path& folder,
+                                             std::size_t characters);
 
 }  // namespace quorvex::tools
 

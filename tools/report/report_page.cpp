@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <utility>
 
 #include "tools/pictures/shrinking.h"
 #include "tools/report/data_uri.h"
@@ -18,11 +19,13 @@ namespace {
 constexpr std::size_t kMostOfAll = 52'000'000;  // leaves room for the viewer and the lists
 constexpr std::size_t kMostOfOne = 12'000'000;  // a picture of 12 megapixels, whole
 constexpr std::size_t kFewestOfOne = 60'000;    // less would not show the marks
+constexpr std::size_t kStages = 14;             // with a picture each
+constexpr std::size_t kMostOfStage = 100'000;   // enough for all but noise
+constexpr std::size_t kFewestOfStage = 6'000;
 
 constexpr int kThumbnailSide = 160;  // pixels
 constexpr int kThumbnailQuality = 75;
 constexpr int kStripSide = 480;
-constexpr int kStripQuality = 75;
 constexpr int kMostLevelsDrawn = 8;  // a camera's picture has more
 
 bool IsDrawing(const Picture& picture) {
@@ -33,21 +36,34 @@ bool IsDrawing(const Picture& picture) {
   return std::count(levels.begin(), levels.end(), true) <= kMostLevelsDrawn;
 }
 
+std::size_t CharactersOfPicture(std::size_t pictureCount) {
+  return std::clamp(kMostOfAll / std::max<std::size_t>(pictureCount, 1), kFewestOfOne, kMostOfOne);
+}
+
 }  // namespace
 
-ReportedImage StripImage(const std::string& name, const Picture& picture, StripPicture kind) {
+std::size_t CharactersOfStage(std::size_t pictureCount) {
+  return std::clamp(CharactersOfPicture(pictureCount) / 2 / kStages, kFewestOfStage, kMostOfStage);
+}
+
+ReportedImage StripImage(const std::string& name, const Picture& picture, std::size_t characters,
+                         StripPicture kind) {
   const PictureSize size = SizeWithin(picture, kStripSide);
   const Picture small = kind == StripPicture::kFineLines
                             ? ShrinkBrightest(picture, size.width, size.height)
                             : ShrinkPicture(picture, size.width, size.height);
-  return {name, IsDrawing(picture) ? PngUri(small) : PhotoUri(small, kStripQuality)};
+  if (IsDrawing(picture)) {
+    std::string lossless = PngUri(small);
+    if (lossless.size() <= characters) {
+      return {name, std::move(lossless)};
+    }
+  }
+  return {name, FitPhoto(small, characters).dataUri};
 }
 
 ReportPage::ReportPage(const std::filesystem::path& path, const ReportedRun& run,
                        std::size_t pictureCount)
-    : file_(path),
-      charactersPerPicture_(std::clamp(kMostOfAll / std::max<std::size_t>(pictureCount, 1),
-                                       kFewestOfOne, kMostOfOne)) {
+    : file_(path), charactersPerPicture_(CharactersOfPicture(pictureCount)) {
   Append(kViewerStart);
   Append(fmt::format("<script type=\"application/json\" id=\"run\">{}</script>\n",
                      RunJson(run, kViewerVersion)));

@@ -48,10 +48,14 @@ class ReportPage {
   int next_ = 0;  // the number of the next picture
 };
 
-// A picture of a stage as the page's strip shows it: small, and without loss where it has few grey
-// levels, as most have. Of fine lines on black nothing gets lost.
+// How much of the page each of the pictures' stages may take: of all of them together half of what
+// the picture may.
+std::size_t CharactersOfStage(std::size_t pictureCount);
+
+// A picture of a stage as the page's strip shows it: small, without loss where it has few grey
+// levels, as most have, and that fits. Of fine lines on black nothing gets lost.
 enum class StripPicture { kAreas, kFineLines };
-ReportedImage StripImage(const std::string& name, const Picture& picture,
+ReportedImage StripImage(const std::string& name, const Picture& picture, std::size_t characters,
                          StripPicture kind = StripPicture::kAreas);
 
 }  // namespace quorvex::tools

@@ -30,13 +30,13 @@ TEST(WorkerArguments, CarryEveryParameter) {
   parameters.rowSteps = 150;
   parameters.pad = false;
   parameters.check = false;
-  parameters.keepsStages = true;
+  parameters.stageCharacters = 9000;
   parameters.renumber = GridSize{9, 7};
   parameters.rearrange = CameraSide::kRight;
   EXPECT_THAT(WorkerArguments("-a.bmp", "/work", parameters),
               ElementsAre("detect-worker", "--row-span", "3", "--column-span", "4", "--row-steps",
-                          "150", "--no-pad", "--no-check", "--keep-stages", "--renumber", "9x7",
-                          "--rearrange", "right", "--", "-a.bmp", "/work"));
+                          "150", "--no-pad", "--no-check", "--stage-characters", "9000",
+                          "--renumber", "9x7", "--rearrange", "right", "--", "-a.bmp", "/work"));
 }
 
 // The detection makes the worker's directory the current one.
@@ -63,7 +63,7 @@ TEST_F(DetectWorker, HandsItsPicturesOverWhenAsked) {
   DetectParameters parameters;
   EXPECT_TRUE(
       DetectInDirectory(folder.Path("dark.bmp"), work.Path(), parameters).stagePictures.empty());
-  parameters.keepsStages = true;
+  parameters.stageCharacters = 9000;
   const DetectionResult result =
       DetectInDirectory(folder.Path("dark.bmp"), work.Path(), parameters);
   ASSERT_FALSE(result.stagePictures.empty());

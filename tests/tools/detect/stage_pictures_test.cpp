@@ -16,6 +16,8 @@ using namespace tools;
 
 namespace {
 
+constexpr std::size_t kCharacters = 50'000;
+
 std::string InSmallLetters(std::string text) {
   for (char& letter : text) {
     letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
@@ -52,7 +54,7 @@ TEST(StagePictures, AreReadInTheirOrderWhereTheyAre) {
   WritePictureFile(FlatPicture(40, 20, 255), folder.Path("Sobel.bmp"));
   WritePictureFile(FlatPicture(40, 20, 255), folder.Path("Mask.bmp"));
   folder.File("Region.bmp", "no picture");
-  const std::vector<ReportedImage> images = ReadStagePictures(folder.Path());
+  const std::vector<ReportedImage> images = ReadStagePictures(folder.Path(), kCharacters);
   ASSERT_EQ(images.size(), 2u);
   EXPECT_EQ(images[0].name, "Mask.bmp");
   EXPECT_EQ(images[1].name, "Sobel.bmp");
@@ -65,8 +67,8 @@ TEST(StagePictures, OfAPatchAreCutToWhatIsDrawn) {
   WritePictureFile(lines, folder.Path("Lines.bmp"));
   Picture part = FlatPicture(30 + 40, 2 + 40, 0);
   FillBox(part, 20, 20, 50, 22, 255);
-  EXPECT_EQ(ReadStagePictures(folder.Path()).at(0).dataUri,
-            StripImage("Lines.bmp", part, StripPicture::kFineLines).dataUri);
+  EXPECT_EQ(ReadStagePictures(folder.Path(), kCharacters).at(0).dataUri,
+            StripImage("Lines.bmp", part, kCharacters, StripPicture::kFineLines).dataUri);
 }
 
 TEST(StagePictures, OfFineLinesKeepThem) {
@@ -76,15 +78,15 @@ TEST(StagePictures, OfFineLinesKeepThem) {
   WritePictureFile(outline, folder.Path("Contour.bmp"));
   Picture small = FlatPicture(480, 240, 0);
   FillBox(small, 100, 0, 101, 240, 128);
-  EXPECT_EQ(ReadStagePictures(folder.Path()).at(0).dataUri,
-            StripImage("Contour.bmp", small).dataUri);
+  EXPECT_EQ(ReadStagePictures(folder.Path(), kCharacters).at(0).dataUri,
+            StripImage("Contour.bmp", small, kCharacters).dataUri);
 }
 
 TEST(StagePictures, APatchWithoutADrawingIsWhole) {
   const TemporaryFolder folder;
   WritePictureFile(FlatPicture(80, 60, 0), folder.Path("LineSegment.bmp"));
-  EXPECT_EQ(ReadStagePictures(folder.Path()).at(0).dataUri,
-            StripImage("LineSegment.bmp", FlatPicture(80, 60, 0)).dataUri);
+  EXPECT_EQ(ReadStagePictures(folder.Path(), kCharacters).at(0).dataUri,
+            StripImage("LineSegment.bmp", FlatPicture(80, 60, 0), kCharacters).dataUri);
 }
 
 }  // namespace

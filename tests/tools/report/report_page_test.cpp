@@ -19,6 +19,7 @@ namespace {
 using testing::StartsWith;
 
 constexpr const char* kEnd = "</script>";
+constexpr std::size_t kCharacters = 50'000;
 
 class ReportPageTest : public testing::Test {
  protected:
@@ -58,7 +59,7 @@ ReportedPicture NamedPicture(const std::string& name) {
   ReportedPicture picture;
   picture.name = name;
   picture.picture = FlatPicture(400, 200, 90);
-  picture.stages = {StripImage("Mask.bmp", FlatPicture(960, 480, 255))};
+  picture.stages = {StripImage("Mask.bmp", FlatPicture(960, 480, 255), kCharacters)};
   return picture;
 }
 
@@ -142,15 +143,31 @@ TEST_F(ReportPageTest, SaysThatItsFolderIsNotThere) {
 }
 
 TEST(StripImage, IsSmallAndLosslessWhereItIsADrawing) {
-  EXPECT_THAT(StripImage("Mask.bmp", FlatPicture(960, 480, 255)).dataUri,
+  EXPECT_THAT(StripImage("Mask.bmp", FlatPicture(960, 480, 255), kCharacters).dataUri,
               StartsWith("data:image/png"));
   Picture slope = FlatPicture(960, 480, 0);
   for (std::size_t i = 0; i < slope.pixels.size(); ++i) {
     slope.pixels[i] = static_cast<std::uint8_t>(i % 200);
   }
-  const ReportedImage photo = StripImage("ProImage.bmp", slope);
+  const ReportedImage photo = StripImage("ProImage.bmp", slope, kCharacters);
   EXPECT_EQ(photo.name, "ProImage.bmp");
-  EXPECT_LT(photo.dataUri.size(), 100'000u);
+  EXPECT_LT(photo.dataUri.size(), kCharacters);
+}
+
+// As the edges of a picture full of noise are.
+TEST(StripImage, ADrawingThatNothingMakesSmallFits) {
+  Picture specks = FlatPicture(1920, 1440, 0);
+  std::uint32_t state = 1;
+  for (std::uint8_t& level : specks.pixels) {
+    state = state * 1664525u + 1013904223u;
+    level = state >> 31 == 0 ? 0 : 255;
+  }
+  EXPECT_LT(StripImage("Sobel.bmp", specks, 20'000).dataUri.size(), 20'000u);
+}
+
+TEST(StripImage, TheStagesOfAHundredPicturesTakeHalfOfThePage) {
+  EXPECT_LE(100 * 14 * CharactersOfStage(100), 26'000'000u);
+  EXPECT_GT(CharactersOfStage(1), CharactersOfStage(100));
 }
 
 }  // namespace
