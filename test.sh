@@ -5,11 +5,13 @@
 #   ./test.sh --extras              the tests of the release build that need heavy packages: OpenCV, mrcal, Dask,
 #                                   a browser, a fresh Debian to install in; and all that the pages tell one to type
 #   ./test.sh --windows             the Windows build, made with MinGW-w64 and run with Wine, all tests
-#   ./test.sh --outputs PRESET...   whole detections only: their outputs are the same in every build
+#   ./test.sh --outputs PRESET...   whole detections only: their outputs are the same in every build; of the preset windows
+#                                   also what only Windows has
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 trap 'echo "test: failed (line $LINENO)" >&2' ERR
 
+windows_folders=(tests/windows tests/platform)
 isWhole=true
 label=(--label-exclude '^extras$')
 presets=()
@@ -46,10 +48,11 @@ for preset in "${presets[@]}"; do
     # The direct detector takes minutes more where it is not optimised, and to build with gcc: one of them has it.
     target=(--target road_tests)
     only=(--tests-regex '^DetectionRoad\.')
-    if [[ $preset == clang* ]]; then
+    if [[ $preset == clang* || $preset == windows ]]; then
       target+=(direct_road_tests)
       only=(--tests-regex '^(Detection|Direct)Road\.')
     fi
+    [[ $preset != windows ]] || target+=("${windows_folders[@]/%//all}")
   fi
   cmake --build --preset "$preset" "${target[@]}"
   if $isWhole; then
@@ -68,4 +71,10 @@ for preset in "${presets[@]}"; do
   fi
   echo "test: running the tests of $preset"
   ctest --test-dir "build/$preset" --output-on-failure --parallel "$(nproc)" --no-tests=error "${label[@]}" "${only[@]}"
+  if ! $isWhole && [[ $preset == windows ]]; then
+    for folder in "${windows_folders[@]}"; do
+      echo "test: running the tests of $folder"
+      ctest --test-dir "build/$preset/$folder" --output-on-failure --parallel "$(nproc)" --no-tests=error
+    done
+  fi
 done
