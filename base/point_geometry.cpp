@@ -1,14 +1,6 @@
 #include "base/point_geometry.h"
 
-#include <cmath>
-
 namespace quorvex {
-
-float PointDistance(const CalibrationPoint& from, const CalibrationPoint& to) {
-  const float dx = to.x - from.x;
-  const float dy = to.y - from.y;
-  return static_cast<float>(std::sqrt(static_cast<double>(dx * dx + dy * dy)));
-}
 
 CalibrationPoint CentreOfGravity(const PointList& points) {
   CalibrationPoint centre = {};

@@ -2,13 +2,19 @@
 #ifndef QUORVEX_BASE_POINT_GEOMETRY_H_
 #define QUORVEX_BASE_POINT_GEOMETRY_H_
 
+#include <cmath>
+
 #include "base/calibration_point.h"
 
 namespace quorvex {
 
 // The distance of two points in pixels: squares and their sum in single precision, the root in
 // double.
-float PointDistance(const CalibrationPoint& from, const CalibrationPoint& to);
+inline float PointDistance(const CalibrationPoint& from, const CalibrationPoint& to) {
+  const float dx = to.x - from.x;
+  const float dy = to.y - from.y;
+  return static_cast<float>(std::sqrt(static_cast<double>(dx * dx + dy * dy)));
+}
 
 // The centroid of the points, summed in list order; a record of which only x and y are set. Both
 // are NaN for an empty list.

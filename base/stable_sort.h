@@ -1,43 +1,38 @@
-// Sorting in the order that adjacent exchanges give (base/bubble_sort.h), in a time that suits long
-// lists: both are stable, and there is one stable order unless a key does not compare.
+// Sorting in the order that adjacent exchanges give, every pass in full, in a time that suits long
+// lists. That order is settled for every input: equals keep their places, and a value that does not
+// compare, NaN, keeps its own. Nothing is ever exchanged with it, so that what stands on its two
+// sides is sorted on its own.
 #ifndef QUORVEX_BASE_STABLE_SORT_H_
 #define QUORVEX_BASE_STABLE_SORT_H_
 
 #include <algorithm>
 
-#include "base/bubble_sort.h"
-
 namespace quorvex {
 
-// Whether every key equals itself, as all but NaN do.
-template <typename Sequence, typename Key>
-bool AllKeysCompare(const Sequence& sequence, Key key) {
-  return std::all_of(sequence.begin(), sequence.end(),
-                     [&](const auto& element) { return key(element) == key(element); });
+// Sorts what stands between keys that do not compare; `isBefore(left, right)` is strict.
+template <typename Sequence, typename Key, typename IsBefore>
+void SortBetweenNaNs(Sequence& sequence, Key key, IsBefore isBefore) {
+  const auto isNaN = [&](const auto& element) { return key(element) != key(element); };
+  for (auto first = sequence.begin(); first != sequence.end();) {
+    const auto last = std::find_if(first, sequence.end(), isNaN);
+    std::stable_sort(first, last, isBefore);
+    first =
+        std::find_if(last, sequence.end(), [&](const auto& element) { return !isNaN(element); });
+  }
 }
 
-// Sorts by ascending `key(element)`, a number; equals keep their order.
+// Sorts by ascending `key(element)`, a number.
 template <typename Sequence, typename Key>
 void SortAscending(Sequence& sequence, Key key) {
-  if (AllKeysCompare(sequence, key)) {
-    std::stable_sort(sequence.begin(), sequence.end(),
-                     [&](const auto& left, const auto& right) { return key(left) < key(right); });
-  } else {
-    BubbleSort(sequence,
-               [&](const auto& earlier, const auto& later) { return key(earlier) > key(later); });
-  }
+  SortBetweenNaNs(sequence, key,
+                  [&](const auto& left, const auto& right) { return key(left) < key(right); });
 }
 
-// Sorts by descending `key(element)`; equals keep their order.
+// Sorts by descending `key(element)`.
 template <typename Sequence, typename Key>
 void SortDescending(Sequence& sequence, Key key) {
-  if (AllKeysCompare(sequence, key)) {
-    std::stable_sort(sequence.begin(), sequence.end(),
-                     [&](const auto& left, const auto& right) { return key(left) > key(right); });
-  } else {
-    BubbleSort(sequence,
-               [&](const auto& earlier, const auto& later) { return key(later) > key(earlier); });
-  }
+  SortBetweenNaNs(sequence, key,
+                  [&](const auto& left, const auto& right) { return key(left) > key(right); });
 }
 
 }  // namespace quorvex

@@ -8,7 +8,7 @@
 #include <random>
 #include <vector>
 
-#include "base/bubble_sort.h"
+#include "tests/reference/base/bubble_sort.h"
 
 namespace quorvex::tests {
 namespace {
@@ -48,12 +48,12 @@ TEST(StableSort, GivesTheOrderOfAdjacentExchanges) {
     std::vector<Entry> sorted = entries;
     std::vector<Entry> expected = entries;
     SortAscending(sorted, KeyOf);
-    BubbleSort(expected, [](const Entry& l, const Entry& r) { return l.key > r.key; });
+    plain::BubbleSort(expected, [](const Entry& l, const Entry& r) { return l.key > r.key; });
     ASSERT_EQ(Places(sorted), Places(expected)) << "ascending, seed " << seed;
     sorted = entries;
     expected = entries;
     SortDescending(sorted, KeyOf);
-    BubbleSort(expected, [](const Entry& l, const Entry& r) { return r.key > l.key; });
+    plain::BubbleSort(expected, [](const Entry& l, const Entry& r) { return r.key > l.key; });
     ASSERT_EQ(Places(sorted), Places(expected)) << "descending, seed " << seed;
   }
 }

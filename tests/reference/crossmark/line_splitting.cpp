@@ -4,8 +4,8 @@
 #include <cmath>
 #include <cstddef>
 
-#include "base/bubble_sort.h"
 #include "crossmark/line_fit.h"
+#include "tests/reference/base/bubble_sort.h"
 
 namespace quorvex::plain {
 namespace {

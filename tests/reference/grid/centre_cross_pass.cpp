@@ -47,7 +47,7 @@ bool BuildGridFromCentreCross(const unsigned char* image, int width, int height,
   }
 
   PointList grid;
-  GrowRows(points, rowSpan, 0, seedCurve, grid);
+  plain::GrowRows(points, rowSpan, 0, seedCurve, grid);
   output.insert(output.end(), grid.begin(), grid.end());
   return !grid.empty();
 }

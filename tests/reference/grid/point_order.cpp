@@ -1,7 +1,7 @@
 #include "tests/reference/grid.h"
 
-#include "base/bubble_sort.h"
 #include "grid/point_order.h"
+#include "tests/reference/base/bubble_sort.h"
 
 namespace quorvex::plain {
 

@@ -24,7 +24,7 @@ bool TraceRowsFromSeeds(const unsigned char* image, int width, int height, int, 
   QuadraticCoefficients seedCurve;
   RejectColumnOutliers(seeds, kRejectionTolerance, seedCurve);
   PointList grid;
-  GrowColumns(points, 0, columnSpan, seedCurve, grid);
+  plain::GrowColumns(points, 0, columnSpan, seedCurve, grid);
   output.insert(output.end(), grid.begin(), grid.end());
   return !grid.empty();
 }

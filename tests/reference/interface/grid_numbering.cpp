@@ -1,4 +1,4 @@
-#include "base/bubble_sort.h"
+#include "tests/reference/base/bubble_sort.h"
 #include "tests/reference/interface.h"
 
 namespace quorvex::plain {

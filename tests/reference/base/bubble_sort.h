@@ -1,13 +1,12 @@
-// The one sorting method of the library: adjacent exchanges, every pass in full. Slow, but its
-// result is settled for every input: it is stable, and it defines what happens to values that do
-// not compare.
-#ifndef QUORVEX_BASE_BUBBLE_SORT_H_
-#define QUORVEX_BASE_BUBBLE_SORT_H_
+// Sorting as it is defined: adjacent exchanges, every pass in full. Slow, but its result is settled
+// for every input: it is stable, and it defines what happens to values that do not compare.
+#ifndef QUORVEX_TESTS_REFERENCE_BASE_BUBBLE_SORT_H_
+#define QUORVEX_TESTS_REFERENCE_BASE_BUBBLE_SORT_H_
 
 #include <cstddef>
 #include <utility>
 
-namespace quorvex {
+namespace quorvex::plain {
 
 // Sorts a random-access sequence; `isAfter(earlier, later)` tells whether two neighbours stand the
 // wrong way round. A strict comparison keeps equals in their order.
@@ -22,6 +21,6 @@ void BubbleSort(Sequence& sequence, IsAfter isAfter) {
   }
 }
 
-}  // namespace quorvex
+}  // namespace quorvex::plain
 
-#endif  // QUORVEX_BASE_BUBBLE_SORT_H_
+#endif  // QUORVEX_TESTS_REFERENCE_BASE_BUBBLE_SORT_H_
