@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <iterator>
 #include <vector>
 
 #include "base/largest_field.h"
+#include "base/stable_sort.h"
 #include "grid/curve_axis.h"
 #include "grid/outlier_rejection.h"
 
@@ -38,27 +40,32 @@ bool IsAmong(const std::vector<QuadraticCoefficients>& curves, const QuadraticCo
 // What all steps of one growth share.
 struct Growth {
   const GrowthAxis& axis;
-  const PointList& input;
+  const PointList& labelled;  // the points with labels from 0 on, by label
   int span;
   const QuadraticCoefficients& seed;
-  int largestLabel;
 };
+
+PointList ByLabel(const GrowthAxis& axis, const PointList& input) {
+  PointList labelled;
+  std::copy_if(input.begin(), input.end(), std::back_inserter(labelled),
+               [&axis](const CalibrationPoint& point) { return point.*axis.label >= 0; });
+  SortAscending(labelled, [&axis](const CalibrationPoint& point) { return point.*axis.label; });
+  return labelled;
+}
 
 // Of each label, the nearest point beyond the curve in the direction of `sign`, the first of
 // equals.
 PointList CollectCandidates(const Growth& growth, const QuadraticCoefficients& curve, float sign) {
   const GrowthAxis& axis = growth.axis;
   PointList candidates;
-  for (int label = 0; label <= growth.largestLabel; ++label) {
+  for (auto point = growth.labelled.begin(); point != growth.labelled.end();) {
+    const int label = (*point).*axis.label;
     const CalibrationPoint* nearest = nullptr;
     float nearestDistance = kFarthestCandidate;
-    for (const CalibrationPoint& point : growth.input) {
-      if (point.*axis.label != label) {
-        continue;
-      }
-      const float distance = sign * SignedResidual(axis.curve, point, curve);
+    for (; point != growth.labelled.end() && (*point).*axis.label == label; ++point) {
+      const float distance = sign * SignedResidual(axis.curve, *point, curve);
       if (static_cast<double>(distance) > kCurveReach && distance < nearestDistance) {
-        nearest = &point;
+        nearest = &*point;
         nearestDistance = distance;
       }
     }
@@ -97,10 +104,10 @@ void StepOutward(const Growth& growth, int direction, PointList& output) {
   } while (k <= 2LL * growth.span);
 }
 
-void AppendSeedLine(const Growth& growth, PointList& output) {
-  const GrowthAxis& axis = growth.axis;
-  for (CalibrationPoint point : growth.input) {
-    const float residual = std::fabs(SignedResidual(axis.curve, point, growth.seed));
+void AppendSeedLine(const GrowthAxis& axis, const PointList& input,
+                    const QuadraticCoefficients& seed, PointList& output) {
+  for (CalibrationPoint point : input) {
+    const float residual = std::fabs(SignedResidual(axis.curve, point, seed));
     if (static_cast<double>(residual) < kCurveReach) {
       point.*axis.index = 0;
       output.push_back(point);
@@ -113,9 +120,10 @@ bool GrowLines(const GrowthAxis& axis, const PointList& input, int span,
   if (input.size() < 2) {
     return false;
   }
-  const Growth growth{axis, input, span, seed, LargestField(input, axis.label, 0)};
+  const PointList labelled = ByLabel(axis, input);
+  const Growth growth{axis, labelled, span, seed};
   output.clear();
-  AppendSeedLine(growth, output);
+  AppendSeedLine(axis, input, seed, output);
   StepOutward(growth, 1, output);
   StepOutward(growth, -1, output);
   return true;

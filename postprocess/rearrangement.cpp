@@ -1,11 +1,12 @@
 #include "postprocess/rearrangement.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <set>
+#include <iterator>
 
+#include "base/stable_sort.h"
 #include "grid/point_order.h"
-#include "grid/point_selection.h"
 
 namespace quorvex {
 namespace {
@@ -25,31 +26,31 @@ int GridId(int row, int n, int col) {
                           static_cast<std::uint32_t>(col));
 }
 
-// The former columns that hold points, ascending. Gathered, not counted up to n: n may be any
-// number.
-std::set<int> OccupiedColumns(const PointList& points, int n) {
-  std::set<int> columns;
-  for (const CalibrationPoint& point : points) {
-    if (point.col >= 0 && point.col < n) {
-      columns.insert(point.col);
-    }
+// Gives the points of one former column their places in the row of that number.
+void NumberRow(const Camera& camera, int n, PointList& row) {
+  SortPointsByY(row, camera.direction);
+  for (std::size_t j = 0; j < row.size(); ++j) {
+    row[j].row = row[j].col;
+    row[j].col = camera.columnOf(static_cast<int>(j), n);
+    row[j].id = GridId(row[j].row, n, row[j].col);
   }
-  return columns;
 }
 
 void Rearrange(const Camera& camera, PointList& points, int n) {
-  PointList result;
-  for (const int k : OccupiedColumns(points, n)) {
-    PointList row = PointsWith(points, &CalibrationPoint::col, k);
-    SortPointsByY(row, camera.direction);
-    for (std::size_t j = 0; j < row.size(); ++j) {
-      row[j].row = k;
-      row[j].col = camera.columnOf(static_cast<int>(j), n);
-      row[j].id = GridId(row[j].row, n, row[j].col);
-      result.push_back(row[j]);
-    }
+  PointList kept;
+  std::copy_if(points.begin(), points.end(), std::back_inserter(kept),
+               [n](const CalibrationPoint& point) { return point.col >= 0 && point.col < n; });
+  SortAscending(kept, [](const CalibrationPoint& point) { return point.col; });
+  // The columns that occur, not all up to n: n may be any number.
+  for (auto first = kept.begin(); first != kept.end();) {
+    const auto last = std::find_if(first, kept.end(), [first](const CalibrationPoint& point) {
+      return point.col != first->col;
+    });
+    PointList row(first, last);
+    NumberRow(camera, n, row);
+    first = std::copy(row.begin(), row.end(), first);
   }
-  points = result;
+  points = kept;
 }
 
 }  // namespace

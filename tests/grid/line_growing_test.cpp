@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <map>
 #include <utility>
 #include <vector>
@@ -205,6 +206,27 @@ TEST(GrowRows, NegativeLabelsAreOnlyInTheSeedRow) {
 PointList MarksOfOneX(float y) {
   return {MakePoint(0, kUnread, 0, 0.1f, y), MakePoint(1, kUnread, 1, 0.1f, 2.0f * y),
           MakePoint(2, kUnread, 2, 0.1f, 3.0f * y)};
+}
+
+TEST(GrowRows, LabelsMayBeAnyNumber) {
+  PointList input = Rows(3, {200.0f, 300.0f});
+  for (CalibrationPoint& point : input) {
+    constexpr int kLabels[] = {5, 1'000'000, std::numeric_limits<int>::max()};
+    point.col = kLabels[point.col];
+  }
+  PointList output;
+  EXPECT_TRUE(GrowRows(input, 5, 0, kSeed, output));
+  EXPECT_EQ(IdsAndRows(output), (Expected{{0, 1}, {1, 1}, {2, 1}, {10, 0}, {11, 0}, {12, 0}}));
+}
+
+// By label, and within a label in list order, wherever the points stand.
+TEST(GrowRows, CandidatesComeByLabelWhateverTheListsOrder) {
+  PointList output;
+  EXPECT_TRUE(
+      GrowRows({Mark(12, 2, 300.0f), Mark(0, 0, 200.0f), Mark(10, 0, 300.0f), Mark(2, 2, 200.0f),
+                Mark(20, 0, 300.0f), Mark(1, 1, 200.0f), Mark(11, 1, 300.0f), Mark(22, 2, 300.0f)},
+               5, 0, kSeed, output));
+  EXPECT_EQ(IdsAndRows(output), (Expected{{0, 1}, {2, 1}, {1, 1}, {10, 0}, {11, 0}, {12, 0}}));
 }
 
 TEST(GrowRows, TheWalkTowardsSmallerYEndsWhenItsCurveComesBack) {

@@ -6,6 +6,7 @@
 #include "base/calibration_point.h"
 #include "base/pixel_span.h"
 #include "crossmark/line_segment.h"
+#include "grid/curve_fit.h"
 
 namespace quorvex::plain {
 
@@ -22,6 +23,11 @@ bool TraceRow(const unsigned char* image, int width, int height, int x, int y, i
 bool TraceColumn(const unsigned char* image, int width, int height, int x, int y, int unused,
                  const PixelSpanList& rowSpans, const PixelSpanList& columnSpans, int label,
                  PointList& output);
+
+bool GrowRows(const PointList& input, int rowSpan, int unused, const QuadraticCoefficients& seed,
+              PointList& output);
+bool GrowColumns(const PointList& input, int unused, int columnSpan,
+                 const QuadraticCoefficients& seed, PointList& output);
 
 bool BuildGridFromCentreCross(const unsigned char* image, int width, int height, int rowSpan,
                               int reserved, int rowSteps, const PixelSpanList& rowSpans,
