@@ -11,6 +11,7 @@
 #   scripts/setup.sh --packages  and what Debian packages are made with
 #   scripts/setup.sh --cache     and a cache of what compilers made, for several builds of the same sources
 #   scripts/setup.sh --style     and the tools of scripts/check_style.sh
+#   scripts/setup.sh --list ...  prints the packages instead; why each is there says docs/supply-chain.md
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -22,6 +23,7 @@ packages=(
 )
 libpng_source=build/sources/libpng1.6
 windows=false
+list=false
 for option in "$@"; do
   case "$option" in
     --tests)
@@ -46,9 +48,15 @@ for option in "$@"; do
     --windows)
       windows=true
       packages+=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64 clang lld llvm dpkg-dev) ;;
+    --list) list=true ;;
     *) echo "setup: unknown option $option" >&2; exit 2 ;;
   esac
 done
+
+if $list; then
+  printf '%s\n' "${packages[@]}" | sort -u
+  exit
+fi
 
 missing=()
 for package in "${packages[@]}"; do

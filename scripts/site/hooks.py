@@ -5,7 +5,7 @@ import re
 
 from mkdocs.structure.files import File
 
-OUTSIDE = ["CONTRIBUTING.md", "CHANGELOG.md", "LICENSE"]
+OUTSIDE = ["CONTRIBUTING.md", "CHANGELOG.md", "SECURITY.md", "LICENSE"]
 NOT_FOR_READERS = {"Doxyfile", "api_main.dox"}
 HEADER = re.compile(r"\[([^\]]*)\]\(\.\./interface/(\w+)\.h\)")
 
@@ -28,5 +28,5 @@ def doxygen_page(header: str) -> str:
 def on_page_markdown(markdown, page, config, files):
     if page.file.src_path in OUTSIDE:
         markdown = markdown.replace("](docs/", "](")
-    markdown = re.sub(r"\]\(\.\./(CONTRIBUTING\.md|CHANGELOG\.md|LICENSE)", r"](\1", markdown)
+    markdown = re.sub(r"\]\(\.\./(CONTRIBUTING\.md|CHANGELOG\.md|SECURITY\.md|LICENSE)", r"](\1", markdown)
     return HEADER.sub(lambda link: f'<a href="api/{doxygen_page(link[2])}">{link[1].strip("`")}</a>', markdown)
