@@ -24,9 +24,6 @@ endfunction()
 # Compiles a target without optimising but for the sources that run long: those that match OPTIMIZED, a regular
 # expression, of the sources that it has by now. Takes half the time where texts, options and tests are most of it.
 function(quorvex_compile_plainly target)
-  if(NOT QUORVEX_COMPILE_JOINED)
-    return()
-  endif()
   cmake_parse_arguments(arg "" "OPTIMIZED" "" ${ARGN})
   target_compile_options(${target} PRIVATE -O0)
   get_target_property(sources ${target} SOURCES)
