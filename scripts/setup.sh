@@ -11,6 +11,7 @@
 #   scripts/setup.sh --packages  and what Debian packages are made with
 #   scripts/setup.sh --cache     and a cache of what compilers made, for several builds of the same sources
 #   scripts/setup.sh --style     and the tools of scripts/check_style.sh
+#   scripts/setup.sh --analysis  and those of scripts/analyse.sh
 #   scripts/setup.sh --list ...  prints the packages instead; why each is there says docs/supply-chain.md
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -45,6 +46,7 @@ for option in "$@"; do
     --clang) packages+=(clang libclang-rt-14-dev llvm) ;;
     --cache) packages+=(ccache) ;;
     --style) packages+=(clang clang-format clang-tidy) ;;
+    --analysis) packages+=(cppcheck valgrind) ;;
     --windows)
       windows=true
       packages+=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64 clang lld llvm dpkg-dev) ;;
