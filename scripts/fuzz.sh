@@ -77,8 +77,9 @@ merge_target() {
   mkdir -p "$new"
   (cd "$place/work/$name" && "$place/fuzz/$name" -merge=1 "${options[@]}" "$new" "$OLDPWD/$old" "$place/found/$name") \
     >"$place/$name.log" 2>&1
-  rm -rf "$old"
-  mv "$new" "$old"
+  # What showed a fault has a name with a dot, and stays.
+  find "$old" -type f -not -name '*.*' -delete
+  cp "$new"/* "$old"/
   echo "fuzz: $name: $(find "$old" -type f | wc -l) files, $(du -sb --apparent-size "$old" | cut -f 1) bytes"
 }
 
