@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <string>
 
 #include "grid/line_growing.h"
 #include "tests/reference/grid.h"
@@ -38,7 +39,7 @@ PointList RandomGrid(CaseRandom& random) {
   return points;
 }
 
-std::string Compare(CaseRandom& random) {
+std::string SameListsAsThePlainForm(CaseRandom& random) {
   PointList points = RandomGrid(random);
   const QuadraticCoefficients seed = {random.OneOf({0.0f, 1e-4f}), random.OneOf({0.0f, 0.01f}),
                                       kPitch * static_cast<float>(random.Between(-1, 6))};
@@ -61,7 +62,7 @@ std::string Compare(CaseRandom& random) {
   return plainResult == fastResult ? ListDifference(plain, fast) : "results differ";
 }
 
-TEST(LineGrowingDifferential, SameListsAsThePlainForm) { ExpectSameOnCases(kCases, Compare); }
+DIFFERENTIAL_TEST(LineGrowingDifferential, SameListsAsThePlainForm, kCases);
 
 }  // namespace
 }  // namespace quorvex::tests
