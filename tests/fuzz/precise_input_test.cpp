@@ -1,5 +1,5 @@
 // The fuzz target on inputs that seeds settle, for builds without an engine.
-#include "tests/fuzz/precise_input.h"
+#include "fuzz/precise_input.h"
 
 #include <gtest/gtest.h>
 
@@ -12,8 +12,11 @@
 
 #include "tests/support/differential.h"
 
-namespace quorvex::tests {
+namespace quorvex::fuzz {
 namespace {
+
+using tests::CaseRandom;
+using tests::ExpectSameOnCases;
 
 constexpr int kInputs = 1000;
 constexpr int kMostBytes = 400;  // a board with faults, strokes and points takes some 200
@@ -51,4 +54,4 @@ TEST(PreciseInput, EveryResultIsSound) {
 TEST(PreciseInput, AnEmptyInputIsOneToo) { EXPECT_EQ(RunPreciseInput(nullptr, 0).wrong, ""); }
 
 }  // namespace
-}  // namespace quorvex::tests
+}  // namespace quorvex::fuzz

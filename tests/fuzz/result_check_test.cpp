@@ -1,12 +1,12 @@
 // The check of results notices what it is for.
-#include "tests/fuzz/result_check.h"
+#include "fuzz/result_check.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 #include <vector>
 
-namespace quorvex::tests {
+namespace quorvex::fuzz {
 namespace {
 
 using precise::Mark;
@@ -116,4 +116,4 @@ TEST_F(ResultCheck, APointIsRefinedOrStaysAsItWas) {
 }
 
 }  // namespace
-}  // namespace quorvex::tests
+}  // namespace quorvex::fuzz

@@ -1,9 +1,9 @@
-#include "tests/fuzz/stroke_canvas.h"
+#include "fuzz/stroke_canvas.h"
 
 #include <algorithm>
 #include <cmath>
 
-namespace quorvex::tests {
+namespace quorvex::fuzz {
 
 void Draw(const Stroke& stroke, Canvas& canvas) {
   const double dx = stroke.to.x - stroke.from.x;
@@ -33,4 +33,4 @@ void Draw(const Stroke& stroke, Canvas& canvas) {
   }
 }
 
-}  // namespace quorvex::tests
+}  // namespace quorvex::fuzz

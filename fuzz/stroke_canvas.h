@@ -1,13 +1,13 @@
 // A picture of grey levels on which straight strokes are drawn.
-#ifndef QUORVEX_TESTS_FUZZ_STROKE_CANVAS_H_
-#define QUORVEX_TESTS_FUZZ_STROKE_CANVAS_H_
+#ifndef QUORVEX_FUZZ_STROKE_CANVAS_H_
+#define QUORVEX_FUZZ_STROKE_CANVAS_H_
 
 #include <cstddef>
 #include <vector>
 
 #include "interface/quorvex_precise.h"
 
-namespace quorvex::tests {
+namespace quorvex::fuzz {
 
 // Rows without gaps.
 struct Canvas {
@@ -31,6 +31,6 @@ struct Stroke {
 // With edges one pixel soft and blunt ends.
 void Draw(const Stroke& stroke, Canvas& canvas);
 
-}  // namespace quorvex::tests
+}  // namespace quorvex::fuzz
 
-#endif  // QUORVEX_TESTS_FUZZ_STROKE_CANVAS_H_
+#endif  // QUORVEX_FUZZ_STROKE_CANVAS_H_

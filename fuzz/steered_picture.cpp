@@ -1,4 +1,4 @@
-#include "tests/fuzz/steered_picture.h"
+#include "fuzz/steered_picture.h"
 
 #include <algorithm>
 #include <cmath>
@@ -6,9 +6,9 @@
 #include <cstdint>
 #include <limits>
 
-#include "tests/fuzz/stroke_canvas.h"
+#include "fuzz/stroke_canvas.h"
 
-namespace quorvex::tests {
+namespace quorvex::fuzz {
 namespace {
 
 constexpr int kLeastSide = 16;  // px
@@ -221,4 +221,4 @@ SteeredPicture MakeWrongPicture(InputBytes& input) {
   return picture;
 }
 
-}  // namespace quorvex::tests
+}  // namespace quorvex::fuzz

@@ -1,7 +1,7 @@
 // One input of a fuzzing engine to the direct detector: an image, options and points from its
 // bytes, through Detect and RefineMarks.
-#ifndef QUORVEX_TESTS_FUZZ_PRECISE_INPUT_H_
-#define QUORVEX_TESTS_FUZZ_PRECISE_INPUT_H_
+#ifndef QUORVEX_FUZZ_PRECISE_INPUT_H_
+#define QUORVEX_FUZZ_PRECISE_INPUT_H_
 
 #include <cstddef>
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 #include "interface/quorvex_precise.h"
 
-namespace quorvex::tests {
+namespace quorvex::fuzz {
 
 struct PreciseOutcome {
   std::string wrong;  // in words; empty when all is as it should be
@@ -19,6 +19,6 @@ struct PreciseOutcome {
 
 PreciseOutcome RunPreciseInput(const std::uint8_t* bytes, std::size_t size);
 
-}  // namespace quorvex::tests
+}  // namespace quorvex::fuzz
 
-#endif  // QUORVEX_TESTS_FUZZ_PRECISE_INPUT_H_
+#endif  // QUORVEX_FUZZ_PRECISE_INPUT_H_

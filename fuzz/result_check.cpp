@@ -1,4 +1,4 @@
-#include "tests/fuzz/result_check.h"
+#include "fuzz/result_check.h"
 
 #include <algorithm>
 #include <cmath>
@@ -6,7 +6,7 @@
 #include <initializer_list>
 #include <utility>
 
-namespace quorvex::tests {
+namespace quorvex::fuzz {
 namespace {
 
 using precise::ImageView;
@@ -158,4 +158,4 @@ std::string WrongRefinement(const ImageView& image, const std::vector<Point>& po
   return "";
 }
 
-}  // namespace quorvex::tests
+}  // namespace quorvex::fuzz

@@ -1,13 +1,13 @@
-#include "tests/fuzz/precise_input.h"
+#include "fuzz/precise_input.h"
 
 #include <limits>
 #include <vector>
 
-#include "tests/fuzz/input_bytes.h"
-#include "tests/fuzz/result_check.h"
-#include "tests/fuzz/steered_picture.h"
+#include "fuzz/input_bytes.h"
+#include "fuzz/result_check.h"
+#include "fuzz/steered_picture.h"
 
-namespace quorvex::tests {
+namespace quorvex::fuzz {
 namespace {
 
 using precise::MarkColour;
@@ -81,4 +81,4 @@ PreciseOutcome RunPreciseInput(const std::uint8_t* bytes, std::size_t size) {
   return outcome;
 }
 
-}  // namespace quorvex::tests
+}  // namespace quorvex::fuzz

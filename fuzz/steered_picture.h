@@ -1,14 +1,14 @@
 // Pictures for the direct detector that the bytes of a fuzzing engine steer: the bytes themselves,
 // or boards of crosses with faults, strokes and noise, which lead far into the detection.
-#ifndef QUORVEX_TESTS_FUZZ_STEERED_PICTURE_H_
-#define QUORVEX_TESTS_FUZZ_STEERED_PICTURE_H_
+#ifndef QUORVEX_FUZZ_STEERED_PICTURE_H_
+#define QUORVEX_FUZZ_STEERED_PICTURE_H_
 
 #include <vector>
 
+#include "fuzz/input_bytes.h"
 #include "interface/quorvex_precise.h"
-#include "tests/fuzz/input_bytes.h"
 
-namespace quorvex::tests {
+namespace quorvex::fuzz {
 
 // An image of 16 to 200 px a side, and the memory that it reaches, without a byte more.
 struct SteeredPicture {
@@ -22,6 +22,6 @@ SteeredPicture MakePicture(InputBytes& input);
 // An image that no detector can read: without pixels, too small, or with too short a stride.
 SteeredPicture MakeWrongPicture(InputBytes& input);
 
-}  // namespace quorvex::tests
+}  // namespace quorvex::fuzz
 
-#endif  // QUORVEX_TESTS_FUZZ_STEERED_PICTURE_H_
+#endif  // QUORVEX_FUZZ_STEERED_PICTURE_H_

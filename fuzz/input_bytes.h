@@ -1,11 +1,11 @@
 // The bytes that an engine for fuzzing hands over, read one after another; zeros after the end.
-#ifndef QUORVEX_TESTS_FUZZ_INPUT_BYTES_H_
-#define QUORVEX_TESTS_FUZZ_INPUT_BYTES_H_
+#ifndef QUORVEX_FUZZ_INPUT_BYTES_H_
+#define QUORVEX_FUZZ_INPUT_BYTES_H_
 
 #include <cstddef>
 #include <cstdint>
 
-namespace quorvex::tests {
+namespace quorvex::fuzz {
 
 class InputBytes {
  public:
@@ -32,6 +32,6 @@ class InputBytes {
   std::size_t next_ = 0;
 };
 
-}  // namespace quorvex::tests
+}  // namespace quorvex::fuzz
 
-#endif  // QUORVEX_TESTS_FUZZ_INPUT_BYTES_H_
+#endif  // QUORVEX_FUZZ_INPUT_BYTES_H_
