@@ -31,7 +31,7 @@ double Coordinate(InputBytes& input) {
     case 15:
       return input.Real(-1e10, 1e10);
     default:
-      return input.Real(-20.0, 220.0);
+      return input.Real(-20.0, 820.0);
   }
 }
 

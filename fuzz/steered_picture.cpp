@@ -11,16 +11,19 @@
 namespace quorvex::fuzz {
 namespace {
 
-constexpr int kLeastSide = 16;  // px
-constexpr int kMostSide = 200;  // px; an engine needs many pictures a second
-constexpr int kBoardSide = 90;  // px; smaller pictures rarely hold six marks
-constexpr int kMostLines = 8;   // rows or columns of a board
+constexpr int kLeastSide = 16;       // px
+constexpr int kMostSide = 200;       // px; an engine needs many pictures a second
+constexpr int kBoardSide = 90;       // px; smaller pictures rarely hold six marks
+constexpr int kMostLines = 8;        // rows or columns of a board
+constexpr int kMostLargeSide = 800;  // px; one board in some is large, and then has more lines
+constexpr int kMostLargeLines = 20;
 constexpr double kPi = 3.14159265358979323846;
 
-Canvas MakeCanvas(InputBytes& input, int leastSide, double level) {
+// The sides in pixels, both ends inclusive.
+Canvas MakeCanvas(InputBytes& input, int leastSide, int mostSide, double level) {
   Canvas canvas;
-  canvas.width = input.Between(leastSide, kMostSide);
-  canvas.height = input.Between(leastSide, kMostSide);
+  canvas.width = static_cast<int>(std::lround(input.Real(leastSide, mostSide)));
+  canvas.height = static_cast<int>(std::lround(input.Real(leastSide, mostSide)));
   canvas.levels.assign(
       static_cast<std::size_t>(canvas.width) * static_cast<std::size_t>(canvas.height), level);
   return canvas;
@@ -99,11 +102,14 @@ void DrawMark(InputBytes& input, Board board, double row, double column, Canvas&
 Canvas DrawBoard(InputBytes& input, std::vector<precise::Point>& places) {
   const bool areMarksLight = input.OneIn(4);
   const double level = areMarksLight ? input.Real(0.0, 120.0) : input.Real(120.0, 255.0);
-  Canvas canvas = MakeCanvas(input, input.OneIn(8) ? kLeastSide : kBoardSide, level);
+  const bool isLarge = input.OneIn(12);
+  const int leastSide = isLarge ? kMostSide : input.OneIn(8) ? kLeastSide : kBoardSide;
+  Canvas canvas = MakeCanvas(input, leastSide, isLarge ? kMostLargeSide : kMostSide, level);
   Board board;
   board.level = areMarksLight ? input.Real(120.0, 255.0) : input.Real(0.0, 120.0);
-  const int rows = input.Between(2, kMostLines);
-  const int columns = input.Between(2, kMostLines);
+  const int mostLines = isLarge ? kMostLargeLines : kMostLines;
+  const int rows = input.Between(2, mostLines);
+  const int columns = input.Between(2, mostLines);
   // Mostly so that the board fills the picture.
   const double fitting = std::min(canvas.width / (columns + 0.0), canvas.height / (rows + 0.0));
   board.pitch = fitting * input.Real(0.7, 1.2);
@@ -126,7 +132,7 @@ Canvas DrawBoard(InputBytes& input, std::vector<precise::Point>& places) {
 void DrawStrokes(InputBytes& input, int count, Canvas& canvas) {
   for (int i = 0; i < count; ++i) {
     Stroke stroke;
-    stroke.from = {input.Real(-20.0, 220.0), input.Real(-20.0, 220.0)};
+    stroke.from = {input.Real(-20.0, canvas.width + 20.0), input.Real(-20.0, canvas.height + 20.0)};
     const double length = input.Real(0.0, 150.0);
     const double angle = input.Real(0.0, 2.0 * kPi);
     stroke.to = {stroke.from.x + length * std::cos(angle),
@@ -147,7 +153,7 @@ void AddNoise(double most, std::uint32_t seed, Canvas& canvas) {
 }
 
 Canvas RawCanvas(InputBytes& input) {
-  Canvas canvas = MakeCanvas(input, kLeastSide, 0.0);
+  Canvas canvas = MakeCanvas(input, kLeastSide, kMostSide, 0.0);
   std::vector<double> levels;
   while (input.Left() > 0) {
     levels.push_back(input.Byte());
@@ -186,7 +192,8 @@ SteeredPicture MakePicture(InputBytes& input) {
     return Written(raw, gap, runsUp);
   }
   std::vector<precise::Point> places;
-  Canvas canvas = kind < 6 ? DrawBoard(input, places) : MakeCanvas(input, kLeastSide, input.Byte());
+  Canvas canvas =
+      kind < 6 ? DrawBoard(input, places) : MakeCanvas(input, kLeastSide, kMostSide, input.Byte());
   DrawStrokes(input, kind < 6 ? input.Between(0, 4) : input.Between(1, 40), canvas);
   const double noise = input.OneIn(4) ? input.Real(0.0, 100.0) : input.Real(0.0, 6.0);
   const std::uint32_t seed = static_cast<std::uint32_t>(input.Byte());

@@ -10,7 +10,8 @@
 
 namespace quorvex::fuzz {
 
-// An image of 16 to 200 px a side, and the memory that it reaches, without a byte more.
+// An image of 16 to 800 px a side, mostly no more than 200, and the memory that it reaches, without
+// a byte more.
 struct SteeredPicture {
   std::vector<unsigned char> bytes;
   precise::ImageView view;

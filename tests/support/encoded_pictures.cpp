@@ -16,7 +16,25 @@ namespace quorvex::tests {
 
 #ifdef QUORVEX_HAS_JPEG
 
+namespace {
+
+// The mean of every block, then every other coefficient but for its last bit, then the last bits.
+std::vector<jpeg_scan_info> ManyScans(int count) {
+  constexpr int kCoefficients = 63;
+  std::vector<jpeg_scan_info> scans(static_cast<std::size_t>(count));
+  for (int i = 0; i < count; ++i) {
+    const int coefficient = i == 0 ? 0 : (i - 1) % kCoefficients + 1;
+    const bool isLastBit = i > kCoefficients;
+    scans[static_cast<std::size_t>(i)] = {
+        1, {0}, coefficient, coefficient, isLastBit ? 1 : 0, i == 0 || isLastBit ? 0 : 1};
+  }
+  return scans;
+}
+
+}  // namespace
+
 Bytes EncodeJpeg(const JpegFields& fields) {
+  const std::vector<jpeg_scan_info> scans = ManyScans(fields.scans);
   jpeg_compress_struct state;
   jpeg_error_mgr errors;
   state.err = jpeg_std_error(&errors);
@@ -33,6 +51,10 @@ Bytes EncodeJpeg(const JpegFields& fields) {
   jpeg_set_defaults(&state);
   jpeg_set_quality(&state, 100, TRUE);
   if (fields.isProgressive) jpeg_simple_progression(&state);
+  if (fields.scans > 0) {
+    state.scan_info = scans.data();
+    state.num_scans = fields.scans;
+  }
   jpeg_start_compress(&state, TRUE);
   if (fields.orientation != 0) {
     const Bytes exif = {'E', 'x',

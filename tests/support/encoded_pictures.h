@@ -18,6 +18,7 @@ struct JpegFields {
   Bytes samples;
   int orientation = 0;  // in an Exif marker; 0 for none
   bool isProgressive = false;
+  int scans = 0;  // of a grey picture, each with a little of every block; 0 for as many as usual
 };
 Bytes EncodeJpeg(const JpegFields& fields);
 

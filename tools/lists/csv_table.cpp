@@ -178,11 +178,14 @@ double CsvTable::Number(std::size_t row, std::size_t column) const {
   return value;
 }
 
+void CsvTable::FailAtRow(std::size_t row, const std::string& reason) const {
+  FailAtLine(name_, rows_.at(row).line, reason);
+}
+
 void CsvTable::FailAtField(std::size_t row, std::size_t column, const char* wanted) const {
-  FailAtLine(
-      name_, rows_.at(row).line,
-      fmt::format("\"{}\" in column \"{}\" is not {}",
-                  Text(row, column).substr(0, kShownFieldLength), header_.at(column), wanted));
+  FailAtRow(
+      row, fmt::format("\"{}\" in column \"{}\" is not {}",
+                       Text(row, column).substr(0, kShownFieldLength), header_.at(column), wanted));
 }
 
 }  // namespace quorvex::tools

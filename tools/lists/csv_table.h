@@ -33,7 +33,8 @@ class CsvTable {
   int Integer(std::size_t row, std::size_t column) const;    // throws InputError
   double Number(std::size_t row, std::size_t column) const;  // finite; throws InputError
 
-  // Throws the InputError for a field that is not what is `wanted`.
+  // Throw the InputError for a row, and for a field that is not what is `wanted`.
+  [[noreturn]] void FailAtRow(std::size_t row, const std::string& reason) const;
   [[noreturn]] void FailAtField(std::size_t row, std::size_t column, const char* wanted) const;
 
  private:

@@ -113,7 +113,11 @@ std::vector<PointsOfImage> ParsePointsCsv(const std::string& text, const std::st
   for (std::size_t i = 0; i < table.RowCount(); ++i) {
     PointsOfImage& list = ImageNamed(isNamed ? table.Text(i, image) : "", images);
     const std::string kindName = hasKind ? table.Text(i, kind) : "";
-    if (kindName == kFailedKind) {
+    const bool isFailure = kindName == kFailedKind;
+    if (isFailure ? !list.points.empty() : !list.error.empty()) {
+      table.FailAtRow(i, "the image has points and a failed detection");
+    }
+    if (isFailure) {
       list.error = "the detection failed";
       continue;
     }

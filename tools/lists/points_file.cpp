@@ -40,9 +40,7 @@ struct PointsFile {
   PointsFormat format;
 };
 
-PointsFile ReadAnyFormat(const std::filesystem::path& path) {
-  const std::string text = ReadTextFile(path);
-  const std::string name = Utf8Name(path);
+PointsFile ParseAnyFormat(const std::string& text, const std::string& name) {
   const std::size_t first = text.find_first_not_of(" \t\r\n");
   const bool isJson = first != std::string::npos && (text[first] == '[' || text[first] == '{');
   if (isJson) {
@@ -112,13 +110,17 @@ std::string FormatPoints(const std::vector<PointsOfImage>& images, PointsFormat 
   return FormatText(images);
 }
 
+std::vector<PointsOfImage> ParsePoints(const std::string& text, const std::string& name) {
+  return ParseAnyFormat(text, name).images;
+}
+
 std::vector<PointsOfImage> ReadPointsFile(const std::filesystem::path& path) {
-  return ReadAnyFormat(path).images;
+  return ParsePoints(ReadTextFile(path), Utf8Name(path));
 }
 
 OneImageFile ReadOneImageFile(const std::filesystem::path& path, const std::string& image) {
-  PointsFile file = ReadAnyFormat(path);
   const std::string name = Utf8Name(path);
+  PointsFile file = ParseAnyFormat(ReadTextFile(path), name);
   const std::size_t index = IndexOf(image, file.images, name);
   const auto chosen = file.images.begin() + static_cast<std::ptrdiff_t>(index);
   if (!chosen->error.empty()) {

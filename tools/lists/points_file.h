@@ -29,8 +29,11 @@ PointsFormat FormatByName(const std::filesystem::path& path, PointsFormat otherw
 std::string FormatPoints(const std::vector<PointsOfImage>& images, PointsFormat format,
                          bool withImageColumn);
 
-// Reads a CSV or JSON file of at most 64 MiB; which of the two is told by its first character.
-// Throws InputError naming file, line and reason.
+// Reads a list in CSV or JSON; which of the two is told by its first character. `name` is that of
+// the file. Throws InputError naming file, line and reason.
+std::vector<PointsOfImage> ParsePoints(const std::string& text, const std::string& name);
+
+// The same of a file of at most 64 MiB.
 std::vector<PointsOfImage> ReadPointsFile(const std::filesystem::path& path);
 
 // One image's list out of a file.

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
+#include <limits>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <utility>
@@ -19,6 +21,18 @@ using Json = nlohmann::json;
 std::string JsonString(const std::string& text) {
   // File names need not be UTF-8; JSON must be.
   return Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+// Whether an int holds a whole number. Those above the largest of 64 bits with a sign are kept
+// without one, and would come out negative.
+bool IsInt(const Json& value) {
+  constexpr int kLeast = std::numeric_limits<int>::min();
+  constexpr int kMost = std::numeric_limits<int>::max();
+  if (value.is_number_unsigned()) {
+    return value.get<std::uint64_t>() <= std::uint64_t{kMost};
+  }
+  const std::int64_t number = value.get<std::int64_t>();
+  return number >= kLeast && number <= kMost;
 }
 
 // Reads members of one JSON object; `file` and `where` name it in messages.
@@ -42,11 +56,17 @@ class JsonObject {
   }
   int Integer(const char* name) const {
     const Json& value = Member(name);
-    // The comparison with the 64-bit value refuses what an int cannot hold.
-    if (!value.is_number_integer() || value != Json(value.get<int>())) {
+    if (!value.is_number_integer() || !IsInt(value)) {
       FailAt(name, "a whole number");
     }
     return value.get<int>();
+  }
+  int Size(const char* name) const {
+    const int size = Integer(name);
+    if (size < 0) {
+      FailAt(name, "a number of pixels");
+    }
+    return size;
   }
   double Number(const char* name) const {
     const Json& value = Member(name);
@@ -104,7 +124,7 @@ PointsOfImage ParseImage(const Json& value, const std::string& file, const std::
   if (object.Has("error")) {
     return {object.Text("image"), 0, 0, {}, object.Text("error")};
   }
-  PointsOfImage image{object.Text("image"), object.Integer("width"), object.Integer("height"), {}};
+  PointsOfImage image{object.Text("image"), object.Size("width"), object.Size("height"), {}};
   const Json& points = object.List("points");
   for (std::size_t i = 0; i < points.size(); ++i) {
     const JsonObject point(points[i], file, fmt::format("{}, point {}", where, i + 1));

@@ -19,9 +19,8 @@ std::string TruthCsv(const std::vector<TruthMark>& marks) {
   return csv;
 }
 
-std::vector<TruthMark> ReadTruthFile(const std::filesystem::path& path) {
-  const std::string name = Utf8Name(path);
-  const CsvTable table(ReadTextFile(path), name);
+std::vector<TruthMark> ParseTruthCsv(const std::string& text, const std::string& name) {
+  const CsvTable table(text, name);
   const std::size_t row = table.ColumnNamed("row");
   const std::size_t col = table.ColumnNamed("col");
   const std::size_t x = table.ColumnNamed("x");
@@ -42,6 +41,10 @@ std::vector<TruthMark> ReadTruthFile(const std::filesystem::path& path) {
     throw InputError(fmt::format("{} holds no marks", name));
   }
   return marks;
+}
+
+std::vector<TruthMark> ReadTruthFile(const std::filesystem::path& path) {
+  return ParseTruthCsv(ReadTextFile(path), Utf8Name(path));
 }
 
 }  // namespace quorvex::tools

@@ -20,7 +20,11 @@ struct TruthMark {
 // The table, positions with six decimals.
 std::string TruthCsv(const std::vector<TruthMark>& marks);
 
-// Throws InputError naming file, line and reason; a table without marks is an error too.
+// `name` is that of the file. Throws InputError naming file, line and reason; a table without marks
+// is an error too.
+std::vector<TruthMark> ParseTruthCsv(const std::string& text, const std::string& name);
+
+// The same of a file.
 std::vector<TruthMark> ReadTruthFile(const std::filesystem::path& path);
 
 }  // namespace quorvex::tools

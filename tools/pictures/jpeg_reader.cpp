@@ -22,12 +22,16 @@ namespace {
 // A block of 8 x 8 pixels takes one bit at least.
 constexpr std::uint64_t kMostPixelsPerByte = std::uint64_t{64} * 8;
 constexpr unsigned kLongestMarker = 0xffff;  // bytes
+// Files have some ten. Each scan goes over all pixels, and takes a few bytes to say that nothing
+// changes: a small file could keep the reader busy for hours.
+constexpr int kMostScans = 100;
 
 // libjpeg leaves a failing call by a jump, which must skip no destructor: what is called between
 // setjmp and the jump has plain variables only, and everything else stands in here.
 struct Decoder {
   jpeg_decompress_struct state{};
   jpeg_error_mgr errors{};
+  jpeg_progress_mgr progress{};
   std::jmp_buf failure{};
   std::array<char, JMSG_LENGTH_MAX> reason{};
   std::uint8_t* rows = nullptr;
@@ -54,6 +58,16 @@ void FailOnWarning(j_common_ptr common, int level) {
   }
 }
 
+void FailOnManyScans(j_common_ptr common) {
+  const auto* state = reinterpret_cast<j_decompress_ptr>(common);
+  if (state->input_scan_number > kMostScans) {
+    Decoder& decoder = DecoderOf(common);
+    std::snprintf(decoder.reason.data(), decoder.reason.size(), "it has more than %d scans",
+                  kMostScans);
+    std::longjmp(decoder.failure, 1);
+  }
+}
+
 bool ReadHeader(const std::uint8_t* bytes, std::size_t size, Decoder& decoder) {
   decoder.state.err = jpeg_std_error(&decoder.errors);
   decoder.state.client_data = &decoder;
@@ -63,6 +77,8 @@ bool ReadHeader(const std::uint8_t* bytes, std::size_t size, Decoder& decoder) {
     return false;
   }
   jpeg_create_decompress(&decoder.state);
+  decoder.progress.progress_monitor = FailOnManyScans;
+  decoder.state.progress = &decoder.progress;
   jpeg_mem_src(&decoder.state, bytes, static_cast<unsigned long>(size));
   jpeg_save_markers(&decoder.state, JPEG_APP0 + 1, kLongestMarker);  // Exif
   jpeg_read_header(&decoder.state, TRUE);

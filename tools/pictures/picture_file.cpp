@@ -80,10 +80,8 @@ std::vector<std::uint8_t> ReadWholeFile(const std::filesystem::path& path) {
   return bytes;
 }
 
-Picture DecodeAnyFormat(const std::filesystem::path& path,
+Picture DecodeAnyFormat(const std::vector<std::uint8_t>& bytes, const std::string& name,
                         const std::optional<GreyLevels>& levels) {
-  const std::vector<std::uint8_t> bytes = ReadWholeFile(path);
-  const std::string name = Utf8Name(path);
   if (IsPng(bytes)) {
     return DecodePng(bytes, name, levels);
   }
@@ -99,7 +97,7 @@ Picture DecodeAnyFormat(const std::filesystem::path& path,
   if (IsPgm(bytes)) {
     return DecodePgm(bytes, name, levels);
   }
-  Refuse(path, fmt::format("it is none of the files that are read: {}", ReadFormats()));
+  ThrowCannotRead(name, fmt::format("it is none of the files that are read: {}", ReadFormats()));
 }
 
 }  // namespace
@@ -110,7 +108,12 @@ std::string ReadFormats() {
 
 Picture ReadPictureFile(const std::filesystem::path& path,
                         const std::optional<GreyLevels>& levels) {
-  Picture picture = DecodeAnyFormat(path, levels);
+  return DecodePicture(ReadWholeFile(path), Utf8Name(path), levels);
+}
+
+Picture DecodePicture(const std::vector<std::uint8_t>& bytes, const std::string& name,
+                      const std::optional<GreyLevels>& levels) {
+  Picture picture = DecodeAnyFormat(bytes, name, levels);
   if (levels && picture.bitsPerSample == 8 && picture.note.empty()) {
     picture.note = "--levels is for pictures of more than 8 bits and changes nothing of this one";
   }

@@ -24,6 +24,10 @@ namespace quorvex::tools {
 Picture ReadPictureFile(const std::filesystem::path& path,
                         const std::optional<GreyLevels>& levels = std::nullopt);
 
+// The same of the bytes of a file; `name` is the file's, for messages.
+Picture DecodePicture(const std::vector<std::uint8_t>& bytes, const std::string& name,
+                      const std::optional<GreyLevels>& levels = std::nullopt);
+
 // What ReadPictureFile of this build reads, for messages and helps: "BMP, PNG, PGM, JPEG, TIFF".
 std::string ReadFormats();
 

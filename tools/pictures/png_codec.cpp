@@ -17,10 +17,16 @@ namespace quorvex::tools {
 namespace {
 
 constexpr std::array<std::uint8_t, 8> kSignature = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1a, '\n'};
+constexpr std::array<std::uint8_t, 4> kPixelChunk = {'I', 'D', 'A', 'T'};
 
-// Deflate packs at most 1032 bytes into one; a file that promises more pixels than that cannot hold
-// them, at no less than one bit a pixel.
-constexpr std::uint64_t kMaxPixelsPerByte = std::uint64_t{1032} * 8;
+// Deflate packs at most so many bytes into one; a file that promises more cannot hold them.
+constexpr std::uint64_t kMostBytesPerByte = 1032;
+
+// Signature, then chunks: their length, type, data and checksum. The first has the sizes and below
+// them bits and channels.
+constexpr std::size_t kChunkFrame = 12;  // bytes beside the data
+constexpr std::size_t kBitsOffset = 24;
+constexpr std::size_t kColourTypeOffset = 25;
 
 // Frees libpng's state on every path.
 struct PngImage {
@@ -31,15 +37,50 @@ struct PngImage {
   PngImage& operator=(const PngImage&) = delete;
 };
 
-void CheckSize(const png_image& image, std::uint64_t fileBytes, const std::string& name) {
+std::uint64_t ChannelCount(std::uint8_t colourType) {
+  switch (colourType) {
+    case PNG_COLOR_TYPE_GRAY_ALPHA:
+      return 2;
+    case PNG_COLOR_TYPE_RGB:
+      return 3;
+    case PNG_COLOR_TYPE_RGB_ALPHA:
+      return 4;
+    default:
+      return 1;
+  }
+}
+
+// Of a file whose first chunk libpng has read.
+void CheckSize(const png_image& image, const std::vector<std::uint8_t>& bytes,
+               const std::string& name) {
   if (image.width > kMaxPictureSide || image.height > kMaxPictureSide) {
     ThrowCannotRead(name, fmt::format("{} x {} pixels is more than {} on a side", image.width,
                                       image.height, kMaxPictureSide));
   }
-  const std::uint64_t pixels = std::uint64_t{image.width} * image.height;
-  if (pixels / kMaxPixelsPerByte > fileBytes) {
+  const std::uint64_t rowBytes =
+      (std::uint64_t{image.width} * ChannelCount(bytes[kColourTypeOffset]) * bytes[kBitsOffset] +
+       7) /
+      8;
+  if (rowBytes * image.height / kMostBytesPerByte > bytes.size()) {
     ThrowCannotRead(name, fmt::format("{} x {} pixels do not fit into {} bytes", image.width,
-                                      image.height, fileBytes));
+                                      image.height, bytes.size()));
+  }
+}
+
+// Up to the pixels: libpng makes room for a whole chunk before it looks for its bytes.
+void CheckChunks(const std::vector<std::uint8_t>& bytes, const std::string& name) {
+  std::size_t left = bytes.size() - kSignature.size();
+  while (left >= kChunkFrame) {
+    const std::uint8_t* chunk = bytes.data() + (bytes.size() - left);
+    const std::uint32_t length = std::uint32_t{chunk[0]} << 24 | std::uint32_t{chunk[1]} << 16 |
+                                 std::uint32_t{chunk[2]} << 8 | chunk[3];
+    if (std::equal(kPixelChunk.begin(), kPixelChunk.end(), chunk + 4)) {
+      return;
+    }
+    if (length > left - kChunkFrame) {
+      ThrowCannotRead(name, fmt::format("a chunk of {} bytes reaches beyond its end", length));
+    }
+    left -= kChunkFrame + length;
   }
 }
 
@@ -68,12 +109,13 @@ bool IsPng(const std::vector<std::uint8_t>& bytes) {
 
 Picture DecodePng(const std::vector<std::uint8_t>& bytes, const std::string& name,
                   const std::optional<GreyLevels>& levels) {
+  CheckChunks(bytes, name);
   PngImage png;
   png_image& image = png.image;
   if (png_image_begin_read_from_memory(&image, bytes.data(), bytes.size()) == 0) {
     ThrowCannotRead(name, image.message);
   }
-  CheckSize(image, bytes.size(), name);
+  CheckSize(image, bytes, name);
   const bool has16Bits = (image.format & PNG_FORMAT_FLAG_LINEAR) != 0;
   const bool isTransparent = (image.format & PNG_FORMAT_FLAG_ALPHA) != 0;
   if (has16Bits && !isTransparent) {

@@ -21,8 +21,9 @@ namespace {
 
 constexpr int kMostDirectories = 64;         // pictures and previews of a file that are looked at
 constexpr std::size_t kLongestReason = 300;  // characters, of libtiff
+constexpr std::uint16_t kMostChannels = 16;  // a pixel; the third is the last that counts
 // What deflate and LZW reach on even areas, and more than any picture of a camera does.
-constexpr std::uint64_t kMostPixelsPerByte = 8192;
+constexpr std::uint64_t kMostBytesPerByte = 8192;
 
 // A file in memory as libtiff reads it, and what libtiff had to say.
 struct TiffSource {
@@ -162,6 +163,10 @@ void CheckSamples(TIFF* tiff, const TiffLayout& layout, const std::string& name)
   if (layout.samples < (isGrey ? 1 : 3)) {
     ThrowCannotRead(name, fmt::format("{} channels make no colour", layout.samples));
   }
+  if (layout.samples > kMostChannels) {
+    ThrowCannotRead(name,
+                    fmt::format("{} channels are more than {}", layout.samples, kMostChannels));
+  }
   const auto planes = Field<std::uint16_t>(tiff, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
   if (planes != PLANARCONFIG_CONTIG && layout.samples > 1) {
     ThrowCannotRead(name, "its channels lie in planes of their own; save it as grey");
@@ -181,19 +186,21 @@ TiffLayout ReadLayout(TIFF* tiff, std::uint64_t fileBytes, const std::string& na
     ThrowCannotRead(
         name, fmt::format("a size of {} x {} pixels is out of range", layout.width, layout.height));
   }
-  if (std::uint64_t{layout.width} * layout.height / kMostPixelsPerByte > fileBytes) {
+  CheckSamples(tiff, layout, name);
+  const std::uint64_t rowBytes = std::uint64_t{layout.width} * layout.samples * (layout.bits / 8u);
+  const auto compression = Field<std::uint16_t>(tiff, TIFFTAG_COMPRESSION, COMPRESSION_NONE);
+  const std::uint64_t mostPerByte = compression == COMPRESSION_NONE ? 1 : kMostBytesPerByte;
+  if (rowBytes * layout.height / mostPerByte > fileBytes) {
     ThrowCannotRead(name, fmt::format("{} x {} pixels do not fit into {} bytes", layout.width,
                                       layout.height, fileBytes));
   }
-  CheckSamples(tiff, layout, name);
-  if (Field<std::uint16_t>(tiff, TIFFTAG_COMPRESSION, COMPRESSION_NONE) == COMPRESSION_OJPEG) {
+  if (compression == COMPRESSION_OJPEG) {
     ThrowCannotRead(name, "its compression is the old kind of JPEG; save it in another one");
   }
   if (TIFFIsTiled(tiff) != 0) {
     ThrowCannotRead(name, "it is cut into tiles; save it in strips, as most programs do");
   }
-  const std::uint64_t needed = std::uint64_t{layout.width} * layout.samples * (layout.bits / 8u);
-  if (static_cast<std::uint64_t>(TIFFScanlineSize64(tiff)) != needed) {
+  if (static_cast<std::uint64_t>(TIFFScanlineSize64(tiff)) != rowBytes) {
     ThrowCannotRead(name, "its rows are not as long as its width says");
   }
   return layout;

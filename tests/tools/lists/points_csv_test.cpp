@@ -121,6 +121,10 @@ INSTANTIATE_TEST_SUITE_P(
         BadFile{"id,row,col,x,y,kind\n1,2,3,4,5,Seen\n",
                 ":2: \"Seen\" in column \"kind\" is not seen, filled, measured, doubtful, "
                 "predicted or failed"},
+        BadFile{"image,id,row,col,x,y,kind\na,1,2,3,4,5,seen\nb,,,,,,failed\na,,,,,,failed\n",
+                ":4: the image has points and a failed detection"},
+        BadFile{"image,id,row,col,x,y,kind\na,,,,,,failed\na,1,2,3,4,5,seen\n",
+                ":3: the image has points and a failed detection"},
         BadFile{"id,row,col,x,y,kind\n,,,,,seen\n",
                 ":2: \"\" in column \"id\" is not a whole number"}));
 

@@ -96,6 +96,14 @@ TEST_F(ReadJpeg, RefusesPixelsThatWouldBeMadeUp) {
   EXPECT_THAT(Refusal(bytes), HasSubstr("Corrupt JPEG data"));
 }
 
+TEST_F(ReadJpeg, RefusesMoreThanAHundredScans) {
+  JpegFields fields = GreyRamp();
+  fields.scans = 100;
+  EXPECT_EQ(Refusal(EncodeJpeg(fields)), "was read");
+  fields.scans = 101;
+  EXPECT_EQ(Refusal(EncodeJpeg(fields)), "cannot read a.jpg: it has more than 100 scans");
+}
+
 TEST_F(ReadJpeg, RefusesASizeThatTheFileCannotHold) {
   Bytes bytes = EncodeJpeg(GreyRamp());
   const Bytes frame = {0xff, 0xc0};

@@ -145,16 +145,34 @@ TEST(HostileFile, BrokenPngs) {
   ExpectRefused(path, "");
 }
 
+// The signature and the first chunk of a grey PNG.
+Bytes PngOf(const Bytes& sides, const Bytes& checksum) {
+  return Concatenated(
+      {{0x89, 'P', 'N', 'G', '\r', '\n', 0x1a, '\n', 0, 0, 0, 13, 'I', 'H', 'D', 'R'},
+       sides,
+       {8, 0, 0, 0, 0},
+       checksum});
+}
+
 TEST(HostileFile, PngThatPromisesMoreThanItHolds) {
   const TemporaryFolder folder;
-  Bytes bytes = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1a, '\n', 0, 0, 0, 13, 'I', 'H', 'D', 'R'};
-  const Bytes sizeAndType = {0, 0, 0x80, 0, 0, 0, 0x80, 0, 8, 0, 0, 0, 0};
-  bytes.insert(bytes.end(), sizeAndType.begin(), sizeAndType.end());
-  const Bytes checksumAndData = {0xe1, 0x17, 0xfc, 0xa3, 0,    0,    0,    0,
-                                 'I',  'D',  'A',  'T',  0x35, 0xaf, 0x06, 0x1e};
-  bytes.insert(bytes.end(), checksumAndData.begin(), checksumAndData.end());
-  WriteBytes(folder.Path("a.png"), bytes);
+  const Bytes noPixels = {0, 0, 0, 0, 'I', 'D', 'A', 'T', 0x35, 0xaf, 0x06, 0x1e};
+  WriteBytes(
+      folder.Path("a.png"),
+      Concatenated({PngOf({0, 0, 0x80, 0, 0, 0, 0x80, 0}, {0xe1, 0x17, 0xfc, 0xa3}), noPixels}));
   ExpectRefused(folder.Path("a.png"), "32768 x 32768 pixels do not fit into");
+  // At a bit a pixel they might.
+  WriteBytes(folder.Path("a.png"),
+             Concatenated({PngOf({0, 0, 1, 44, 0, 0, 1, 44}, {0x5c, 0x16, 0xd1, 0xa9}), noPixels}));
+  ExpectRefused(folder.Path("a.png"), "300 x 300 pixels do not fit into 45 bytes");
+}
+
+TEST(HostileFile, PngWithAChunkLongerThanTheFile) {
+  const TemporaryFolder folder;
+  WriteBytes(folder.Path("a.png"),
+             Concatenated({PngOf({0, 0, 1, 44, 0, 0, 1, 44}, {0x5c, 0x16, 0xd1, 0xa9}),
+                           {0, 0x7a, 0, 0, 't', 'E', 'X', 't', 'a', 0, 'b', 'c'}}));
+  ExpectRefused(folder.Path("a.png"), "a chunk of 7995392 bytes reaches beyond its end");
 }
 
 }  // namespace

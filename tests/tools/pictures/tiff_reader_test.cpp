@@ -139,6 +139,15 @@ TEST_F(ReadTiff, NamesWhatItDoesNotRead) {
   }
 }
 
+// Rows of a few pixels would take gigabytes.
+TEST_F(ReadTiff, RefusesMoreThanSixteenChannels) {
+  TiffFields fields = Grey(8, 8);
+  fields.channels = 16;
+  EXPECT_EQ(Refusal(Encode(fields)), "was read");
+  fields.channels = 17;
+  EXPECT_EQ(Refusal(Encode(fields)), "cannot read a.tif: 17 channels are more than 16");
+}
+
 TEST_F(ReadTiff, RefusesFilesThatAreCutAnywhere) {
   const Bytes whole = Encode(Grey(40, 30));
   for (std::size_t size = 4; size < whole.size(); size += 11) {
@@ -207,6 +216,16 @@ TEST_F(ReadTiff, RefusesASizeThatTheFileCannotHold) {
   }
   ASSERT_EQ(changed, 2);
   EXPECT_THAT(Refusal(bytes), HasSubstr("32531 x 32535 pixels do not fit into"));
+}
+
+// Pixels that are not packed take a byte each.
+TEST_F(ReadTiff, RefusesMoreRowsThanTheFileHolds) {
+  Bytes bytes = Encode(Grey(19, 23));
+  const Bytes height = {1, 1, 3, 0, 1, 0, 0, 0, 23, 0};
+  const auto at = std::search(bytes.begin(), bytes.end(), height.begin(), height.end());
+  ASSERT_NE(at, bytes.end());
+  *(at + 8) = 99;
+  EXPECT_THAT(Refusal(bytes), HasSubstr("19 x 99 pixels do not fit into"));
 }
 
 }  // namespace
