@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Fails when a build lacks tests that stand in the sources: a source that no list of CMake names, a program
-# that no longer registers its tests. A test with parameters has to be there at least once.
+# that no longer registers its tests, a fuzz target that runs nothing. A test with parameters has to be there at least once.
 #   ctest --test-dir build/release -N | scripts/check_tests_present.sh [--without NAME] posix [FOLDER]
 # The platform, posix or windows, says which of the folders of these names the build holds; FOLDER is where
 # the test sources are, tests/ if not given; NAME is a folder in it that the build leaves out.
@@ -31,6 +31,12 @@ fi
 expected=$(cat "${sources[@]}" | tr '\n' ' ' |
   grep -oE '\b(TYPED_|DIFFERENTIAL_)?TEST(_F|_P)?\( *\w+, *\w+ *[,)]' |
   sed -E 's/.*\( *(\w+), *(\w+) *[,)]/\1.\2/' | LC_ALL=C sort)
+
+# Fuzz.NAME of every fuzz target beside the tests; read_image needs a linker that Windows has not got.
+targets=$(cd "$folder/.." && grep -lE '^extern "C" int LLVMFuzzerTestOneInput.*\{' fuzz/*.cpp 2>/dev/null |
+  sed -E 's#fuzz/(.*)\.cpp#Fuzz.\1#' || true)
+if [[ $platform == windows ]]; then targets=$(grep -vx Fuzz.read_image <<<"$targets" || true); fi
+expected=$(printf '%s\n' "$expected" $targets | LC_ALL=C sort)
 
 repeated=$(uniq -d <<<"$expected")
 missing=$(LC_ALL=C comm -13 <(echo "$present") <(uniq <<<"$expected"))

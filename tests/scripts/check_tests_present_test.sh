@@ -7,7 +7,9 @@ trap 'rm -rf "$scratch"' EXIT
 failed=0
 
 sources=$scratch/tests
-mkdir -p "$sources"/{grid/posix,grid/windows,road}
+mkdir -p "$sources"/{grid/posix,grid/windows,road} "$scratch/fuzz"
+echo 'extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {' > "$scratch/fuzz/lists.cpp"
+echo 'extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);' > "$scratch/fuzz/main.cpp"
 cat > "$sources/grid/curve_test.cpp" <<'END'
 TEST(Curve, IsStraight) {}
 TEST_F(CurveFitTest,
@@ -29,9 +31,10 @@ Test project /somewhere
   Test   #5: CurveMemory.IsFreed<(anonymous namespace)::Heap>
   Test   #6: Link.IsFollowed
   Test   #7: CurveForms.SameBends
+  Test   #8: Fuzz.lists
   Test  #70: Road.large
 
-Total Tests: 8
+Total Tests: 9
 END
 sed 's/Link.IsFollowed/Drive.IsFound/' "$scratch/posix.txt" > "$scratch/windows.txt"
 
@@ -50,8 +53,8 @@ expect 0 posix "$scratch/posix.txt" "all tests are there"
 expect 0 windows "$scratch/windows.txt" "all tests of the other platform are there"
 expect 1 posix "$scratch/windows.txt" "the tests of the other platform instead"
 
-# Each of the six tests lost alone; the values of another test do not make up for it.
-for name in Curve.IsStraight HasANameOnTwoLines AreKept IsFreed SameBends Link.IsFollowed; do
+# Each of the tests lost alone; the values of another test do not make up for it.
+for name in Curve.IsStraight HasANameOnTwoLines AreKept IsFreed SameBends Link.IsFollowed Fuzz.lists; do
   grep -v "$name" "$scratch/posix.txt" > "$scratch/shorter.txt"
   expect 1 posix "$scratch/shorter.txt" "without $name"
   if ! grep -q "^[A-Za-z]*\.*${name#*.}$" "$scratch/output"; then
