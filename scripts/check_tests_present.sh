@@ -21,7 +21,7 @@ esac
 # "Suite.Test" of every name that ctest lists: of Suite.Test, Values/Suite.Test/value and Suite.Test<type>.
 present=$(sed -nE 's#^ *Test +\#[0-9]+: ([^/.]+/)?([^/.]+)\.(\w+).*#\2.\3#p' | LC_ALL=C sort -u)
 
-# The same of every TEST, TEST_F, TEST_P and TYPED_TEST, whose two names may stand on two lines.
+# The same of every TEST, TEST_F, TEST_P, TYPED_TEST and DIFFERENTIAL_TEST, whose two names may stand on two lines.
 mapfile -t sources < <(find "$folder" -name '*_test.cpp' -not -path "*/$other/*" -not -path '*/road/*' \
   -not -path "*/$without/*")
 if [[ ${#sources[@]} -eq 0 ]]; then
@@ -29,8 +29,8 @@ if [[ ${#sources[@]} -eq 0 ]]; then
   exit 2
 fi
 expected=$(cat "${sources[@]}" | tr '\n' ' ' |
-  grep -oE '\b(TYPED_)?TEST(_F|_P)?\( *\w+, *\w+ *\)' |
-  sed -E 's/.*\( *(\w+), *(\w+) *\)/\1.\2/' | LC_ALL=C sort)
+  grep -oE '\b(TYPED_|DIFFERENTIAL_)?TEST(_F|_P)?\( *\w+, *\w+ *[,)]' |
+  sed -E 's/.*\( *(\w+), *(\w+) *[,)]/\1.\2/' | LC_ALL=C sort)
 
 # Fuzz.NAME of every fuzz target beside the tests; read_image needs a linker that Windows has not got.
 targets=$(cd "$folder/.." && grep -lE '^extern "C" int LLVMFuzzerTestOneInput.*\{' fuzz/*.cpp 2>/dev/null |

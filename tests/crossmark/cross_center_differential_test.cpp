@@ -32,34 +32,32 @@ TestImage ThinnedPatch(CaseRandom& random) {
   return patch;
 }
 
-TEST(CrossCenterDifferentialTest, SameCentreAndPictures) {
-  SideBySide forms;
-  ExpectSameOnCases(3'000, [&forms](CaseRandom& random) {
-    const TestImage thinned = ThinnedPatch(random);
-    const TestImage grey = random.OneIn(3)
-                               ? RandomImage(random, {kPatchSize, kPatchSize}, {200, 70, 71, 199})
-                               : thinned;
-    PointF plainCentre{-1.0f, -1.0f};
-    PointF fastCentre = plainCentre;
-    bool plainResult = false;
-    bool fastResult = false;
-    forms.RunMostlyBlocked(
-        random,
-        [&] {
-          plainResult =
-              plain::LocateCrossCenter(grey.Data(), thinned.Data(), plainCentre.x, plainCentre.y);
-        },
-        [&] {
-          fastResult = LocateCrossCenter(grey.Data(), thinned.Data(), fastCentre.x, fastCentre.y);
-        });
-    if (plainResult != fastResult) {
-      return std::string(fastResult ? "found" : "not found");
-    }
-    const std::string difference =
-        plainResult ? PointDifference("centre", plainCentre, fastCentre) : "";
-    return difference.empty() ? forms.FileDifference() : difference;
-  });
+std::string SameCentreAndPictures(CaseRandom& random) {
+  SideBySide& forms = SharedSideBySide();
+  const TestImage thinned = ThinnedPatch(random);
+  const TestImage grey =
+      random.OneIn(3) ? RandomImage(random, {kPatchSize, kPatchSize}, {200, 70, 71, 199}) : thinned;
+  PointF plainCentre{-1.0f, -1.0f};
+  PointF fastCentre = plainCentre;
+  bool plainResult = false;
+  bool fastResult = false;
+  forms.RunMostlyBlocked(
+      random,
+      [&] {
+        plainResult =
+            plain::LocateCrossCenter(grey.Data(), thinned.Data(), plainCentre.x, plainCentre.y);
+      },
+      [&] {
+        fastResult = LocateCrossCenter(grey.Data(), thinned.Data(), fastCentre.x, fastCentre.y);
+      });
+  if (plainResult != fastResult) {
+    return std::string(fastResult ? "found" : "not found");
+  }
+  const std::string difference =
+      plainResult ? PointDifference("centre", plainCentre, fastCentre) : "";
+  return difference.empty() ? forms.FileDifference() : difference;
 }
+DIFFERENTIAL_TEST(CrossCenterDifferentialTest, SameCentreAndPictures, 3'000);
 
 }  // namespace
 }  // namespace quorvex::tests

@@ -30,32 +30,31 @@ LineSegment RandomSegment(CaseRandom& random) {
   return segment;
 }
 
-TEST(CrossLinesDifferentialTest, SameLinesAndCrossing) {
-  ExpectSameOnCases(kCases, [](CaseRandom& random) {
-    LineSegmentList segments;
-    for (int i = random.Below(7); i > 0; --i) {
-      segments.push_back(RandomSegment(random));
-    }
-    PointF plainCrossing{-1.0f, -1.0f};
-    PointF fastCrossing = plainCrossing;
-    LineSegment plainLines[2];
-    LineSegment fastLines[2];
-    const bool plainResult = plain::SelectCrossLines(segments, plainCrossing.x, plainCrossing.y,
-                                                     plainLines[0], plainLines[1]);
-    const bool fastResult =
-        SelectCrossLines(segments, fastCrossing.x, fastCrossing.y, fastLines[0], fastLines[1]);
-    if (plainResult != fastResult) {
-      return std::string(fastResult ? "found" : "not found");
-    }
-    if (!plainResult) {
-      return std::string();  // the results mean nothing
-    }
-    const std::string difference = PointDifference("crossing", plainCrossing, fastCrossing);
-    return difference.empty()
-               ? LinesDifference({plainLines[0], plainLines[1]}, {fastLines[0], fastLines[1]})
-               : difference;
-  });
+std::string SameLinesAndCrossing(CaseRandom& random) {
+  LineSegmentList segments;
+  for (int i = random.Below(7); i > 0; --i) {
+    segments.push_back(RandomSegment(random));
+  }
+  PointF plainCrossing{-1.0f, -1.0f};
+  PointF fastCrossing = plainCrossing;
+  LineSegment plainLines[2];
+  LineSegment fastLines[2];
+  const bool plainResult = plain::SelectCrossLines(segments, plainCrossing.x, plainCrossing.y,
+                                                   plainLines[0], plainLines[1]);
+  const bool fastResult =
+      SelectCrossLines(segments, fastCrossing.x, fastCrossing.y, fastLines[0], fastLines[1]);
+  if (plainResult != fastResult) {
+    return std::string(fastResult ? "found" : "not found");
+  }
+  if (!plainResult) {
+    return std::string();  // the results mean nothing
+  }
+  const std::string difference = PointDifference("crossing", plainCrossing, fastCrossing);
+  return difference.empty()
+             ? LinesDifference({plainLines[0], plainLines[1]}, {fastLines[0], fastLines[1]})
+             : difference;
 }
+DIFFERENTIAL_TEST(CrossLinesDifferentialTest, SameLinesAndCrossing, kCases);
 
 }  // namespace
 }  // namespace quorvex::tests

@@ -74,46 +74,43 @@ TestImage ImageWithMarks(CaseRandom& random, ImageSize size) {
 }
 
 // Fewer cases than of the stages that it calls, for each of which there are as many as usual.
-TEST(CrossLocationDifferentialTest, SameMarksAndPictures) {
-  SideBySide forms;
-  ExpectSameOnCases(600, [&forms](CaseRandom& random) {
-    // Hardly larger than a patch, searched near its lower corner: beyond the image all is stroke,
-    // which takes time. The search for the window takes most of the rest.
-    const int width = random.OneIn(10) ? random.Between(8, 200) : random.Between(180, 220);
-    const int height = random.OneIn(10) ? random.Between(8, 200) : random.Between(180, 220);
-    const TestImage image = random.OneIn(30) ? RandomImage(random, {width, height}, {0, 255, 254})
-                                             : ImageWithMarks(random, {width, height});
-    const int x = random.Between(-30, 120);
-    const int y = random.Between(-30, 120);
-    const int size = random.OneOf({0, 20, 21, 30, 40});
-    return CompareForms(forms, random, image, {x, y, size});
-  });
+std::string SameMarksAndPictures(CaseRandom& random) {
+  SideBySide& forms = SharedSideBySide();
+  // Hardly larger than a patch, searched near its lower corner: beyond the image all is stroke,
+  // which takes time. The search for the window takes most of the rest.
+  const int width = random.OneIn(10) ? random.Between(8, 200) : random.Between(180, 220);
+  const int height = random.OneIn(10) ? random.Between(8, 200) : random.Between(180, 220);
+  const TestImage image = random.OneIn(30) ? RandomImage(random, {width, height}, {0, 255, 254})
+                                           : ImageWithMarks(random, {width, height});
+  const int x = random.Between(-30, 120);
+  const int y = random.Between(-30, 120);
+  const int size = random.OneOf({0, 20, 21, 30, 40});
+  return CompareForms(forms, random, image, {x, y, size});
 }
+DIFFERENTIAL_TEST(CrossLocationDifferentialTest, SameMarksAndPictures, 600);
 
-TEST(CrossLocationDifferentialTest, SameMarksAndPicturesInTheSearchesOfTheGrid) {
-  SideBySide forms;
-  ExpectSameOnCases(100, [&forms](CaseRandom& random) {
-    const int width = random.Between(150, 420);
-    const int height = random.Between(150, 420);
-    const TestImage image = ImageWithMarks(random, {width, height});
-    const int x = random.Below(width);
-    const int y = random.Below(height);
-    const int searchSize = random.OneIn(30) ? 500 : 100;
-    return CompareForms(forms, random, image, {x, y, searchSize});
-  });
+std::string SameMarksAndPicturesInTheSearchesOfTheGrid(CaseRandom& random) {
+  SideBySide& forms = SharedSideBySide();
+  const int width = random.Between(150, 420);
+  const int height = random.Between(150, 420);
+  const TestImage image = ImageWithMarks(random, {width, height});
+  const int x = random.Below(width);
+  const int y = random.Below(height);
+  const int searchSize = random.OneIn(30) ? 500 : 100;
+  return CompareForms(forms, random, image, {x, y, searchSize});
 }
+DIFFERENTIAL_TEST(CrossLocationDifferentialTest, SameMarksAndPicturesInTheSearchesOfTheGrid, 100);
 
-TEST(CrossLocationDifferentialTest, SameMarksAndPicturesFarOutside) {
-  SideBySide forms;
-  ExpectSameOnCases(40, [&forms](CaseRandom& random) {
-    constexpr int kLowest = std::numeric_limits<int>::min();
-    constexpr int kHighest = std::numeric_limits<int>::max();
-    const TestImage image = ImageWithMarks(random, {200, 200});
-    const int x = random.OneOf({kLowest, kHighest, 90, -500, 5'000});
-    const int y = random.OneOf({kLowest, kHighest, 90, -500, 5'000});
-    return CompareForms(forms, random, image, {x, y, 40});
-  });
+std::string SameMarksAndPicturesFarOutside(CaseRandom& random) {
+  SideBySide& forms = SharedSideBySide();
+  constexpr int kLowest = std::numeric_limits<int>::min();
+  constexpr int kHighest = std::numeric_limits<int>::max();
+  const TestImage image = ImageWithMarks(random, {200, 200});
+  const int x = random.OneOf({kLowest, kHighest, 90, -500, 5'000});
+  const int y = random.OneOf({kLowest, kHighest, 90, -500, 5'000});
+  return CompareForms(forms, random, image, {x, y, 40});
 }
+DIFFERENTIAL_TEST(CrossLocationDifferentialTest, SameMarksAndPicturesFarOutside, 40);
 
 }  // namespace
 }  // namespace quorvex::tests

@@ -82,18 +82,18 @@ std::string CompareForms(SideBySide& forms, CaseRandom& random, int refused) {
   return difference.empty() ? forms.FileDifference() : difference;
 }
 
-TEST(CrossRefinementDifferentialTest, SamePointsAndPictures) {
-  SideBySide forms;
-  ExpectSameOnCases(600, [&forms](CaseRandom& random) { return CompareForms(forms, random, 0); });
+std::string SamePointsAndPictures(CaseRandom& random) {
+  SideBySide& forms = SharedSideBySide();
+  return CompareForms(forms, random, 0);
 }
+DIFFERENTIAL_TEST(CrossRefinementDifferentialTest, SamePointsAndPictures, 600);
 
-TEST(CrossRefinementDifferentialTest, SamePointsAndPicturesWithoutMemory) {
-  SideBySide forms;
-  ExpectSameOnCases(100, [&forms](CaseRandom& random) {
-    const int refused = random.Between(1, 3);
-    return CompareForms(forms, random, refused);
-  });
+std::string SamePointsAndPicturesWithoutMemory(CaseRandom& random) {
+  SideBySide& forms = SharedSideBySide();
+  const int refused = random.Between(1, 3);
+  return CompareForms(forms, random, refused);
 }
+DIFFERENTIAL_TEST(CrossRefinementDifferentialTest, SamePointsAndPicturesWithoutMemory, 100);
 
 }  // namespace
 }  // namespace quorvex::tests

@@ -22,49 +22,46 @@ std::string CompareForms(const TestImage& image, int strokeValue) {
                                   ": " + difference;
 }
 
-TEST(HoughLinesDifferentialTest, SameLinesOfSmallImages) {
-  ExpectSameOnCases(kCases, [](CaseRandom& random) {
-    const LevelList levels = random.OneIn(2) ? LevelList{0, 255} : LevelList{255, 0, 128};
-    const TestImage image = RandomImage(random, RandomSize(random, 56), levels);
-    const int strokeValue = random.OneOf({255, 255, 0, 0, 128, 256, -1});
-    return CompareForms(image, strokeValue);
-  });
+std::string SameLinesOfSmallImages(CaseRandom& random) {
+  const LevelList levels = random.OneIn(2) ? LevelList{0, 255} : LevelList{255, 0, 128};
+  const TestImage image = RandomImage(random, RandomSize(random, 56), levels);
+  const int strokeValue = random.OneOf({255, 255, 0, 0, 128, 256, -1});
+  return CompareForms(image, strokeValue);
 }
+DIFFERENTIAL_TEST(HoughLinesDifferentialTest, SameLinesOfSmallImages, kCases);
 
 // Strokes of 29 to 33 pixels: a line needs more than 30.
-TEST(HoughLinesDifferentialTest, SameLinesAroundTheNumberOfVotes) {
-  ExpectSameOnCases(2'000, [](CaseRandom& random) {
-    TestImage image = FlatImage({96, 80}, 0);
-    for (int i = random.Between(1, 6); i > 0; --i) {
-      const int x = random.Below(96);
-      const int y = random.Below(80);
-      const int dx = random.Between(-32, 32);
-      const int dy = random.OneOf({-32, -30, -29, 29, 30, 31, 32});
-      const bool isFlat = random.OneIn(2);
-      DrawLine(x, y, x + (isFlat ? dy : dx), y + (isFlat ? dx : dy), random.Between(1, 2), 255,
-               image);
-    }
-    return CompareForms(image, 255);
-  });
+std::string SameLinesAroundTheNumberOfVotes(CaseRandom& random) {
+  TestImage image = FlatImage({96, 80}, 0);
+  for (int i = random.Between(1, 6); i > 0; --i) {
+    const int x = random.Below(96);
+    const int y = random.Below(80);
+    const int dx = random.Between(-32, 32);
+    const int dy = random.OneOf({-32, -30, -29, 29, 30, 31, 32});
+    const bool isFlat = random.OneIn(2);
+    DrawLine(x, y, x + (isFlat ? dy : dx), y + (isFlat ? dx : dy), random.Between(1, 2), 255,
+             image);
+  }
+  return CompareForms(image, 255);
 }
+DIFFERENTIAL_TEST(HoughLinesDifferentialTest, SameLinesAroundTheNumberOfVotes, 2'000);
 
-TEST(HoughLinesDifferentialTest, SameLinesOfPatches) {
-  ExpectSameOnCases(300, [](CaseRandom& random) {
-    const int size = random.OneOf({160, 200});
-    TestImage image = FlatImage({size, size}, 0);
-    for (int i = random.Between(1, 5); i > 0; --i) {
-      const int x = random.Below(size);
-      const int y = random.Below(size);
-      DrawRandomCross(random, x, y, 255, image);
-    }
-    for (int i = random.OneOf({0, 50, 2'000}); i > 0; --i) {
-      const int x = random.Below(size);
-      const int y = random.Below(size);
-      image.At(x, y) = 255;
-    }
-    return CompareForms(image, 255);
-  });
+std::string SameLinesOfPatches(CaseRandom& random) {
+  const int size = random.OneOf({160, 200});
+  TestImage image = FlatImage({size, size}, 0);
+  for (int i = random.Between(1, 5); i > 0; --i) {
+    const int x = random.Below(size);
+    const int y = random.Below(size);
+    DrawRandomCross(random, x, y, 255, image);
+  }
+  for (int i = random.OneOf({0, 50, 2'000}); i > 0; --i) {
+    const int x = random.Below(size);
+    const int y = random.Below(size);
+    image.At(x, y) = 255;
+  }
+  return CompareForms(image, 255);
 }
+DIFFERENTIAL_TEST(HoughLinesDifferentialTest, SameLinesOfPatches, 300);
 
 // The largest one has more stroke pixels than a counter of 16 bits holds.
 TEST(HoughLinesDifferentialTest, SameLinesOfFullPatches) {

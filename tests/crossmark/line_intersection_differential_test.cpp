@@ -20,18 +20,17 @@ LineSegment RandomLine(CaseRandom& random) {
   return line;
 }
 
-TEST(LineIntersectionDifferentialTest, SameCrossing) {
-  ExpectSameOnCases(kCases, [](CaseRandom& random) {
-    const LineSegment first = RandomLine(random);
-    const LineSegment second = random.OneIn(5) ? first : RandomLine(random);
-    PointF plainCrossing{-1.0f, -1.0f};  // stays when there is none
-    PointF fastCrossing = plainCrossing;
-    const bool plainResult = plain::IntersectLines(first, second, plainCrossing.x, plainCrossing.y);
-    const bool fastResult = IntersectLines(first, second, fastCrossing.x, fastCrossing.y);
-    return plainResult != fastResult ? std::string(fastResult ? "found" : "not found")
-                                     : PointDifference("crossing", plainCrossing, fastCrossing);
-  });
+std::string SameCrossing(CaseRandom& random) {
+  const LineSegment first = RandomLine(random);
+  const LineSegment second = random.OneIn(5) ? first : RandomLine(random);
+  PointF plainCrossing{-1.0f, -1.0f};  // stays when there is none
+  PointF fastCrossing = plainCrossing;
+  const bool plainResult = plain::IntersectLines(first, second, plainCrossing.x, plainCrossing.y);
+  const bool fastResult = IntersectLines(first, second, fastCrossing.x, fastCrossing.y);
+  return plainResult != fastResult ? std::string(fastResult ? "found" : "not found")
+                                   : PointDifference("crossing", plainCrossing, fastCrossing);
 }
+DIFFERENTIAL_TEST(LineIntersectionDifferentialTest, SameCrossing, kCases);
 
 }  // namespace
 }  // namespace quorvex::tests

@@ -13,45 +13,43 @@
 namespace quorvex::tests {
 namespace {
 
-TEST(LineSplittingDifferentialTest, SameOrderAlsoOfTiesAndNaN) {
-  ExpectSameOnCases(kCases, [](CaseRandom& random) {
-    constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
-    constexpr float kInfinity = std::numeric_limits<float>::infinity();
-    const int kinds = random.OneOf({2, 5, 100});
-    const bool hasNaN = random.OneIn(2);
-    PointFList points;
-    for (int i = random.Below(60); i > 0; --i) {
-      const float x = static_cast<float>(random.Below(kinds)) - 1.0f;
-      const bool isSpecial = hasNaN && random.OneIn(6);
-      const float special = random.OneOf({kNaN, -kNaN, kInfinity, -kInfinity, 0.0f, -0.0f});
-      // y tells the points apart.
-      points.push_back({isSpecial ? special : x, static_cast<float>(i)});
-    }
-    PointFList plainSorted(points.size());
-    PointFList fastSorted(points.size());
-    plain::SortPointsByU(points, plainSorted.data());
-    SortPointsByU(points, fastSorted.data());
-    return PointsDifference("sorted", plainSorted, fastSorted);
-  });
+std::string SameOrderAlsoOfTiesAndNaN(CaseRandom& random) {
+  constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
+  constexpr float kInfinity = std::numeric_limits<float>::infinity();
+  const int kinds = random.OneOf({2, 5, 100});
+  const bool hasNaN = random.OneIn(2);
+  PointFList points;
+  for (int i = random.Below(60); i > 0; --i) {
+    const float x = static_cast<float>(random.Below(kinds)) - 1.0f;
+    const bool isSpecial = hasNaN && random.OneIn(6);
+    const float special = random.OneOf({kNaN, -kNaN, kInfinity, -kInfinity, 0.0f, -0.0f});
+    // y tells the points apart.
+    points.push_back({isSpecial ? special : x, static_cast<float>(i)});
+  }
+  PointFList plainSorted(points.size());
+  PointFList fastSorted(points.size());
+  plain::SortPointsByU(points, plainSorted.data());
+  SortPointsByU(points, fastSorted.data());
+  return PointsDifference("sorted", plainSorted, fastSorted);
 }
+DIFFERENTIAL_TEST(LineSplittingDifferentialTest, SameOrderAlsoOfTiesAndNaN, kCases);
 
-TEST(LineSplittingDifferentialTest, SameRotation) {
-  ExpectSameOnCases(kCases, [](CaseRandom& random) {
-    PointFList points;
-    for (int i = random.Below(5); i > 0; --i) {
-      const float x = random.Fraction(-300, 300);
-      points.push_back({x, random.Fraction(-300, 300)});
-    }
-    const float angle = random.Fraction(-4, 4) * 1.0009f;
-    const float x0 = random.Fraction(0, 200);
-    const float y0 = random.Fraction(0, 200);
-    PointFList plainOutput(1, PointF{1.0f, 2.0f});
-    PointFList fastOutput = plainOutput;
-    plain::RotatePointsBack(points, angle, x0, y0, plainOutput);
-    RotatePointsBack(points, angle, x0, y0, fastOutput);
-    return PointsDifference("rotated", plainOutput, fastOutput);
-  });
+std::string SameRotation(CaseRandom& random) {
+  PointFList points;
+  for (int i = random.Below(5); i > 0; --i) {
+    const float x = random.Fraction(-300, 300);
+    points.push_back({x, random.Fraction(-300, 300)});
+  }
+  const float angle = random.Fraction(-4, 4) * 1.0009f;
+  const float x0 = random.Fraction(0, 200);
+  const float y0 = random.Fraction(0, 200);
+  PointFList plainOutput(1, PointF{1.0f, 2.0f});
+  PointFList fastOutput = plainOutput;
+  plain::RotatePointsBack(points, angle, x0, y0, plainOutput);
+  RotatePointsBack(points, angle, x0, y0, fastOutput);
+  return PointsDifference("rotated", plainOutput, fastOutput);
 }
+DIFFERENTIAL_TEST(LineSplittingDifferentialTest, SameRotation, kCases);
 
 // Points along a line with gaps of about 10 pixels, in runs of about 30.
 LineSegment RandomLine(CaseRandom& random) {
@@ -74,19 +72,18 @@ LineSegment RandomLine(CaseRandom& random) {
   return line;
 }
 
-TEST(LineSplittingDifferentialTest, SameSegments) {
-  ExpectSameOnCases(kCases, [](CaseRandom& random) {
-    LineSegmentList lines;
-    for (int i = random.Below(5); i > 0; --i) {
-      lines.push_back(RandomLine(random));
-    }
-    LineSegmentList plainSegments(1);
-    LineSegmentList fastSegments(1);
-    plain::SplitLineSegments(lines, plainSegments);
-    SplitLineSegments(lines, fastSegments);
-    return LinesDifference(plainSegments, fastSegments);
-  });
+std::string SameSegments(CaseRandom& random) {
+  LineSegmentList lines;
+  for (int i = random.Below(5); i > 0; --i) {
+    lines.push_back(RandomLine(random));
+  }
+  LineSegmentList plainSegments(1);
+  LineSegmentList fastSegments(1);
+  plain::SplitLineSegments(lines, plainSegments);
+  SplitLineSegments(lines, fastSegments);
+  return LinesDifference(plainSegments, fastSegments);
 }
+DIFFERENTIAL_TEST(LineSplittingDifferentialTest, SameSegments, kCases);
 
 }  // namespace
 }  // namespace quorvex::tests

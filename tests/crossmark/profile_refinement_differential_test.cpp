@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <string>
 
 #include "crossmark/patch.h"
 #include "crossmark/profile_refinement.h"
@@ -34,19 +35,18 @@ float RandomPosition(CaseRandom& random) {
                            : near;
 }
 
-TEST(ProfileRefinementDifferentialTest, SameLine) {
-  ExpectSameOnCases(kCases, [](CaseRandom& random) {
-    const LevelList levels = random.OneIn(2) ? LevelList{200, 70, 71, 199} : LevelList{255, 0};
-    const TestImage patch = RandomImage(random, {kPatchSize, kPatchSize}, levels);
-    LineSegment plainLine = RandomLine(random);
-    LineSegment fastLine = plainLine;
-    const float x = RandomPosition(random);
-    const float y = RandomPosition(random);
-    plain::RefineLineByProfile(patch.Data(), x, y, plainLine);
-    RefineLineByProfile(patch.Data(), x, y, fastLine);
-    return LineDifference("line", plainLine, fastLine);
-  });
+std::string SameLine(CaseRandom& random) {
+  const LevelList levels = random.OneIn(2) ? LevelList{200, 70, 71, 199} : LevelList{255, 0};
+  const TestImage patch = RandomImage(random, {kPatchSize, kPatchSize}, levels);
+  LineSegment plainLine = RandomLine(random);
+  LineSegment fastLine = plainLine;
+  const float x = RandomPosition(random);
+  const float y = RandomPosition(random);
+  plain::RefineLineByProfile(patch.Data(), x, y, plainLine);
+  RefineLineByProfile(patch.Data(), x, y, fastLine);
+  return LineDifference("line", plainLine, fastLine);
 }
+DIFFERENTIAL_TEST(ProfileRefinementDifferentialTest, SameLine, kCases);
 
 }  // namespace
 }  // namespace quorvex::tests

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "crossmark/patch.h"
 #include "crossmark/thinning.h"
 #include "tests/reference/crossmark.h"
@@ -41,30 +43,25 @@ TestImage PatchWithStrokes(CaseRandom& random) {
   return patch;
 }
 
-TEST(ThinningDifferentialTest, SameBytesOfNoise) {
-  ExpectSameOnCases(kCases / 2, [](CaseRandom& random) {
-    return CompareInPlace(PatchWithNoise(random), plain::ThinImage, ThinImage);
-  });
+std::string SameBytesOfNoise(CaseRandom& random) {
+  return CompareInPlace(PatchWithNoise(random), plain::ThinImage, ThinImage);
 }
+DIFFERENTIAL_TEST(ThinningDifferentialTest, SameBytesOfNoise, kCases / 2);
 
-TEST(ThinningDifferentialTest, SameBytesOfStrokes) {
-  ExpectSameOnCases(kCases / 2, [](CaseRandom& random) {
-    return CompareInPlace(PatchWithStrokes(random), plain::ThinImage, ThinImage);
-  });
+std::string SameBytesOfStrokes(CaseRandom& random) {
+  return CompareInPlace(PatchWithStrokes(random), plain::ThinImage, ThinImage);
 }
+DIFFERENTIAL_TEST(ThinningDifferentialTest, SameBytesOfStrokes, kCases / 2);
 
-TEST(ThinningDifferentialTest, SameBytesOfWholePatches) {
-  ExpectSameOnCases(200, [](CaseRandom& random) {
-    return CompareInPlace(RandomImage(random, kPatch, {0, 255, 1, 254}), plain::ThinImage,
-                          ThinImage);
-  });
+std::string SameBytesOfWholePatches(CaseRandom& random) {
+  return CompareInPlace(RandomImage(random, kPatch, {0, 255, 1, 254}), plain::ThinImage, ThinImage);
 }
+DIFFERENTIAL_TEST(ThinningDifferentialTest, SameBytesOfWholePatches, 200);
 
-TEST(ThinningDifferentialTest, SameResultWithoutMemory) {
-  ExpectSameOnCases(10, [](CaseRandom& random) {
-    return CompareRefused(PatchWithStrokes(random), plain::ThinImage, ThinImage);
-  });
+std::string SameResultWithoutMemory(CaseRandom& random) {
+  return CompareRefused(PatchWithStrokes(random), plain::ThinImage, ThinImage);
 }
+DIFFERENTIAL_TEST(ThinningDifferentialTest, SameResultWithoutMemory, 10);
 
 }  // namespace
 }  // namespace quorvex::tests

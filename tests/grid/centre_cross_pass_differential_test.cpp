@@ -25,36 +25,35 @@ Board RandomBoard(CaseRandom& random) {
   return board;
 }
 
-TEST(CentreCrossPassDifferentialTest, SameGridAndPictures) {
-  SideBySide forms;
-  ExpectSameOnCases(40, [&forms](CaseRandom& random) {
-    const Board board = RandomBoard(random);
-    const TestImage& image = board.image;
-    const int rowSpan = random.OneOf({20, 20, 1, 0});
-    const int rowSteps = random.OneOf({300, 300, 500, 100});
-    PointList plainGrid(2);
-    PointList fastGrid = plainGrid;
-    bool plainResult = false;
-    bool fastResult = false;
-    forms.RunMostlyBlocked(
-        random,
-        [&] {
-          plainResult = plain::BuildGridFromCentreCross(image.Data(), image.width, image.height,
-                                                        rowSpan, 0, rowSteps, board.rowSpans,
-                                                        board.columnSpans, plainGrid);
-        },
-        [&] {
-          fastResult =
-              BuildGridFromCentreCross(image.Data(), image.width, image.height, rowSpan, 0,
-                                       rowSteps, board.rowSpans, board.columnSpans, fastGrid);
-        });
-    if (plainResult != fastResult) {
-      return std::string(fastResult ? "found" : "not found");
-    }
-    const std::string difference = ListDifference(plainGrid, fastGrid);
-    return difference.empty() ? forms.FileDifference() : difference;
-  });
+std::string SameGridAndPictures(CaseRandom& random) {
+  SideBySide& forms = SharedSideBySide();
+  const Board board = RandomBoard(random);
+  const TestImage& image = board.image;
+  const int rowSpan = random.OneOf({20, 20, 1, 0});
+  const int rowSteps = random.OneOf({300, 300, 500, 100});
+  PointList plainGrid(2);
+  PointList fastGrid = plainGrid;
+  bool plainResult = false;
+  bool fastResult = false;
+  forms.RunMostlyBlocked(
+      random,
+      [&] {
+        plainResult =
+            plain::BuildGridFromCentreCross(image.Data(), image.width, image.height, rowSpan, 0,
+                                            rowSteps, board.rowSpans, board.columnSpans, plainGrid);
+      },
+      [&] {
+        fastResult =
+            BuildGridFromCentreCross(image.Data(), image.width, image.height, rowSpan, 0, rowSteps,
+                                     board.rowSpans, board.columnSpans, fastGrid);
+      });
+  if (plainResult != fastResult) {
+    return std::string(fastResult ? "found" : "not found");
+  }
+  const std::string difference = ListDifference(plainGrid, fastGrid);
+  return difference.empty() ? forms.FileDifference() : difference;
 }
+DIFFERENTIAL_TEST(CentreCrossPassDifferentialTest, SameGridAndPictures, 40);
 
 }  // namespace
 }  // namespace quorvex::tests

@@ -87,30 +87,28 @@ std::string CompareForms(const TestImage& image, const Probe& probe, const Pixel
          difference;
 }
 
-TEST(CrossProbeDifferentialTest, SameNextCross) {
-  ExpectSameOnCases(kCases, [](CaseRandom& random) {
-    const ImageSize size = RandomSize(random, random.OneIn(4) ? 320 : 130);
-    const TestImage image = RandomImage(random, size, {0, 255, 254});
-    const PixelSpanList rowSpans = RandomSpans(random, size.height, size.width);
-    const PixelSpanList columnSpans = RandomSpans(random, size.width, size.height);
-    const Probe probe = RandomProbe(random, image);
-    return CompareForms(image, probe, rowSpans, columnSpans);
-  });
+std::string SameNextCross(CaseRandom& random) {
+  const ImageSize size = RandomSize(random, random.OneIn(4) ? 320 : 130);
+  const TestImage image = RandomImage(random, size, {0, 255, 254});
+  const PixelSpanList rowSpans = RandomSpans(random, size.height, size.width);
+  const PixelSpanList columnSpans = RandomSpans(random, size.width, size.height);
+  const Probe probe = RandomProbe(random, image);
+  return CompareForms(image, probe, rowSpans, columnSpans);
 }
+DIFFERENTIAL_TEST(CrossProbeDifferentialTest, SameNextCross, kCases);
 
-TEST(CrossProbeDifferentialTest, SameNextCrossOnBoards) {
-  ExpectSameOnCases(1'000, [](CaseRandom& random) {
-    const TestImage image = RandomStrokeBoard(random, {420, 400});
-    const PixelSpanList rowSpans = RandomSpans(random, 400, 420);
-    const PixelSpanList columnSpans = RandomSpans(random, 420, 400);
-    std::string difference;
-    for (int i = 0; i < 8 && difference.empty(); ++i) {
-      const Probe probe = RandomProbe(random, image);
-      difference = CompareForms(image, probe, rowSpans, columnSpans);
-    }
-    return difference;
-  });
+std::string SameNextCrossOnBoards(CaseRandom& random) {
+  const TestImage image = RandomStrokeBoard(random, {420, 400});
+  const PixelSpanList rowSpans = RandomSpans(random, 400, 420);
+  const PixelSpanList columnSpans = RandomSpans(random, 420, 400);
+  std::string difference;
+  for (int i = 0; i < 8 && difference.empty(); ++i) {
+    const Probe probe = RandomProbe(random, image);
+    difference = CompareForms(image, probe, rowSpans, columnSpans);
+  }
+  return difference;
 }
+DIFFERENTIAL_TEST(CrossProbeDifferentialTest, SameNextCrossOnBoards, 1'000);
 
 }  // namespace
 }  // namespace quorvex::tests

@@ -52,19 +52,17 @@ std::string CompareForms(SideBySide& forms, CaseRandom& random, TraceForm plainT
 }
 
 // A trace locates several marks; the stages below it are compared on more cases of their own.
-TEST(LineTracingDifferentialTest, SameRowsAndPictures) {
-  SideBySide forms;
-  ExpectSameOnCases(250, [&forms](CaseRandom& random) {
-    return CompareForms(forms, random, plain::TraceRow, TraceRow);
-  });
+std::string SameRowsAndPictures(CaseRandom& random) {
+  SideBySide& forms = SharedSideBySide();
+  return CompareForms(forms, random, plain::TraceRow, TraceRow);
 }
+DIFFERENTIAL_TEST(LineTracingDifferentialTest, SameRowsAndPictures, 250);
 
-TEST(LineTracingDifferentialTest, SameColumnsAndPictures) {
-  SideBySide forms;
-  ExpectSameOnCases(250, [&forms](CaseRandom& random) {
-    return CompareForms(forms, random, plain::TraceColumn, TraceColumn);
-  });
+std::string SameColumnsAndPictures(CaseRandom& random) {
+  SideBySide& forms = SharedSideBySide();
+  return CompareForms(forms, random, plain::TraceColumn, TraceColumn);
 }
+DIFFERENTIAL_TEST(LineTracingDifferentialTest, SameColumnsAndPictures, 250);
 
 }  // namespace
 }  // namespace quorvex::tests

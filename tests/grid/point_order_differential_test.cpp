@@ -47,26 +47,24 @@ std::string DifferenceOf(const char* order, const PointList& plain, const PointL
   return plain.size() == fast.size() ? "" : "other sizes";
 }
 
-TEST(PointOrderDifferentialTest, SameOrderByX) {
-  ExpectSameOnCases(kCases, [](CaseRandom& random) {
-    PointList plainPoints = RandomPoints(random);
-    PointList fastPoints = plainPoints;
-    plain::SortPointsByX(plainPoints);
-    SortPointsByX(fastPoints);
-    return DifferenceOf("by x", plainPoints, fastPoints);
-  });
+std::string SameOrderByX(CaseRandom& random) {
+  PointList plainPoints = RandomPoints(random);
+  PointList fastPoints = plainPoints;
+  plain::SortPointsByX(plainPoints);
+  SortPointsByX(fastPoints);
+  return DifferenceOf("by x", plainPoints, fastPoints);
 }
+DIFFERENTIAL_TEST(PointOrderDifferentialTest, SameOrderByX, kCases);
 
-TEST(PointOrderDifferentialTest, SameOrderByY) {
-  ExpectSameOnCases(kCases, [](CaseRandom& random) {
-    PointList plainPoints = RandomPoints(random);
-    PointList fastPoints = plainPoints;
-    const int direction = random.OneOf({1, 2, 1, 2, 0});
-    plain::SortPointsByY(plainPoints, direction);
-    SortPointsByY(fastPoints, static_cast<SortDirection>(direction));
-    return DifferenceOf("by y", plainPoints, fastPoints);
-  });
+std::string SameOrderByY(CaseRandom& random) {
+  PointList plainPoints = RandomPoints(random);
+  PointList fastPoints = plainPoints;
+  const int direction = random.OneOf({1, 2, 1, 2, 0});
+  plain::SortPointsByY(plainPoints, direction);
+  SortPointsByY(fastPoints, static_cast<SortDirection>(direction));
+  return DifferenceOf("by y", plainPoints, fastPoints);
 }
+DIFFERENTIAL_TEST(PointOrderDifferentialTest, SameOrderByY, kCases);
 
 }  // namespace
 }  // namespace quorvex::tests

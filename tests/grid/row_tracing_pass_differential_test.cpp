@@ -41,35 +41,34 @@ PointList RandomSeeds(CaseRandom& random, const TestImage& image) {
   return seeds;
 }
 
-TEST(RowTracingPassDifferentialTest, SameGridAndPictures) {
-  SideBySide forms;
-  ExpectSameOnCases(60, [&forms](CaseRandom& random) {
-    const Board board = RandomBoard(random);
-    const TestImage& image = board.image;
-    const PointList seeds = RandomSeeds(random, image);
-    const int columnSpan = random.OneOf({20, 20, 1, 0});
-    PointList plainGrid(2);
-    PointList fastGrid = plainGrid;
-    bool plainResult = false;
-    bool fastResult = false;
-    forms.RunMostlyBlocked(
-        random,
-        [&] {
-          plainResult =
-              plain::TraceRowsFromSeeds(image.Data(), image.width, image.height, 0, columnSpan, 300,
-                                        seeds, board.rowSpans, board.columnSpans, plainGrid);
-        },
-        [&] {
-          fastResult = TraceRowsFromSeeds(image.Data(), image.width, image.height, 0, columnSpan,
-                                          300, seeds, board.rowSpans, board.columnSpans, fastGrid);
-        });
-    if (plainResult != fastResult) {
-      return std::string(fastResult ? "found" : "not found");
-    }
-    const std::string difference = ListDifference(plainGrid, fastGrid);
-    return difference.empty() ? forms.FileDifference() : difference;
-  });
+std::string SameGridAndPictures(CaseRandom& random) {
+  SideBySide& forms = SharedSideBySide();
+  const Board board = RandomBoard(random);
+  const TestImage& image = board.image;
+  const PointList seeds = RandomSeeds(random, image);
+  const int columnSpan = random.OneOf({20, 20, 1, 0});
+  PointList plainGrid(2);
+  PointList fastGrid = plainGrid;
+  bool plainResult = false;
+  bool fastResult = false;
+  forms.RunMostlyBlocked(
+      random,
+      [&] {
+        plainResult =
+            plain::TraceRowsFromSeeds(image.Data(), image.width, image.height, 0, columnSpan, 300,
+                                      seeds, board.rowSpans, board.columnSpans, plainGrid);
+      },
+      [&] {
+        fastResult = TraceRowsFromSeeds(image.Data(), image.width, image.height, 0, columnSpan, 300,
+                                        seeds, board.rowSpans, board.columnSpans, fastGrid);
+      });
+  if (plainResult != fastResult) {
+    return std::string(fastResult ? "found" : "not found");
+  }
+  const std::string difference = ListDifference(plainGrid, fastGrid);
+  return difference.empty() ? forms.FileDifference() : difference;
 }
+DIFFERENTIAL_TEST(RowTracingPassDifferentialTest, SameGridAndPictures, 60);
 
 }  // namespace
 }  // namespace quorvex::tests

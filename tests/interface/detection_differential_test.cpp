@@ -2,7 +2,6 @@
 
 #include <fstream>
 #include <iterator>
-#include <limits>
 #include <string>
 #include <vector>
 
@@ -11,7 +10,7 @@
 #include "tests/support/list_difference.h"
 #include "tests/support/list_drive.h"
 #include "tests/support/message_box.h"
-#include "tests/support/random_board.h"
+#include "tests/support/random_target.h"
 #include "tests/support/side_by_side.h"
 #include "tests/support/turned_target.h"
 
@@ -97,102 +96,17 @@ std::string CompareDetections(SideBySide& forms, const TestImage& image,
   return difference.empty() ? forms.FileDifference() : difference;
 }
 
-// A light board in the dark with dark marks on it; soft strokes are found, hard ones make gradients
-// that count as negative.
-TestImage BoardImage(CaseRandom& random, bool isSoft) {
-  const int size = random.OneOf({440, 480, 500});
-  TestImage image = FlatImage({size, size}, 0);
-  const int margin = random.Between(4, 30);
-  for (int y = margin; y < size - margin; ++y) {
-    for (int x = margin; x < size - margin; ++x) {
-      image.At(x, y) = 100;
-    }
-  }
-  const bool isComplete = random.OneIn(2);
-  const int pitch = random.Between(120, 140);
-  const int centre = size / 2 + random.Between(-12, 12);
-  const unsigned char stroke = isSoft ? 75 : 20;
-  DrawBoard(random, {100, stroke, pitch, isComplete}, centre, centre, image);
-  if (random.OneIn(3)) {
-    for (unsigned char& pixel : image.pixels) {
-      pixel = static_cast<unsigned char>(pixel + random.Below(4));
-    }
-  }
-  return image;
-}
-
-TestImage ParallelLines(CaseRandom& random) {
-  TestImage image = FlatImage({360, 360}, 120);
-  const int distance = random.Between(8, 40);
-  const int slant = random.Between(-40, 40);
-  for (int x = -60; x < 420; x += distance) {
-    DrawLine(x, 0, x + slant, 359, 3, 95, image);
-  }
-  return image;
-}
-
-// An input for each way out of the detection.
-TestImage RandomInput(CaseRandom& random) {
-  switch (random.Below(10)) {
-    case 0:
-      return FlatImage({200, 240}, random.OneOf<unsigned char>({0, 79, 80, 255}));
-    case 1:
-      return ParallelLines(random);
-    case 2: {
-      const int width = 4 * random.Between(1, 60);
-      const int height = 4 * random.Between(1, 60);
-      return RandomImage(random, {width, height}, {80, 79, 81, 0, 255});
-    }
-    case 3: {
-      // Sizes that are no multiples of 4 are refused with a message.
-      const ImageSize size = RandomSize(random, 40);
-      return RandomImage(random, size, {80, 79, 81, 0, 255});
-    }
-    case 4: {
-      // A board whose middle is empty: no centre mark.
-      TestImage image = BoardImage(random, true);
-      const int middle = image.width / 2;
-      for (int y = middle - 75; y < middle + 75; ++y) {
-        for (int x = middle - 75; x < middle + 75; ++x) {
-          image.At(x, y) = 100;
-        }
-      }
-      return image;
-    }
-    case 5:
-      return BoardImage(random, false);
-    default:
-      return BoardImage(random, true);
-  }
-}
-
-// What a caller's list may hold before.
-PointList RandomList(CaseRandom& random) {
-  constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
-  PointList points;
-  for (int i = random.OneOf({0, 0, 0, 1, 3}); i > 0; --i) {
-    CalibrationPoint point = {};
-    point.id = random.Between(-2, 9);
-    point.row = random.Between(-1, 3);
-    point.col = random.Between(-1, 3);
-    point.x = random.OneIn(5) ? random.OneOf({kNaN, -1.0f, 1e9f}) : random.Fraction(0, 500);
-    point.y = random.OneIn(5) ? random.OneOf({kNaN, -1.0f, 1e9f}) : random.Fraction(0, 500);
-    points.push_back(point);
-  }
-  return points;
-}
-
 TEST(DetectionDifferentialTest, SamePointsListsAndPictures) {
   SideBySide forms;
   ExpectSameOnCases(60, [&forms](CaseRandom& random) {
-    const TestImage image = RandomInput(random);
+    const TestImage image = RandomDetectionInput(random);
     Parameters parameters;
     if (random.OneIn(3)) {
       parameters.rowSpan = random.OneOf({0, 1, 2, 20});
       parameters.columnSpan = random.OneOf({0, 1, 2, 20});
       parameters.rowSteps = random.OneOf({0, 121, 122, 500});
     }
-    const PointList before = RandomList(random);
+    const PointList before = RandomListBefore(random);
     // A picture must not keep the end of a larger one that had its name.
     const bool isAgain = random.OneIn(4);
     return CompareDetections(forms, image, parameters, before, isAgain);
@@ -213,7 +127,7 @@ TEST(DetectionDifferentialTest, MostSoftBoardsAreFound) {
   int found = 0;
   for (std::uint32_t seed = 1; seed <= 6; ++seed) {
     CaseRandom random(seed);
-    TestImage image = BoardImage(random, true);
+    TestImage image = RandomTarget(random, true);
     PointList points;
     found += ::SingleCamDetectCalibrationPoint(image.Data(), image.width, image.height, 8, 20, 20,
                                                0.0f, 0.0f, 300, points)

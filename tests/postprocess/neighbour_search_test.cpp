@@ -102,6 +102,16 @@ TEST(FindNeighbourInSector, PiCutToSevenDigitsMovesTheBounds) {
   EXPECT_EQ(SectorsOf(kAcross, -kAlong), std::vector<int>{kTowardsSmallerY});
 }
 
+// The one bound of the eight that a direction in single precision can hit: 150 degrees to the bit.
+// No sector holds its bounds.
+TEST(FindNeighbourInSector, TheBoundOfASectorLiesInNone) {
+  constexpr float kAlong = -0x1.e0b752p+8f;
+  constexpr float kAcross = 0x1.158aa6p+8f;
+  EXPECT_TRUE(SectorsOf(kAlong, kAcross).empty());
+  EXPECT_EQ(SectorsOf(std::nextafter(kAlong, -1000.0f), kAcross),
+            std::vector<int>{kTowardsSmallerX});
+}
+
 TEST(FindNeighbourInSector, OtherSectorsHoldNothing) {
   const PointList points = {MakePoint(1, 0, 0, 100.0f, 0.0f), MakePoint(2, 0, 0, -100.0f, 0.0f),
                             MakePoint(3, 0, 0, 0.0f, 100.0f), MakePoint(4, 0, 0, 0.0f, -100.0f)};

@@ -3,6 +3,7 @@
 
 #include <climits>
 #include <limits>
+#include <string>
 
 #include "postprocess/rearrangement.h"
 #include "tests/reference/postprocess.h"
@@ -31,22 +32,21 @@ PointList RandomPoints(CaseRandom& random, int count) {
   return points;
 }
 
-TEST(RearrangementDifferential, SameListsAsThePlainForm) {
-  ExpectSameOnCases(kCases, [](CaseRandom& random) {
-    const int count = random.OneOf({4, 5, 6, 1, 0, -1, INT_MAX, INT_MIN, 1'000'000});
-    const PointList points = RandomPoints(random, count);
-    PointList plain = points;
-    PointList fast = points;
-    if (random.OneIn(2)) {
-      plain::LeftPtsRearrange(plain, 0, count);
-      LeftPtsRearrange(fast, 0, count);
-    } else {
-      plain::RightPtsRearrange(plain, 0, count);
-      RightPtsRearrange(fast, 0, count);
-    }
-    return ListDifference(plain, fast);
-  });
+std::string SameListsAsThePlainForm(CaseRandom& random) {
+  const int count = random.OneOf({4, 5, 6, 1, 0, -1, INT_MAX, INT_MIN, 1'000'000});
+  const PointList points = RandomPoints(random, count);
+  PointList plain = points;
+  PointList fast = points;
+  if (random.OneIn(2)) {
+    plain::LeftPtsRearrange(plain, 0, count);
+    LeftPtsRearrange(fast, 0, count);
+  } else {
+    plain::RightPtsRearrange(plain, 0, count);
+    RightPtsRearrange(fast, 0, count);
+  }
+  return ListDifference(plain, fast);
 }
+DIFFERENTIAL_TEST(RearrangementDifferential, SameListsAsThePlainForm, kCases);
 
 }  // namespace
 }  // namespace quorvex::tests

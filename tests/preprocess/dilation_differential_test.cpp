@@ -45,32 +45,29 @@ TestImage BlackAndWhiteImage(CaseRandom& random, int largest) {
   return image;
 }
 
-TEST(DilationDifferentialTest, SameBytesOfBlackAndWhite) {
-  ExpectSameOnCases(kCases, [](CaseRandom& random) {
-    const Element element = RandomElement(random);
-    return CompareForms(BlackAndWhiteImage(random, 64), element, false);
-  });
+std::string SameBytesOfBlackAndWhite(CaseRandom& random) {
+  const Element element = RandomElement(random);
+  return CompareForms(BlackAndWhiteImage(random, 64), element, false);
 }
+DIFFERENTIAL_TEST(DilationDifferentialTest, SameBytesOfBlackAndWhite, kCases);
 
-TEST(DilationDifferentialTest, SameResultWithOtherLevels) {
-  ExpectSameOnCases(kCases, [](CaseRandom& random) {
-    const Element element = RandomElement(random);
-    TestImage image = BlackAndWhiteImage(random, 32);
-    for (int i = random.Between(1, 2); i > 0; --i) {
-      const int x = random.Below(image.width);
-      const int y = random.Below(image.height);
-      image.At(x, y) = random.OneOf<unsigned char>({1, 50, 128, 254});
-    }
-    return CompareForms(image, element, false);
-  });
+std::string SameResultWithOtherLevels(CaseRandom& random) {
+  const Element element = RandomElement(random);
+  TestImage image = BlackAndWhiteImage(random, 32);
+  for (int i = random.Between(1, 2); i > 0; --i) {
+    const int x = random.Below(image.width);
+    const int y = random.Below(image.height);
+    image.At(x, y) = random.OneOf<unsigned char>({1, 50, 128, 254});
+  }
+  return CompareForms(image, element, false);
 }
+DIFFERENTIAL_TEST(DilationDifferentialTest, SameResultWithOtherLevels, kCases);
 
-TEST(DilationDifferentialTest, SameResultWithoutMemory) {
-  ExpectSameOnCases(100, [](CaseRandom& random) {
-    const Element element = RandomElement(random);
-    return CompareForms(BlackAndWhiteImage(random, 12), element, true);
-  });
+std::string SameResultWithoutMemory(CaseRandom& random) {
+  const Element element = RandomElement(random);
+  return CompareForms(BlackAndWhiteImage(random, 12), element, true);
 }
+DIFFERENTIAL_TEST(DilationDifferentialTest, SameResultWithoutMemory, 100);
 
 }  // namespace
 }  // namespace quorvex::tests

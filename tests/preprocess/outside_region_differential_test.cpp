@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "preprocess/outside_region.h"
 #include "tests/reference/preprocess.h"
 #include "tests/support/random_image.h"
@@ -7,13 +9,12 @@
 namespace quorvex::tests {
 namespace {
 
-TEST(OutsideRegionDifferentialTest, SameBytes) {
-  ExpectSameOnCases(kCases, [](CaseRandom& random) {
-    const LevelList levels = random.OneIn(2) ? LevelList{0, 128} : LevelList{0, 128, 50, 127, 129};
-    return CompareInPlace(RandomImage(random, RandomSize(random, 80), levels),
-                          plain::MarkOutsideRegion, MarkOutsideRegion);
-  });
+std::string SameBytes(CaseRandom& random) {
+  const LevelList levels = random.OneIn(2) ? LevelList{0, 128} : LevelList{0, 128, 50, 127, 129};
+  return CompareInPlace(RandomImage(random, RandomSize(random, 80), levels),
+                        plain::MarkOutsideRegion, MarkOutsideRegion);
 }
+DIFFERENTIAL_TEST(OutsideRegionDifferentialTest, SameBytes, kCases);
 
 }  // namespace
 }  // namespace quorvex::tests

@@ -16,6 +16,7 @@ TEST_F(CurveFitTest,
        HasANameOnTwoLines) {}
 TEST_P(CurveValues, AreKept) {}
 TYPED_TEST(CurveMemory, IsFreed) {}
+DIFFERENTIAL_TEST(CurveForms, SameBends, kCases / 2);
 END
 echo 'TEST(Link, IsFollowed) {}' > "$sources/grid/posix/link_test.cpp"
 echo 'TEST(Drive, IsFound) {}' > "$sources/grid/windows/drive_test.cpp"
@@ -29,10 +30,11 @@ Test project /somewhere
   Test   #4: Values/CurveValues.AreKept/second
   Test   #5: CurveMemory.IsFreed<(anonymous namespace)::Heap>
   Test   #6: Link.IsFollowed
-  Test   #7: Fuzz.lists
+  Test   #7: CurveForms.SameBends
+  Test   #8: Fuzz.lists
   Test  #70: Road.large
 
-Total Tests: 8
+Total Tests: 9
 END
 sed 's/Link.IsFollowed/Drive.IsFound/' "$scratch/posix.txt" > "$scratch/windows.txt"
 
@@ -52,7 +54,7 @@ expect 0 windows "$scratch/windows.txt" "all tests of the other platform are the
 expect 1 posix "$scratch/windows.txt" "the tests of the other platform instead"
 
 # Each of the tests lost alone; the values of another test do not make up for it.
-for name in Curve.IsStraight HasANameOnTwoLines AreKept IsFreed Link.IsFollowed Fuzz.lists; do
+for name in Curve.IsStraight HasANameOnTwoLines AreKept IsFreed SameBends Link.IsFollowed Fuzz.lists; do
   grep -v "$name" "$scratch/posix.txt" > "$scratch/shorter.txt"
   expect 1 posix "$scratch/shorter.txt" "without $name"
   if ! grep -q "^[A-Za-z]*\.*${name#*.}$" "$scratch/output"; then

@@ -10,10 +10,10 @@
 
 #include <cstdint>
 #include <cstdlib>
-#include <initializer_list>
-#include <iterator>
-#include <random>
 #include <string>
+
+#include "tests/support/case_random.h"
+#include "tests/support/differential_cases.h"
 
 namespace quorvex::tests {
 
@@ -23,35 +23,6 @@ namespace quorvex::tests {
 #endif
 
 constexpr int kCases = 10'000;
-
-// The standard settles the numbers of mt19937, but not those of its distributions.
-class CaseRandom {
- public:
-  explicit CaseRandom(std::uint32_t seed) : engine_(seed) {}
-
-  std::uint32_t Next() { return static_cast<std::uint32_t>(engine_()); }
-
-  // 0 to count - 1.
-  int Below(int count) { return static_cast<int>(Next() % static_cast<std::uint32_t>(count)); }
-
-  // Both ends inclusive.
-  int Between(int first, int last) { return first + Below(last - first + 1); }
-
-  bool OneIn(int count) { return Below(count) == 0; }
-
-  template <typename T>
-  T OneOf(std::initializer_list<T> values) {
-    return *std::next(values.begin(), Below(static_cast<int>(values.size())));
-  }
-
-  // A multiple of 2^-10, both ends inclusive.
-  float Fraction(int first, int last) {
-    return static_cast<float>(Between(first * 1024, last * 1024)) / 1024.0f;
-  }
-
- private:
-  std::mt19937 engine_;
-};
 
 // Calls `compare(random)`, which returns what differs, or nothing, for every seed from 1 on and
 // stops at the first difference.
@@ -70,6 +41,13 @@ void ExpectSameOnCases(int cases, Compare compare) {
     }
   }
 }
+
+// A test of a function of this scope, `std::string compare(CaseRandom&)`, on `cases` cases. The
+// fuzz targets that link the test run single cases of it, too.
+#define DIFFERENTIAL_TEST(suite, compare, cases)                                               \
+  TEST(suite, compare) { ::quorvex::tests::ExpectSameOnCases(cases, compare); }                \
+  const ::quorvex::tests::DifferentialCaseEntry suite##_##compare##_Entry(#suite "." #compare, \
+                                                                          compare)
 
 }  // namespace quorvex::tests
 

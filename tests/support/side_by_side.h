@@ -118,6 +118,12 @@ class SideBySide {
   TemporaryDirectory fast_;
 };
 
+// For all the cases of a program: their folders are made once.
+inline SideBySide& SharedSideBySide() {
+  static SideBySide forms;
+  return forms;
+}
+
 }  // namespace quorvex::tests
 
 #endif  // QUORVEX_TESTS_SUPPORT_SIDE_BY_SIDE_H_
