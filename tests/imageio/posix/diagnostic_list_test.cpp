@@ -1,0 +1,60 @@
+#include "imageio/diagnostic_list.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "tests/support/bytes.h"
+#include "tests/support/temporary_directory.h"
+
+namespace quorvex::tests {
+namespace {
+
+class DiagnosticListTest : public ::testing::Test {
+ protected:
+  static bool Opens() {
+    std::FILE* const file = OpenDiagnosticList("list.txt");
+    if (file != nullptr) {
+      std::fclose(file);
+    }
+    return file != nullptr;
+  }
+
+ private:
+  TemporaryDirectory directory_;
+};
+
+TEST_F(DiagnosticListTest, OpensEmptied) {
+  std::ofstream("list.txt") << "earlier";
+  EXPECT_TRUE(Opens());
+  EXPECT_EQ(ReadWhole("list.txt"), "");
+}
+
+TEST_F(DiagnosticListTest, WaitsForNoReaderOfAPipe) {
+  ASSERT_EQ(mkfifo("list.txt", 0600), 0);
+  EXPECT_FALSE(Opens());
+  const int reader = open("list.txt", O_RDONLY | O_NONBLOCK);
+  EXPECT_FALSE(Opens());
+  close(reader);
+}
+
+TEST_F(DiagnosticListTest, LeavesDevicesAndFoldersAlone) {
+  std::filesystem::create_symlink("/dev/full", "list.txt");
+  EXPECT_FALSE(Opens());
+  std::filesystem::remove("list.txt");
+  std::filesystem::create_directory("list.txt");
+  EXPECT_FALSE(Opens());
+}
+
+TEST_F(DiagnosticListTest, FollowsALinkToAFile) {
+  std::filesystem::create_symlink("elsewhere.txt", "list.txt");
+  EXPECT_TRUE(Opens());
+  EXPECT_TRUE(std::filesystem::exists("elsewhere.txt"));
+}
+
+}  // namespace
+}  // namespace quorvex::tests
