@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <new>
 
@@ -35,7 +36,11 @@ FaultedCall CallWithFault(int n, const Call& call) {
 // QUORVEX_ALLOCATION_STEP is 1, else about `samples`.
 inline int AllocationStep(int count, int samples) {
   const char* const given = std::getenv("QUORVEX_ALLOCATION_STEP");
-  return given != nullptr ? std::max(std::atoi(given), 1) : std::max(count / samples, 1);
+  if (given == nullptr) {
+    return std::max(count / samples, 1);
+  }
+  std::printf("%d allocations\n", count);
+  return std::max(std::atoi(given), 1);
 }
 
 // Calls `check(n)` for as many n as asked, up to the number of allocations of `call`, and holds

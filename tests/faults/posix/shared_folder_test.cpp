@@ -9,9 +9,6 @@
 #include <thread>
 #include <vector>
 
-#include "imageio/diagnostic_list.h"
-#include "interface/point_text_file.h"
-
 namespace quorvex::tests {
 namespace {
 
@@ -74,19 +71,6 @@ TEST_F(SharedFolder, ASavedPictureIsThatOfOneOfTheWriters) {
   ASSERT_TRUE(Save_Image(one.image.Data(), kRoadSize, kRoadSize, 8, "one.bmp"));
   ASSERT_TRUE(Save_Image(other.image.Data(), kRoadSize, kRoadSize, 8, "other.bmp"));
   EXPECT_TRUE(bytes == ReadBytes("one.bmp") || bytes == ReadBytes("other.bmp"));
-}
-
-// A list that another has not ended is left to it.
-TEST_F(SharedFolder, AListBelongsToOneUntilItIsEnded) {
-  std::FILE* const file = OpenDiagnosticList("D:/Row.txt");
-  ASSERT_NE(file, nullptr);
-  std::fprintf(file, "the first");
-  EXPECT_EQ(OpenDiagnosticList("D:/Row.txt"), nullptr);
-  WritePointTextFile("D:/Row.txt", one.points);
-  std::fclose(file);
-  EXPECT_EQ(ReadWhole("D:/Row.txt"), "the first");
-  WritePointTextFile("D:/Row.txt", {});
-  EXPECT_EQ(ReadWhole("D:/Row.txt"), "");
 }
 
 }  // namespace
