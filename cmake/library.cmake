@@ -73,12 +73,14 @@ if(MSVC)
   # names are in the process's code page, which fopen takes, too, and not in the thread's.
   target_compile_definitions(quorvex_objects PRIVATE
     _AFXDLL _USRDLL _WINDLL _CONVERSION_DONT_USE_THREAD_LOCALE _CRT_SECURE_NO_WARNINGS)
+  target_sources(quorvex_objects PRIVATE imageio/diagnostic_list_windows.cpp)
 elseif(WIN32)
   set(quorvex_platform windows)
-  target_sources(quorvex_objects PRIVATE platform/windows/file.cpp)
+  target_sources(quorvex_objects PRIVATE imageio/diagnostic_list_windows.cpp platform/windows/file.cpp)
 else()
   set(quorvex_platform posix)
-  target_sources(quorvex_objects PRIVATE platform/posix/file.cpp platform/posix/memory.cpp)
+  target_sources(quorvex_objects PRIVATE
+    imageio/diagnostic_list_posix.cpp platform/posix/file.cpp platform/posix/memory.cpp)
 endif()
 target_link_libraries(quorvex_objects PUBLIC quorvex_compile_options)
 target_compile_definitions(quorvex_objects PRIVATE QUORVEX_BUILDING_LIBRARY)

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <cstdio>
 
-#include "imageio/diagnostic_place.h"
+#include "imageio/diagnostic_list.h"
 
 namespace quorvex {
 namespace {
@@ -21,8 +21,7 @@ void WriteQuartic(const QuadraticCoefficients& row, const QuadraticCoefficients&
   const float second = a2 * (b1 * b1) + 2.0f * a2 * a1 * c1 + b2 * a1;
   const float first = 2.0f * a2 * b1 * c1 + b2 * b1 - 1.0f;
   const float constant = a2 * (c1 * c1) + b2 * c1 + c2;
-  const char* const place = PlaceOfDiagnostic("D:/sdf.txt");
-  std::FILE* file = place != nullptr ? std::fopen(place, "w") : nullptr;
+  std::FILE* file = OpenDiagnosticList("D:/sdf.txt");
   if (file == nullptr) {
     return;
   }

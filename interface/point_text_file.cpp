@@ -2,13 +2,12 @@
 
 #include <cstdio>
 
-#include "imageio/diagnostic_place.h"
+#include "imageio/diagnostic_list.h"
 
 namespace quorvex {
 
 void WritePointTextFile(const char* path, const PointList& points) {
-  const char* const place = PlaceOfDiagnostic(path);
-  std::FILE* file = place != nullptr ? std::fopen(place, "w") : nullptr;
+  std::FILE* file = OpenDiagnosticList(path);
   if (file == nullptr) {
     return;
   }

@@ -8,10 +8,15 @@
 /// MFC can catch it as (...) only; between compilers of different makers none of them can be caught
 /// by its type (docs/windows.md).
 ///
-/// Several threads may call at the same time, with lists of their own: each gets what it would get
-/// alone. Only the files that detections leave behind have fixed names and are shared (the current
-/// directory is the process's): of pictures and lists that several calls write at once, any may
-/// remain, or a mixture. No result depends on them.
+/// Several threads, and several processes in one folder, may call at the same time, with lists of
+/// their own: each gets what it would get alone. Only the files that detections leave behind have
+/// fixed names and are shared (the current directory is the process's). One call at a time writes a
+/// file, and one that finds it in use leaves it alone; so each file is that of one call, but two
+/// files need not be of the same call (where the file system has no locks, any mixture may remain).
+/// No result depends on them.
+///
+/// Where the system limits the size of files it sends SIGXFSZ, which ends the process unless the
+/// host ignores it, as a host does that wants to go on; it is then a write that fails.
 ///
 /// Images are 8-bit pixel buffers, one row after another without gaps. Row 0 of a buffer is the
 /// bottom row of the picture, as in a BMP file.
@@ -72,7 +77,8 @@ QUORVEX_API bool SingleCamDetectCalibrationPoint(unsigned char* image, long widt
 
 /// Writes a pixel buffer as an uncompressed BMP file, replacing an existing one; buffer row 0
 /// becomes the bottom row of the picture. Returns false when the size or depth cannot be stored or
-/// the file cannot be created; a failing write raises the file exception.
+/// the file cannot be created or is in use; a failing write raises the file exception, and leaves
+/// the file in part.
 QUORVEX_API bool Save_Image(unsigned char* pixels, long width, long height, int bitsPerPixel,
                             const char* path);
 

@@ -57,7 +57,8 @@ class CFile {
     modeWrite = 0x0001,
     modeReadWrite = 0x0002,
     modeCreate = 0x1000,
-    modeNoTruncate = 0x2000  // with modeCreate: an existing file keeps its contents
+    modeNoTruncate = 0x2000  // with modeCreate: an existing file keeps its contents; on POSIX
+                             // devices and pipes are then refused
   };
 
   CFile() = default;

@@ -65,6 +65,19 @@ int CheckOpened(int descriptor, bool forWriting) {
   return 0;
 }
 
+// Empties the file that modeCreate found, or refuses to keep the contents of what has none: a
+// device, or a pipe, whose reader could end the process by closing it. Returns 0 or the error.
+int PrepareCreated(int descriptor, bool keepsContents) {
+  struct stat status;
+  if (fstat(descriptor, &status) != 0) {
+    return errno;
+  }
+  if (keepsContents) {
+    return S_ISREG(status.st_mode) ? 0 : EACCES;
+  }
+  return S_ISREG(status.st_mode) && ::ftruncate(descriptor, 0) != 0 ? errno : 0;
+}
+
 }  // namespace
 
 CA2T::CA2T(const char* text) : text_(text) {}
@@ -85,11 +98,8 @@ BOOL CFile::Open(LPCTSTR path, UINT openFlags, CFileException* error) {
   }
   const int descriptor = ::open(path, flags, kNewFileMode);
   int systemError = descriptor < 0 ? errno : CheckOpened(descriptor, access != O_RDONLY);
-  const bool empties = create && (openFlags & modeNoTruncate) == 0;
-  struct stat status;
-  if (systemError == 0 && empties && fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) &&
-      ::ftruncate(descriptor, 0) != 0) {
-    systemError = errno;
+  if (systemError == 0 && create) {
+    systemError = PrepareCreated(descriptor, (openFlags & modeNoTruncate) != 0);
   }
   if (systemError != 0) {
     if (descriptor >= 0) {

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -43,9 +44,18 @@ inline Bytes Slice(const Bytes& bytes, std::size_t begin, std::size_t end) {
   return slice;
 }
 
+// The bytes of a file as a string.
+inline std::string ReadWhole(const std::string& name) {
+  const std::ifstream file(std::filesystem::u8path(name), std::ios::binary);
+  std::ostringstream text;
+  text << file.rdbuf();
+  return text.str();
+}
+
 inline Bytes ReadBytes(const std::string& name) {
-  std::ifstream file(std::filesystem::u8path(name), std::ios::binary);
-  return Bytes(std::istreambuf_iterator<char>(file), {});
+  const std::string text = ReadWhole(name);
+  const auto* bytes = reinterpret_cast<const unsigned char*>(text.data());
+  return Bytes(bytes, bytes + text.size());
 }
 
 inline void WriteBytes(const std::string& name, const Bytes& bytes) {
@@ -54,13 +64,7 @@ inline void WriteBytes(const std::string& name, const Bytes& bytes) {
              static_cast<std::streamsize>(bytes.size()));
 }
 
-// The bytes of a file as a string.
-inline std::string ReadWhole(const std::string& name) {
-  std::ifstream file(std::filesystem::u8path(name), std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(file), {});
-}
-
-// The same with lines that end as in C, whatever they end with in the file.
+// The text of a file with lines that end as in C, whatever they end with in the file.
 inline std::string ReadText(const std::string& name) {
   std::ifstream file(std::filesystem::u8path(name));
   return std::string(std::istreambuf_iterator<char>(file), {});

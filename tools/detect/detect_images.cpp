@@ -55,6 +55,7 @@ bool KeepsSharedLists(const std::vector<DetectionJob>& jobs) {
 void DetectImages(const std::vector<DetectionJob>& jobs, const DetectParameters& parameters,
                   int parallel, const DetectionObserver& observer) {
   const std::filesystem::path program = OwnProgramPath();
+  RemoveDirectoriesOfKilledRuns();
   const int mostWorkers = KeepsSharedLists(jobs) ? 1 : parallel;
   std::map<std::size_t, DetectionResult> waiting;  // for one before them, by job
   std::size_t next = 0;                            // the first job not started

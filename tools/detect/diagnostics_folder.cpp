@@ -11,7 +11,7 @@
 #include "tools/errors.h"
 #include "tools/system/file_name.h"
 #include "tools/system/output_file.h"
-#include "tools/system/system_files.h"
+#include "tools/system/staged_file.h"
 
 namespace quorvex::tools {
 namespace {
@@ -26,10 +26,10 @@ namespace fs = std::filesystem;
 void KeepFile(const fs::path& from, const fs::path& to) {
   std::error_code error;
   if (fs::exists(from, error)) {
-    error = CopyOver(from, to);
-  } else {
-    fs::remove(to, error);
+    CopyFileWhole(from, to);
+    return;
   }
+  fs::remove(to, error);
   if (error) {
     FailToKeep(to.parent_path(), error.message());
   }

@@ -29,12 +29,23 @@ std::string NamedByVariable() {
 
 }  // namespace
 
-PrivateDirectory::PrivateDirectory() : path_(MakePrivateDirectory()) {}
+PrivateDirectory::PrivateDirectory() : path_(MakePrivateDirectory()) {
+  try {
+    owner_ = std::make_unique<DirectoryOwner>(path_);
+  } catch (const std::exception&) {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+    throw;
+  }
+}
 
 PrivateDirectory::~PrivateDirectory() {
+  owner_->Release();  // on Windows a file that is open stays
   std::error_code ignored;
   std::filesystem::remove_all(path_, ignored);
 }
+
+void RemoveDirectoriesOfKilledRuns() { RemoveOwnerlessDirectories(FolderForTemporaryFiles()); }
 
 std::filesystem::path FolderForTemporaryFiles() {
   std::error_code error;

@@ -1,9 +1,13 @@
-// A temporary directory that is removed with everything in it, and what stands in its way.
+// A temporary directory that is removed with everything in it, by the next run where this one is
+// killed, and what stands in its way.
 #ifndef QUORVEX_TOOLS_SYSTEM_PRIVATE_DIRECTORY_H_
 #define QUORVEX_TOOLS_SYSTEM_PRIVATE_DIRECTORY_H_
 
 #include <filesystem>
+#include <memory>
 #include <string>
+
+#include "tools/system/directory_owner.h"
 
 namespace quorvex::tools {
 
@@ -18,7 +22,11 @@ class PrivateDirectory {
 
  private:
   std::filesystem::path path_;  // absolute
+  std::unique_ptr<DirectoryOwner> owner_;
 };
+
+// Removes the private directories of runs that were killed.
+void RemoveDirectoriesOfKilledRuns();
 
 // Where private directories are made; absolute. Throws std::runtime_error that names it and the
 // variable that chooses it.

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <random>
 #include <system_error>
 
@@ -17,6 +18,7 @@ namespace quorvex::tools {
 namespace {
 
 constexpr int kNameAttempts = 16;  // a random name of 32 bits is practically never taken twice
+constexpr std::streamsize kPieceBytes = 1 << 16;  // of a copy
 
 [[noreturn]] void ThrowCannotWrite(const std::filesystem::path& path, const std::string& reason) {
   throw InputError(fmt::format("cannot write {}: {}", Utf8Name(path), reason));
@@ -107,6 +109,19 @@ void StagedFile::RemoveTemporary() noexcept {
 
 void WriteFileWhole(const std::filesystem::path& path, const std::vector<std::uint8_t>& bytes) {
   StagedFile(path, bytes).Commit();
+}
+
+void CopyFileWhole(const std::filesystem::path& from, const std::filesystem::path& to) {
+  std::ifstream source(from, std::ios::binary);
+  StagedFile copy(to);
+  std::vector<char> piece(kPieceBytes);
+  while (source.read(piece.data(), kPieceBytes) || source.gcount() > 0) {
+    copy.Append(piece.data(), static_cast<std::size_t>(source.gcount()));
+  }
+  if (!source.eof()) {
+    throw InputError(fmt::format("cannot read {}", Utf8Name(from)));
+  }
+  copy.Commit();
 }
 
 }  // namespace quorvex::tools

@@ -44,6 +44,9 @@ class StagedFile {
 // Stages and commits one file.
 void WriteFileWhole(const std::filesystem::path& path, const std::vector<std::uint8_t>& bytes);
 
+// Stages and commits a copy of a file. Throws InputError, also when `from` cannot be read.
+void CopyFileWhole(const std::filesystem::path& from, const std::filesystem::path& to);
+
 }  // namespace quorvex::tools
 
 #endif  // QUORVEX_TOOLS_SYSTEM_STAGED_FILE_H_

@@ -5,7 +5,6 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <system_error>
 
 namespace quorvex::tools {
 
@@ -20,9 +19,6 @@ std::FILE* OpenScratchFile();
 // The same key for names that the system takes for one file, as Windows does without regard to
 // case.
 std::filesystem::path FileNameKey(const std::filesystem::path& name);
-
-// Copies a file, over an earlier one if there is one.
-std::error_code CopyOver(const std::filesystem::path& from, const std::filesystem::path& to);
 
 // From here on standard output and standard error pass on the bytes that they get, so that what the
 // command says is the same on every system.

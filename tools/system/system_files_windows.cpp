@@ -38,14 +38,6 @@ std::filesystem::path FileNameKey(const std::filesystem::path& name) {
   return key;
 }
 
-// Not by copy_file: libstdc++ of gcc 12 takes any two files of Windows for the same one.
-std::error_code CopyOver(const std::filesystem::path& from, const std::filesystem::path& to) {
-  if (CopyFileW(from.c_str(), to.c_str(), FALSE) != 0) {
-    return {};
-  }
-  return {static_cast<int>(GetLastError()), std::system_category()};
-}
-
 void PassStandardStreamsUnchanged() {
   _setmode(_fileno(stdout), _O_BINARY);
   _setmode(_fileno(stderr), _O_BINARY);

@@ -1,8 +1,9 @@
+#include <fcntl.h>
 #include <fmt/format.h>
 #include <signal.h>
-#include <spawn.h>
 #include <stdlib.h>
 #include <string.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -10,11 +11,10 @@
 #include <filesystem>
 #include <map>
 
+#include "tools/system/directory_owner.h"
 #include "tools/system/file_name.h"
 #include "tools/system/private_directory.h"
 #include "tools/system/worker_process.h"
-
-extern char** environ;
 
 namespace quorvex::tools {
 namespace {
@@ -52,6 +52,23 @@ std::string DescribeEnd(int status) {
 bool IsIgnored(int signalNumber) {
   struct sigaction action;
   return sigaction(signalNumber, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
+[[noreturn]] void ThrowCannotStart(const std::filesystem::path& program, int error) {
+  throw std::runtime_error(fmt::format("cannot start {}: {}", Utf8Name(program), strerror(error)));
+}
+
+// In the new process, where nothing but system calls may be made: another thread may have held any
+// lock. A worker ends with the command, however that ends: with its thread that started the worker,
+// to be exact, which is its first.
+[[noreturn]] void BecomeWorker(char** argv, const sigset_t& mask, pid_t parent, int report) {
+  if (prctl(PR_SET_PDEATHSIG, SIGKILL) == 0 && getppid() == parent) {  // else it is gone already
+    pthread_sigmask(SIG_SETMASK, &mask, nullptr);
+    execv(argv[0], argv);
+  }
+  const int error = errno;
+  const ssize_t told = write(report, &error, sizeof error);
+  _exit(told > 0 ? 1 : 2);
 }
 
 }  // namespace
@@ -100,17 +117,23 @@ void WorkerPool::Start(int worker, const std::filesystem::path& program,
   }
   argv.push_back(nullptr);
 
-  posix_spawnattr_t attributes;
-  posix_spawnattr_init(&attributes);
-  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK);
-  posix_spawnattr_setsigmask(&attributes, &state_->callersMask);
-  pid_t process = 0;
-  const int error =
-      posix_spawn(&process, program.c_str(), nullptr, &attributes, argv.data(), environ);
-  posix_spawnattr_destroy(&attributes);
+  int report[2];  // says why the program could not be started; closed by one that was
+  if (pipe2(report, O_CLOEXEC) != 0) {
+    ThrowCannotStart(program, errno);
+  }
+  const pid_t parent = getpid();
+  const pid_t process = fork();
+  if (process == 0) {
+    BecomeWorker(argv.data(), state_->callersMask, parent, report[1]);
+  }
+  int error = process < 0 ? errno : 0;
+  close(report[1]);
+  if (process > 0 && read(report[0], &error, sizeof error) > 0) {
+    waitpid(process, nullptr, 0);
+  }
+  close(report[0]);
   if (error != 0) {
-    throw std::runtime_error(
-        fmt::format("cannot start {}: {}", Utf8Name(program), strerror(error)));
+    ThrowCannotStart(program, error);
   }
   state_->workers[process] = worker;
 }
@@ -147,7 +170,7 @@ std::filesystem::path OwnProgramPath() {
 
 std::filesystem::path MakePrivateDirectory() {
   const std::filesystem::path parent = FolderForTemporaryFiles();
-  std::string path = (parent / "quorvex-XXXXXX").string();
+  std::string path = (parent / (kDirectoryPrefix + std::string("XXXXXX"))).string();
   if (mkdtemp(path.data()) == nullptr) {
     const int error = errno;
     const std::string shortage = DescribeShortage(parent);

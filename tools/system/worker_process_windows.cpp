@@ -9,6 +9,7 @@
 #include <system_error>
 
 #include "tools/system/command_line_windows.h"
+#include "tools/system/directory_owner.h"
 #include "tools/system/file_name.h"
 #include "tools/system/private_directory.h"
 #include "tools/system/worker_process.h"
@@ -214,7 +215,7 @@ std::filesystem::path MakePrivateDirectory() {
   SECURITY_ATTRIBUTES attributes = access.Attributes();
   std::random_device random;
   for (int attempt = 0; attempt < kNameAttempts; ++attempt) {
-    const std::string name = fmt::format("quorvex-{:08x}{:08x}", random(), random());
+    const std::string name = fmt::format("{}{:08x}{:08x}", kDirectoryPrefix, random(), random());
     const std::filesystem::path path = parent / name;
     if (CreateDirectoryW(path.c_str(), &attributes) != 0) {
       return path;

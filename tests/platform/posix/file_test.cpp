@@ -1,4 +1,6 @@
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 
@@ -24,6 +26,17 @@ TEST_F(FileTest, WriteToAFullDeviceThrowsDiskFull) {
 TEST_F(FileTest, NamedPipeWithoutAReaderIsRefusedAtOnce) {
   ASSERT_EQ(mkfifo(kName, 0600), 0);
   EXPECT_NE(CauseOfOpen(kName, kWriteNew), CFileException::none);
+}
+
+// What is to be written over must have contents to keep.
+TEST_F(FileTest, NothingButAFileKeepsItsContents) {
+  constexpr UINT kOverwrite = kWriteNew | CFile::modeNoTruncate;
+  EXPECT_EQ(CauseOfOpen("/dev/full", kOverwrite), CFileException::accessDenied);
+  ASSERT_EQ(mkfifo(kName, 0600), 0);
+  const int reader = open(kName, O_RDONLY | O_NONBLOCK);
+  EXPECT_EQ(CauseOfOpen(kName, kWriteNew), CFileException::none);
+  EXPECT_EQ(CauseOfOpen(kName, kOverwrite), CFileException::accessDenied);
+  close(reader);
 }
 
 TEST(NarrowText, KeepsTheBytesOfTheFileName) {

@@ -44,5 +44,18 @@ TEST(StagedFile, SaysWhatItCannotReplace) {
   EXPECT_THROW(WriteFileWhole(folder.Path("absent/a"), {}), InputError);
 }
 
+TEST(CopyFileWhole, ReplacesAnEarlierFile) {
+  const TemporaryFolder folder;
+  const std::string big(200000, 'x');
+  folder.File("from", big);
+  folder.File("to", "an earlier one");
+  CopyFileWhole(folder.Path("from"), folder.Path("to"));
+  EXPECT_EQ(ReadWhole(folder.Path("to")), big);
+  EXPECT_THROW(CopyFileWhole(folder.Path("from"), folder.Path("absent/to")), InputError);
+  EXPECT_THROW(CopyFileWhole(folder.Path("absent"), folder.Path("to")), InputError);
+  EXPECT_EQ(ReadWhole(folder.Path("to")), big);
+  EXPECT_EQ(folder.FileCount(), 2u);
+}
+
 }  // namespace
 }  // namespace quorvex::tests

@@ -38,15 +38,5 @@ TEST(CreateNewFile, SaysThatTheFolderIsMissing) {
   EXPECT_EQ(errno, ENOENT);
 }
 
-TEST(CopyOver, ReplacesAnEarlierFile) {
-  const TemporaryFolder folder;
-  folder.File("from", "new");
-  folder.File("to", "an earlier one");
-  const std::filesystem::path from = std::filesystem::u8path(folder.Path("from"));
-  EXPECT_FALSE(CopyOver(from, std::filesystem::u8path(folder.Path("to"))));
-  EXPECT_EQ(ReadWhole(folder.Path("to")), "new");
-  EXPECT_TRUE(CopyOver(from, std::filesystem::u8path(folder.Path("absent/to"))));
-}
-
 }  // namespace
 }  // namespace quorvex::tests

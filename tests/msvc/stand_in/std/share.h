@@ -1,0 +1,2 @@
+#pragma once
+#define _SH_DENYWR 0x20
