@@ -2,8 +2,8 @@
 # Looks for inputs that break the fuzz targets (fuzz/README.md), with clang's libFuzzer.
 #   scripts/fuzz.sh SECONDS [TARGET...]            every target, or those named, for so long each, one after the other
 #   scripts/fuzz.sh --jobs N SECONDS [TARGET...]   N targets at a time
-#   scripts/fuzz.sh --merge [TARGET...]            takes what was found into the corpora: of all inputs, the fewest
-#                                                  and smallest that reach everything that all of them do
+#   scripts/fuzz.sh --merge [TARGET...]            takes what was found into the corpora: of all inputs, few small
+#                                                  ones that reach every edge that all of them do
 # What reaches new code is kept in build/fuzz/found/TARGET, what breaks a target in build/fuzz/faults. Exit code 1
 # when something broke.
 set -euo pipefail
@@ -75,10 +75,11 @@ merge_target() {
   local old=fuzz/corpus/$name new=$place/merged/$name
   rm -rf "$new"
   mkdir -p "$new"
-  (cd "$place/work/$name" && "$place/fuzz/$name" -merge=1 "${options[@]}" "$new" "$OLDPWD/$old" "$place/found/$name") \
+  (cd "$place/work/$name" && "$place/fuzz/$name" -merge=1 -use_counters=0 -rss_limit_mb=2048 "${options[@]}" "$new" "$OLDPWD/$old" "$place/found/$name") \
     >"$place/$name.log" 2>&1
-  rm -rf "$old"
-  mv "$new" "$old"
+  # What showed a fault has a name with a dot, and stays.
+  find "$old" -type f -not -name '*.*' -delete
+  cp "$new"/* "$old"/
   echo "fuzz: $name: $(find "$old" -type f | wc -l) files, $(du -sb --apparent-size "$old" | cut -f 1) bytes"
 }
 

@@ -4,11 +4,19 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <limits>
 
 namespace quorvex::tools {
 namespace {
 
 bool HasPlace(const ListedPoint& point) { return point.row >= 0 && point.col >= 0; }
+
+// Of lines that a file may number up to the largest int.
+int LineCount(int first, int last) {
+  return static_cast<int>(
+      std::min<std::int64_t>(std::int64_t{last} - first + 1, std::numeric_limits<int>::max()));
+}
 
 // Rows and columns from the first to the last that holds a mark that was seen.
 GridSize SeenSize(const std::vector<ListedPoint>& points) {
@@ -26,7 +34,8 @@ GridSize SeenSize(const std::vector<ListedPoint>& points) {
     last.row = std::max(last.row, p.row);
     last.column = std::max(last.column, p.col);
   }
-  return first ? GridSize{last.row - first->row + 1, last.column - first->col + 1} : GridSize{};
+  return first ? GridSize{LineCount(first->row, last.row), LineCount(first->col, last.column)}
+               : GridSize{};
 }
 
 GridSize LargestSize(const std::vector<PointsOfImage>& images) {

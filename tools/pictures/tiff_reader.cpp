@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <memory>
 #include <mutex>
+#include <string_view>
 #include <utility>
 
 #include "tools/pictures/grey_pixels.h"
@@ -65,7 +66,13 @@ void KeepReason(thandle_t handle, const char* /*module*/, const char* format, va
   }
   char text[kLongestReason];
   std::vsnprintf(text, sizeof text, format, arguments);
-  source->reason = text;
+  for (const char c : std::string_view(text)) {
+    // Some reasons are of several lines, the next ones indented.
+    const bool isBlank = static_cast<unsigned char>(c) <= ' ';
+    if (!isBlank || (!source->reason.empty() && source->reason.back() != ' ')) {
+      source->reason += isBlank ? ' ' : c;
+    }
+  }
 }
 
 // libtiff only warns of damage in JPEG data, and makes the pixels up.

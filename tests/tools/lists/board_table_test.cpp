@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace quorvex::tests {
 
 using namespace tools;
@@ -43,6 +45,14 @@ TEST(BoardTable, TakesTheLargestGridForTheBoard) {
                 "seen in 2 rows x 3 columns"));
   EXPECT_TRUE(table.views[0].marks.empty());
   EXPECT_EQ(table.views[1].leftOut, "");
+}
+
+TEST(BoardTable, BearsRowsUpToTheLargestInt) {
+  PointsOfImage list = Grid("a", 1, 1);
+  list.points.push_back(list.points[0]);
+  list.points[1].row = std::numeric_limits<int>::max();
+  EXPECT_THAT(ArrangeOnBoard({list}, GridSize{2, 1}).views[0].leftOut,
+              HasSubstr("marks are seen in 2147483647 rows x 1 columns"));
 }
 
 TEST(BoardTable, TakesPartsWhosePlaceTheDetectionKnows) {

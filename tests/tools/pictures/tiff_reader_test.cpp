@@ -200,6 +200,22 @@ TEST_F(ReadTiff, RefusesTheOldKindOfJpeg) {
   EXPECT_THAT(Refusal(bytes), HasSubstr("the old kind of JPEG; save it in another one"));
 }
 
+// libtiff says on several lines that 8 inks are not one channel; the field of the orientation is
+// made that of the inks.
+TEST_F(ReadTiff, RefusesInOneLine) {
+  TiffFields fields = Grey(8, 8);
+  fields.orientation = 8;
+  Bytes bytes = Encode(fields);
+  const Bytes field = {0x12, 1, 3, 0, 1, 0, 0, 0, 8, 0};
+  const auto at = std::search(bytes.begin(), bytes.end(), field.begin(), field.end());
+  ASSERT_NE(at, bytes.end());
+  *at = 0x4e;
+  const std::string refusal = Refusal(bytes);
+  EXPECT_THAT(refusal, HasSubstr("NumberOfInks"));
+  EXPECT_EQ(refusal.find('\n'), std::string::npos) << refusal;
+  EXPECT_EQ(refusal.find("  "), std::string::npos) << refusal;
+}
+
 TEST_F(ReadTiff, RefusesASizeThatTheFileCannotHold) {
   EXPECT_THAT(Refusal(Encode(Grey(40000, 1))), HasSubstr("40000 x 1 pixels is out of range"));
   // Width and height stand in the directory as numbers of 32 bits, in this machine's order.
