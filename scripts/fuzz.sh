@@ -75,7 +75,7 @@ merge_target() {
   local old=fuzz/corpus/$name new=$place/merged/$name
   rm -rf "$new"
   mkdir -p "$new"
-  (cd "$place/work/$name" && "$place/fuzz/$name" -merge=1 -use_counters=0 -rss_limit_mb=2048 "${options[@]}" "$new" "$OLDPWD/$old" "$place/found/$name") \
+  (cd "$place/work/$name" && "$place/fuzz/$name" -set_cover_merge=1 -use_counters=0 -rss_limit_mb=2048 "${options[@]}" "$new" "$OLDPWD/$old" "$place/found/$name") \
     >"$place/$name.log" 2>&1
   # What showed a fault has a name with a dot, and stays.
   find "$old" -type f -not -name '*.*' -delete

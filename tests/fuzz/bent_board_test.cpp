@@ -14,7 +14,7 @@ namespace {
 TEST(BentBoard, ManyAreFound) {
   const tests::TemporaryDirectory directory;
   int found = 0;
-  for (std::uint32_t seed = 1; seed <= 40; ++seed) {
+  for (std::uint32_t seed = 1; seed <= 24; ++seed) {
     tests::CaseRandom random(seed);
     tests::TestImage image = RandomBentBoard(random);
     PointList points;
@@ -22,7 +22,7 @@ TEST(BentBoard, ManyAreFound) {
                                                            8, 20, 20, 0.0f, 0.0f, 300, points);
     found += isFound && points.size() >= 4 ? 1 : 0;
   }
-  EXPECT_GE(found, 4);
+  EXPECT_GE(found, 3);
 }
 
 }  // namespace

@@ -74,6 +74,11 @@ PointList RandomLabelledGrid(CaseRandom& random) {
       points.push_back(MakePoint(static_cast<int>(points.size()), row, label, x, y));
     }
   }
+  for (int n = random.OneIn(3) ? random.Below(4) : 0; n > 0; --n) {
+    CalibrationPoint twin = OneOfPoints(random, points);
+    twin.id = static_cast<int>(points.size());
+    points.push_back(twin);
+  }
   Shuffle(random, points);
   return points;
 }

@@ -11,7 +11,8 @@ namespace quorvex::tests {
 // middle outwards; points that are repeated, and such with NaN, infinite and huge values.
 PointList RandomGridPoints(CaseRandom& random);
 
-// Bent lines, disturbed, with rows and with columns that are mostly right, in any order.
+// Bent lines, disturbed, with rows and with columns that are mostly right, and twins of points, in
+// any order. Ids tell the points apart.
 PointList RandomLabelledGrid(CaseRandom& random);
 
 // One of a list that is not empty.

@@ -30,6 +30,11 @@ std::string CovarianceFields(const std::optional<Covariance>& covariance) {
              : ",,,";
 }
 
+// Without the sign of -0, which JSON numbers have not, so that a list is the same from both.
+double Number(const CsvTable& table, std::size_t row, std::size_t column) {
+  return table.Number(row, column) + 0.0;
+}
+
 // The three columns, where a table has them.
 class CovarianceColumns {
  public:
@@ -44,8 +49,8 @@ class CovarianceColumns {
     if (!columns_ || table_.Text(row, (*columns_)[0]).empty()) {
       return std::nullopt;
     }
-    return Covariance{table_.Number(row, (*columns_)[0]), table_.Number(row, (*columns_)[1]),
-                      table_.Number(row, (*columns_)[2])};
+    return Covariance{Number(table_, row, (*columns_)[0]), Number(table_, row, (*columns_)[1]),
+                      Number(table_, row, (*columns_)[2])};
   }
 
  private:
@@ -126,7 +131,8 @@ std::vector<PointsOfImage> ParsePointsCsv(const std::string& text, const std::st
       table.FailAtField(i, kind, fmt::format("{} or {}", kKindNames, kFailedKind).c_str());
     }
     list.points.push_back({table.Integer(i, id), table.Integer(i, row), table.Integer(i, col),
-                           table.Number(i, x), table.Number(i, y), *pointKind, covariances.Of(i)});
+                           Number(table, i, x), Number(table, i, y), *pointKind,
+                           covariances.Of(i)});
   }
   // A list without points still is the list of one image.
   if (images.empty() && !isNamed) {

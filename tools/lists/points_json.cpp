@@ -73,7 +73,7 @@ class JsonObject {
     if (!value.is_number() || !std::isfinite(value.get<double>())) {
       FailAt(name, "a number");
     }
-    return value.get<double>();
+    return value.get<double>() + 0.0;  // -0.0 as -0, which is a whole number without its sign
   }
   std::string Text(const char* name) const {
     const Json& value = Member(name);

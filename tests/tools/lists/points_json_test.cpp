@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <string>
 
 #include "tools/errors.h"
+#include "tools/lists/points_csv.h"
 
 namespace quorvex::tests {
 
@@ -55,6 +57,19 @@ TEST(PointsJson, APictureThatFailedSaysWhy) {
   EXPECT_EQ(images[0].image, "b");
   EXPECT_EQ(images[0].error, "no \"target\"");
   EXPECT_TRUE(images[0].points.empty());
+}
+
+TEST(PointsJson, ZeroHasNoSign) {
+  const std::vector<PointsOfImage> csv =
+      ParsePointsCsv("image,id,row,col,x,y,cxx,cxy,cyy\na,1,0,0,-0,-0.0,1,-0e-6,1\n", "p.csv");
+  const std::string text = FormatPointsJson(csv);
+  EXPECT_EQ(text.find("-0"), std::string::npos) << text;
+  const std::vector<PointsOfImage> json = ParsePointsJson(
+      R"([{"image": "a", "width": 0, "height": 0,
+           "points": [{"id": 1, "row": 0, "col": 0, "x": -0, "y": -0.0}]}])",
+      "p.json");
+  EXPECT_FALSE(std::signbit(json[0].points[0].x));
+  EXPECT_FALSE(std::signbit(json[0].points[0].y));
 }
 
 struct BadFile {
