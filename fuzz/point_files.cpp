@@ -127,6 +127,7 @@ void RunResumed(const std::string& text) {
   const std::string table = cut == std::string::npos ? text : text.substr(cut + 4);
   const std::filesystem::path path = folder.File("table.csv", table);
   folder.File("table.csv.resume", cut == std::string::npos ? "" : text.substr(0, cut));
+  Require(tests::ReadWhole(path.string()) == table, "no file can be written; is the disk full?");
   PointsOfImage added;
   added.image = "added, \"last\"";
   added.points.push_back({1, 0, 0, 12.5, 30.25});
