@@ -9,10 +9,12 @@
 #include <thread>
 #include <vector>
 
+#include "tests/support/differential.h"
+
 namespace quorvex::tests {
 namespace {
 
-constexpr int kTimes = 12;  // detections by each
+constexpr int kTimes = 3 + 9 / QUORVEX_CASES_DIVISOR;  // detections by each
 
 TEST_F(SharedFolder, ThreadsGetTheirResultsAndLeaveWholeFiles) {
   ASSERT_FALSE(one.files == other.files);
