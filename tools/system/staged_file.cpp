@@ -18,7 +18,7 @@ namespace quorvex::tools {
 namespace {
 
 constexpr int kNameAttempts = 16;  // a random name of 32 bits is practically never taken twice
-constexpr std::streamsize kPieceBytes = 1 << 16;  // of a copy
+constexpr std::streamsize kCopiedBytes = 1 << 16;  // at a time
 
 [[noreturn]] void ThrowCannotWrite(const std::filesystem::path& path, const std::string& reason) {
   throw InputError(fmt::format("cannot write {}: {}", Utf8Name(path), reason));
@@ -114,8 +114,8 @@ void WriteFileWhole(const std::filesystem::path& path, const std::vector<std::ui
 void CopyFileWhole(const std::filesystem::path& from, const std::filesystem::path& to) {
   std::ifstream source(from, std::ios::binary);
   StagedFile copy(to);
-  std::vector<char> piece(kPieceBytes);
-  while (source.read(piece.data(), kPieceBytes) || source.gcount() > 0) {
+  std::vector<char> piece(kCopiedBytes);
+  while (source.read(piece.data(), kCopiedBytes) || source.gcount() > 0) {
     copy.Append(piece.data(), static_cast<std::size_t>(source.gcount()));
   }
   if (!source.eof()) {
