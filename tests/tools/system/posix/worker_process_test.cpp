@@ -73,7 +73,7 @@ TEST(WorkerPool, WorkersGoWithTheirProcess) {
     WorkerPool pool;
     const std::string output = std::to_string(pipe[1]);
     StartShell(pool, 0, "echo started >&" + output + "; exec sleep 60");
-    StartShell(pool, 1, "sleep 0.3; kill -9 $PPID; sleep 60");
+    StartShell(pool, 1, "sleep 0.3; kill -9 $PPID; exec sleep 60");
     pool.WaitForOne();
     _exit(1);
   }
