@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Says which branches of the library and the direct detector no test takes.
 
-  scripts/coverage.py              builds in build/coverage, runs the tests, prints a table and what is left
+  scripts/coverage.py              builds in build/coverage, runs tests and corpora, prints a table and what is left
   scripts/coverage.py --no-run     prints them again
 
 Counts the branches that gcov sees without optimisation, but for those that are taken when something throws: which
@@ -20,22 +20,28 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build" / "coverage"
 ROOMS = ["base", "imageio", "preprocess", "crossmark", "grid", "postprocess", "interface", "platform", "precise"]
-PROGRAMS = [room + "_tests" for room in ROOMS] + ["c_interface_tests", "road_tests", "direct_road_tests"]
+PROGRAMS = [room + "_tests" for room in ROOMS] + [
+    "c_interface_tests", "faults_tests", "precise_memory_tests", "road_tests", "direct_road_tests"]
+CORPORA = ["read_image", "image_stages", "mark_stages", "grid_stages", "point_editing", "detection", "precise"]
 
 
 def build_and_run():
     subprocess.run(["scripts/setup.sh", "--tests"], cwd=ROOT, check=True)
     subprocess.run(
         ["cmake", "-S", str(ROOT), "-B", str(BUILD), "-G", "Ninja", "-DCMAKE_CXX_COMPILER=g++", "-DCMAKE_BUILD_TYPE=Debug",
-         "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -g1 --coverage -fprofile-update=atomic", "-DQUORVEX_BUILD_TESTS=ON",
+         "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -g1 --coverage", "-DQUORVEX_BUILD_TESTS=ON",
          "-DQUORVEX_TEST_SCENES=OFF"],
         check=True, stdout=subprocess.DEVNULL)
-    subprocess.run(["cmake", "--build", str(BUILD), "--target"] + PROGRAMS, check=True, stdout=subprocess.DEVNULL)
+    subprocess.run(["cmake", "--build", str(BUILD), "--target"] + PROGRAMS + ["fuzz_" + name for name in CORPORA], check=True, stdout=subprocess.DEVNULL)
     for counts in BUILD.rglob("*.gcda"):
         counts.unlink()
     for program in PROGRAMS:
         print(f"coverage: {program}", flush=True)
         subprocess.run([str(BUILD / "tests" / program), "--gtest_brief=1"], cwd=BUILD, check=True,
+                       stdout=subprocess.DEVNULL)
+    for name in CORPORA:
+        print(f"coverage: corpus of {name}", flush=True)
+        subprocess.run([str(BUILD / "fuzz" / name), str(ROOT / "fuzz" / "corpus" / name)], cwd=BUILD, check=True,
                        stdout=subprocess.DEVNULL)
 
 

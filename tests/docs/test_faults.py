@@ -6,6 +6,7 @@ import tempfile
 from pathlib import Path
 
 from check_links import anchor, page_faults
+from check_named_tests import missing_tests
 from run_listings import run_page
 
 WRONG_LISTINGS = {
@@ -41,6 +42,10 @@ RIGHT_LISTINGS = {
 WRONG_LINKS = ["[a](nothing.md)", "[a](#nothing)", "[a](other.md#nothing)", "![a](nothing.png)", '<img src="nothing.png">']
 RIGHT_LINKS = ["[a](other.md)", "[a](#two-words-here)", "[a](other.md#there)", "[a](https://example.org/nothing)"]
 
+TESTS = ["Layout.IncludesRunOneWay", "Files/HostileBmp.IsRefused/ZeroWidth"]
+WRONG_TESTS = ["`Layout.Nothing`", "`Nothing.*`", "`HostileBmp.Nothing`"]
+RIGHT_TESTS = ["`Layout.IncludesRunOneWay`", "`Layout.*`", "`HostileBmp.IsRefused`", "`HostileBmp.*`", "`page.md`, `std::bad_alloc`"]
+
 
 def main() -> int:
     faults = []
@@ -55,6 +60,9 @@ def main() -> int:
             page.write_text(f"# Two words, here\n\nText {link}.\n", encoding="utf-8")
             if bool(page_faults(page)) != (link in WRONG_LINKS):
                 faults.append(link)
+    for text in WRONG_TESTS + RIGHT_TESTS:
+        if bool(missing_tests(text, TESTS)) != (text in WRONG_TESTS):
+            faults.append(text)
     if anchor("`-j` and C++: 2 words") != "-j-and-c-2-words":
         faults.append("anchor: " + anchor("`-j` and C++: 2 words"))
     for fault in faults:
