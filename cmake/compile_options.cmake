@@ -40,7 +40,7 @@ if(QUORVEX_SANITIZE)
 endif()
 
 # What is compiled counts its edges for libFuzzer. Nothing more: told of every comparison as well, a detection takes
-# four times as long. Programs without an engine link it, too: AddressSanitizer has the functions that are called.
+# several times as long. Programs without an engine link it, too: AddressSanitizer has the functions that are called.
 if(QUORVEX_BUILD_FUZZERS AND NOT QUORVEX_FUZZING_ENGINE)
   if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang" OR NOT QUORVEX_SANITIZE MATCHES "address")
     message(FATAL_ERROR "QUORVEX_BUILD_FUZZERS needs clang and AddressSanitizer: the preset fuzz")

@@ -29,7 +29,7 @@ if ! $merge; then
   shift
 fi
 
-scripts/setup.sh --clang
+scripts/setup.sh --tests --clang
 if [[ $# -gt 0 ]]; then
   targets=("$@")
 else
