@@ -22,6 +22,8 @@ BUILD = ROOT / "build" / "coverage"
 ROOMS = ["base", "imageio", "preprocess", "crossmark", "grid", "postprocess", "interface", "platform", "precise"]
 PROGRAMS = [room + "_tests" for room in ROOMS] + [
     "c_interface_tests", "faults_tests", "precise_memory_tests", "road_tests", "direct_road_tests"]
+# Without optimisation the direct detector takes minutes to lose every kind of memory, and takes no other branches.
+LEFT_OUT = "--gtest_filter=-PreciseAllocations.*:CAllocations.*"
 CORPORA = ["read_image", "image_stages", "mark_stages", "grid_stages", "point_editing", "detection", "precise"]
 
 
@@ -29,15 +31,15 @@ def build_and_run():
     subprocess.run(["scripts/setup.sh", "--tests"], cwd=ROOT, check=True)
     subprocess.run(
         ["cmake", "-S", str(ROOT), "-B", str(BUILD), "-G", "Ninja", "-DCMAKE_CXX_COMPILER=g++", "-DCMAKE_BUILD_TYPE=Debug",
-         "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -g1 --coverage", "-DQUORVEX_BUILD_TESTS=ON",
-         "-DQUORVEX_TEST_SCENES=OFF"],
+         "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -g1 --coverage", "-DQUORVEX_BUILD_TESTS=ON", "-DQUORVEX_TEST_SCENES=OFF"],
         check=True, stdout=subprocess.DEVNULL)
-    subprocess.run(["cmake", "--build", str(BUILD), "--target"] + PROGRAMS + ["fuzz_" + name for name in CORPORA], check=True, stdout=subprocess.DEVNULL)
+    targets = PROGRAMS + ["fuzz_" + name for name in CORPORA]
+    subprocess.run(["cmake", "--build", str(BUILD), "--target"] + targets, check=True, stdout=subprocess.DEVNULL)
     for counts in BUILD.rglob("*.gcda"):
         counts.unlink()
     for program in PROGRAMS:
         print(f"coverage: {program}", flush=True)
-        subprocess.run([str(BUILD / "tests" / program), "--gtest_brief=1"], cwd=BUILD, check=True,
+        subprocess.run([str(BUILD / "tests" / program), "--gtest_brief=1", LEFT_OUT], cwd=BUILD, check=True,
                        stdout=subprocess.DEVNULL)
     for name in CORPORA:
         print(f"coverage: corpus of {name}", flush=True)
