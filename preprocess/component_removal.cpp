@@ -99,8 +99,8 @@ class ComponentSearch {
   int height_;
   std::size_t stride_;
   unsigned char mark_ = kVisited;
-  PixelPosition lowest_ = {0, 0};
-  PixelPosition highest_ = {0, 0};
+  PixelPosition lowest_{};
+  PixelPosition highest_{};
   std::vector<PixelPosition> found_;  // while the component may stay
   std::vector<PixelPosition> level_;  // pixels at one distance from the seed, in the order found
   std::vector<PixelPosition> next_;

@@ -39,7 +39,7 @@ ROOMS = {
     "crossmark": ["crossmark_tests", "grid_tests"] + _AFTER_LIBRARY,
     "grid": ["grid_tests", "postprocess_tests"] + _AFTER_LIBRARY,
     "postprocess": ["postprocess_tests"] + _AFTER_LIBRARY,
-    "interface": _AFTER_LIBRARY,
+    "interface": _AFTER_LIBRARY + ["c_interface_tests", "precise_tests"],
     "platform": ["platform_tests"] + _AFTER_LIBRARY,
     "precise": ["precise_tests", "c_interface_tests", "direct_road_tests"],
 }
@@ -82,18 +82,17 @@ class Mutant:
         return f"{self.file}:{self.line}: {self.text.strip()}  =>  {self.changed().strip()}"
 
 
-def code_of(line):
-    """The line with strings and comments blanked, so that places keep their columns."""
-    blank = lambda match: " " * len(match.group())
-    line = re.sub(r'"(?:[^"\\]|\\.)*"|\'(?:[^\'\\]|\\.)\'', blank, line)
-    return re.sub(r"//.*", blank, line)
+def code_of(text):
+    """The lines with strings and comments blanked, so that places keep their lines and columns."""
+    blank = lambda match: re.sub(r".", " ", match.group())
+    text = re.sub(r'"(?:[^"\\\n]|\\.)*"|\'(?:[^\'\\\n]|\\.)\'|//.*|/\*[\s\S]*?\*/', blank, text)
+    return text.split("\n")
 
 
 def mutants_of(file, text):
     """All changes of one source, in the order of its lines."""
     found = []
-    for number, line in enumerate(text.splitlines(), 1):
-        code = code_of(line)
+    for number, (line, code) in enumerate(zip(text.split("\n"), code_of(text)), 1):
         if re.match(r"\s*(#|template|using|namespace|static_assert|case )", code):
             continue
         for pattern, replacement in SWAPS:

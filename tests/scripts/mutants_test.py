@@ -40,6 +40,9 @@ class MutantsTest(unittest.TestCase):
         for line in ['  f("a < b");', "  // a < b", '#if A == 1', "  g();  // a == b"]:
             self.assertEqual([text for text in changed_lines(line) if text.strip() != ";" and ";  //" not in text], [])
 
+    def test_long_comments_stay(self):
+        self.assertEqual(changed_lines("int id;  /**< row * columns,\n               1 + 2 */"), [])
+
     def test_brackets_of_templates_stay(self):
         self.assertEqual(changed_lines("std::vector<int> list;"), [])
 
