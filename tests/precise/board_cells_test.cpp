@@ -61,6 +61,25 @@ TEST(BoardCells, MarkThatNoCellHoldsHasNoLabel) {
   EXPECT_EQ(Labelled(marks).size(), 9u);
 }
 
+// A trapezium whose one side is more than twice the opposite one is no cell of a board that a
+// camera sees.
+TEST(BoardCells, CellsOfUnlikeSidesAreNone) {
+  std::vector<MarkCandidate> marks = BoardOfCandidates(2, 2, 0);
+  const MarkLinks links = FindMarkLinks(marks, kSide, kSide);
+  marks[1].centre.x() += 110;
+  EXPECT_EQ(LabelLargestComponent(marks, links).size(), 4u);
+  marks[1].centre.x() += 20;
+  EXPECT_TRUE(LabelLargestComponent(marks, links).empty());
+}
+
+// The way round it turns the other way.
+TEST(BoardCells, CellsThatAreFoldedAreNone) {
+  std::vector<MarkCandidate> marks = BoardOfCandidates(2, 2, 0);
+  const MarkLinks links = FindMarkLinks(marks, kSide, kSide);
+  std::swap(marks[0].centre, marks[1].centre);
+  EXPECT_TRUE(LabelLargestComponent(marks, links).empty());
+}
+
 TEST(BoardCells, LargerOfTwoBoardsIsLabelled) {
   std::vector<MarkCandidate> marks = BoardOfCandidates(2, 2, 0);
   for (MarkCandidate mark : BoardOfCandidates(3, 3, 0)) {

@@ -85,6 +85,17 @@ TEST(Detect, FindsLightMarksOnADarkBoard) {
   EXPECT_TRUE(Detect(ViewOf(picture), options).marks.empty());
 }
 
+TEST(Detect, LooksForOneColourAloneWhenTold) {
+  DrawnBoard board = Board();
+  Options light;
+  light.colour = MarkColour::kLight;
+  const GrayPicture dark = board.Draw();
+  EXPECT_EQ(Detect(ViewOf(dark), light).stage, "seed");
+  std::swap(board.board, board.mark);
+  const GrayPicture picture = board.Draw();
+  ExpectTheBoard(board, Detect(ViewOf(picture), light));
+}
+
 TEST(Detect, RowsMayRunUpwardsAndHaveGaps) {
   const DrawnBoard board = Board();
   const GrayPicture picture = board.Draw();

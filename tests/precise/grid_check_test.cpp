@@ -32,6 +32,39 @@ TEST(GridCheck, DropsTheMarkThatTheOthersContradict) {
   }
 }
 
+// The worst goes first, and with it what is at least half as wrong.
+TEST(GridCheck, DropsEveryMarkThatTheOthersContradict) {
+  const DrawnBoard board = Grid();
+  std::vector<GridMark> marks = TrueMarks(board);
+  marks[8].fit.centre.x() += 3.0;
+  marks[30].fit.centre.y() -= 2.5;
+  marks[26].fit.centre.x() -= 1.0;
+  CameraFit camera = CameraOf(board);
+  DropContradicted(marks, camera, 640, 480);
+  ASSERT_EQ(marks.size(), 39U);
+  for (const GridMark& mark : marks) {
+    EXPECT_LT((mark.fit.centre - board.Place(mark.row, mark.column)).norm(), 1e-9);
+  }
+}
+
+// A camera that has the board behind it.
+TEST(GridCheck, MarksThatTheCameraCannotSeeContradictIt) {
+  const DrawnBoard board = Grid();
+  const std::vector<GridMark> marks = TrueMarks(board);
+  CameraFit camera = CameraOf(board);
+  const double usual = UsualScatter(marks, BoardMap(marks, camera));
+  camera.model.translation = -camera.model.translation;
+  const BoardMap behind(marks, camera);
+  EXPECT_EQ(UsualScatter(marks, behind), usual);
+  EXPECT_GE(Contradiction(marks[0], behind, usual), 1e9);
+}
+
+TEST(GridCheck, OnlyMeasuredMarksArePoints) {
+  std::vector<GridMark> marks = TrueMarks(Grid());
+  marks[3].fit.isMeasured = false;
+  EXPECT_EQ(PointsOf(marks).size(), marks.size() - 1);
+}
+
 TEST(GridCheck, KeepsMarksThatAgree) {
   const DrawnBoard board = Grid();
   std::vector<GridMark> marks = TrueMarks(board);

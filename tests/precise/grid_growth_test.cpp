@@ -48,6 +48,38 @@ TEST(GridGrowth, TooFewMarksGiveAReason) {
   EXPECT_FALSE(grid.reason.empty());
 }
 
+TEST(GridGrowth, TheReasonOfTheSeedIsKept) {
+  const DrawnBoard board = NoisyBoard();
+  Seed seed = SeedOf(board, 2, 2);
+  seed.reason = "the lines run on";
+  EXPECT_EQ(GrowGrid(board.Draw(), seed).reason, "the lines run on");
+}
+
+TEST(GridGrowth, ASeedWithoutStrokesGivesAReason) {
+  DrawnBoard board = NoisyBoard();
+  const Seed seed = SeedOf(board, 3, 3);
+  board.rows = 0;
+  const Grid grid = GrowGrid(board.Draw(), seed);
+  EXPECT_TRUE(grid.marks.empty());
+  EXPECT_EQ(grid.stage, "strokes");
+}
+
+// All marks but four are gone, so that fewer are left than contradict a camera.
+TEST(GridGrowth, TooFewMarksThatAreMeasuredGiveAReason) {
+  DrawnBoard board = NoisyBoard();
+  const Seed seed = SeedOf(board, 3, 3);
+  for (int row = 0; row < board.rows; ++row) {
+    for (int column = 0; column < board.columns; ++column) {
+      if (row > 1 || column > 1) {
+        board.missing.insert({row, column});
+      }
+    }
+  }
+  const Grid grid = GrowGrid(board.Draw(), seed);
+  EXPECT_TRUE(grid.marks.empty());
+  EXPECT_EQ(grid.stage, "check");
+}
+
 TEST(GridGrowth, LabelsThatNoCameraSeesGiveAReason) {
   const DrawnBoard board = NoisyBoard();
   Seed seed = SeedOf(board, 3, 3);

@@ -51,6 +51,50 @@ TEST_F(MarkAcceptance, MuchFainterThanItsNeighboursItIsNone) {
   EXPECT_FALSE(Accepted());
 }
 
+TEST_F(MarkAcceptance, MuchDarkerThanItsNeighboursItIsNone) {
+  fit.darkness = 240.0;
+  EXPECT_TRUE(Accepted());
+  fit.darkness = 260.0;
+  EXPECT_FALSE(Accepted());
+  expected.darkness = 0.0;  // no neighbours
+  EXPECT_TRUE(Accepted());
+}
+
+TEST_F(MarkAcceptance, UnmeasuredItIsNone) {
+  fit.isMeasured = false;
+  EXPECT_FALSE(Accepted());
+}
+
+TEST_F(MarkAcceptance, AtAVaguePlaceItIsNone) {
+  fit.covariance = 0.07 * Eigen::Matrix2d::Identity();
+  EXPECT_TRUE(Accepted());
+  fit.covariance = 0.09 * Eigen::Matrix2d::Identity();
+  EXPECT_FALSE(Accepted());
+}
+
+// Blocks that lie anywhere are no strokes; where noise is so low that a thousandth of a pixel
+// stands out, they are.
+TEST_F(MarkAcceptance, BlocksThatLieAnywhereAreNone) {
+  fit.freedom = 20.0;
+  fit.squares = 39.0 * fit.freedom;
+  EXPECT_TRUE(Accepted());
+  fit.squares = 41.0 * fit.freedom;
+  EXPECT_FALSE(Accepted());
+  fit.covariance = 1e-6 * Eigen::Matrix2d::Identity();
+  EXPECT_TRUE(Accepted());
+}
+
+TEST_F(MarkAcceptance, ArmsBesideThePictureAreNotMissed) {
+  const std::array<std::array<bool, 2>, 2> all = {{{true, true}, {true, true}}};
+  EXPECT_EQ(ArmsInPicture(picture, frame), all);
+  frame.centre = {197.0, 196.0};
+  const std::array<std::array<bool, 2>, 2> backwards = {{{false, true}, {false, true}}};
+  EXPECT_EQ(ArmsInPicture(picture, frame), backwards);
+  frame.centre = {2.0, 3.0};
+  const std::array<std::array<bool, 2>, 2> forwards = {{{true, false}, {true, false}}};
+  EXPECT_EQ(ArmsInPicture(picture, frame), forwards);
+}
+
 TEST_F(MarkAcceptance, TurnedAgainstThePredictionItIsNone) {
   fit.direction[1] = Eigen::Vector2d(0.17, 0.985).normalized();
   EXPECT_FALSE(Accepted());

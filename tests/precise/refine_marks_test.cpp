@@ -47,5 +47,46 @@ TEST(RefineMarks, WrongInputIsEveryPointsReason) {
   EXPECT_NE(refined[1].reason, "");
 }
 
+ImageView ViewOf(const GrayPicture& picture) {
+  return {picture.Row(0), picture.Width(), picture.Height(), picture.Width()};
+}
+
+// One mark whose arms towards +x and +y lie outside of the picture, from 12 px on.
+TEST(RefineMarks, MarkThatThePictureCutsIsMeasuredOnWhatIsSeen) {
+  DrawnBoard board;
+  board.step = {60, 0};
+  board.width = 112;
+  board.height = 200;
+  board.noise = 1;
+  const GrayPicture cut = board.Draw();
+  const std::vector<RefinedPoint> refined = RefineMarks(ViewOf(cut), {{101.0, 99.0}});
+  ASSERT_TRUE(refined[0].isRefined) << refined[0].reason;
+  EXPECT_LT(std::hypot(refined[0].x - 100, refined[0].y - 100), 0.05);
+  board.height = 112;
+  const GrayPicture corner = board.Draw();
+  const std::vector<RefinedPoint> inCorner = RefineMarks(ViewOf(corner), {{101.0, 99.0}});
+  ASSERT_TRUE(inCorner[0].isRefined) << inCorner[0].reason;
+  EXPECT_LT(std::hypot(inCorner[0].x - 100, inCorner[0].y - 100), 0.05);
+}
+
+TEST(RefineMarks, LightMarksNeedTheirColour) {
+  DrawnBoard board;
+  board.board = 40;
+  board.mark = 200;
+  board.noise = 1;
+  const GrayPicture picture = board.Draw();
+  EXPECT_FALSE(RefineMarks(ViewOf(picture), {{100, 101}})[0].isRefined);
+  precise::Options options;
+  options.colour = precise::MarkColour::kLight;
+  const std::vector<RefinedPoint> light = RefineMarks(ViewOf(picture), {{100, 101}}, options);
+  ASSERT_TRUE(light[0].isRefined) << light[0].reason;
+  EXPECT_LT(std::hypot(light[0].x - 100, light[0].y - 100), 0.05);
+}
+
+TEST(RefineMarks, NoPointsAreNoWork) {
+  const GrayPicture picture = DrawnBoard().Draw();
+  EXPECT_TRUE(RefineMarks(ViewOf(picture), {}).empty());
+}
+
 }  // namespace
 }  // namespace quorvex::tests
