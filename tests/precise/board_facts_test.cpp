@@ -52,5 +52,30 @@ TEST(BoardFacts, NoneOnAnEmptyPicture) {
                             kMarks, 1.0, 0.42, facts));
 }
 
+TEST(BoardFacts, NoneOfABoardBehindTheCamera) {
+  BoardFacts facts;
+  EXPECT_FALSE(
+      MeasureBoard(Grid().Draw(), BoardMap({}, CameraBefore(Grid())), kMarks, 1.0, 0.42, facts));
+}
+
+// The strokes are there, but so is no whole mark: each has one arm.
+TEST(BoardFacts, NoneOfMarksThatLackArms) {
+  const DrawnBoard board = Grid();
+  precise::GrayPicture picture = board.Draw();
+  for (const GridLabel& mark : kMarks) {
+    const Eigen::Vector2d place = board.Place(mark.row, mark.column);
+    for (int y = 0; y < picture.Height(); ++y) {
+      for (int x = 0; x < picture.Width(); ++x) {
+        const Eigen::Vector2d away = Eigen::Vector2d(x, y) - place;
+        if (away.norm() < 30 && away.x() < 4) {
+          picture.Row(y)[x] = 200;
+        }
+      }
+    }
+  }
+  BoardFacts facts;
+  EXPECT_FALSE(MeasureBoard(picture, BoardMap({}, CameraOf(board)), kMarks, 1.0, 0.36, facts));
+}
+
 }  // namespace
 }  // namespace quorvex::tests

@@ -65,5 +65,25 @@ TEST(BoardMap, FramesHaveTheBoardsDirectionsLengthsAndWidths) {
   EXPECT_NEAR(frame.aside[0], 0.0, 1e-4);
 }
 
+TEST(BoardMap, BehindTheCameraNothingIsSeen) {
+  const DrawnBoard board = Grid();
+  const BoardMap map(TrueMarks(board), CameraBefore(board));
+  EXPECT_EQ(map.FieldSigma(), 0.0);
+  EXPECT_FALSE(map.At(1, 2, true).isSeen);
+  MarkFrame frame;
+  EXPECT_FALSE(map.Frame(1, 2, FactsOf(board), frame));
+}
+
+TEST(BoardMap, MarksThatAreNotMeasuredSayNothing) {
+  const DrawnBoard board = Grid();
+  std::vector<GridMark> marks = TrueMarks(board);
+  for (GridMark& mark : marks) {
+    mark.fit.isMeasured = false;
+    mark.fit.centre.x() += 5.0;
+  }
+  const Predicted predicted = BoardMap(marks, CameraOf(board)).At(2, 3, false);
+  EXPECT_LT((predicted.pixel - board.Place(2, 3)).norm(), 1e-3);
+}
+
 }  // namespace
 }  // namespace quorvex::tests

@@ -17,6 +17,12 @@ precise::CameraFit CameraOf(const DrawnBoard& board) {
   return fit;
 }
 
+precise::CameraFit CameraBefore(const DrawnBoard& board) {
+  precise::CameraFit fit = CameraOf(board);
+  fit.model.translation = -fit.model.translation;
+  return fit;
+}
+
 precise::BoardFacts FactsOf(const DrawnBoard& board) {
   precise::BoardFacts facts;
   facts.strokeWidth.fill(board.stroke / board.step.norm());

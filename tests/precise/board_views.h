@@ -13,6 +13,9 @@ namespace quorvex::tests {
 // The camera that sees the board where it is drawn, far away, so that the picture is flat.
 precise::CameraFit CameraOf(const DrawnBoard& board);
 
+// The same, but with the board behind it.
+precise::CameraFit CameraBefore(const DrawnBoard& board);
+
 precise::BoardFacts FactsOf(const DrawnBoard& board);
 
 // All marks that are not missing, at their true places, with variances of (0.01 px)^2.

@@ -67,5 +67,21 @@ TEST(CameraFit, PointsThatNoCameraSeesLeaveALargeResidual) {
   EXPECT_TRUE(!fit.isFitted || fit.residual > 20.0);
 }
 
+TEST(CameraFit, PointsBehindTheStartAreNotFitted) {
+  CameraModel behind = Fisheye();
+  behind.translation = -behind.translation;
+  EXPECT_FALSE(RefineCamera(PointsSeenBy(Fisheye()), behind, 1024, 768).isFitted);
+}
+
+// All marks in one place of the picture: any camera far enough away would see them so.
+TEST(CameraFit, OnePlaceIsNoView) {
+  std::vector<LabelledPoint> points = PointsSeenBy(Fisheye());
+  for (LabelledPoint& point : points) {
+    point.pixel = {500.0, 400.0};
+  }
+  const CameraFit fit = FitCamera(points, 1024, 768);
+  EXPECT_TRUE(!fit.isFitted || fit.model.translation.norm() > 100.0);
+}
+
 }  // namespace
 }  // namespace quorvex::tests

@@ -84,5 +84,26 @@ TEST(FinalFit, MarksThatAreGoneLeaveTheGrid) {
   EXPECT_EQ(grid.marks.size(), 41U);
 }
 
+TEST(FinalFit, NothingIsLeftOfABoardBehindTheCamera) {
+  const DrawnBoard board = Board();
+  Grid grid = GridOf(board);
+  grid.camera = CameraBefore(board);
+  EXPECT_TRUE(MeasureFinally(board.Draw(), board.noise, grid).empty());
+  EXPECT_TRUE(grid.marks.empty());
+}
+
+// No four marks in a row tell how much larger errors are than they seem.
+TEST(FinalFit, ASmallBoardIsMeasuredAsWell) {
+  DrawnBoard board = Board();
+  board.rows = 2;
+  board.columns = 3;
+  Grid grid = GridOf(board);
+  EXPECT_EQ(MeasureFinally(board.Draw(), board.noise, grid).size(), 6U);
+  for (const GridMark& mark : grid.marks) {
+    EXPECT_LT((mark.fit.centre - board.Place(mark.row, mark.column)).norm(), 0.1);
+    EXPECT_GT(mark.fit.covariance.determinant(), 0.0);
+  }
+}
+
 }  // namespace
 }  // namespace quorvex::tests

@@ -81,5 +81,26 @@ TEST(ProfileSteps, NothingDarkGivesNothing) {
   EXPECT_FALSE(FitProfile(picture, {}, profile));
 }
 
+TEST(ProfileSteps, LightStrokesGiveNothing) {
+  DrawnBoard board;
+  board.board = 40;
+  board.mark = 200;
+  WidthAndBlur profile;
+  profile.width = 0.08;
+  profile.sigma = 1.0;
+  EXPECT_FALSE(FitProfile(board.Draw(), PiecesOf(board), profile));
+}
+
+TEST(ProfileSteps, PiecesBesideThePictureGiveNothing) {
+  DrawnBoard board;
+  const GrayPicture picture = board.Draw();
+  board.first = {700, 700};
+  WidthAndBlur profile;
+  profile.width = 0.08;
+  profile.sigma = 1.0;
+  EXPECT_FALSE(GuessProfile(picture, PiecesOf(board), profile));
+  EXPECT_FALSE(FitProfile(picture, PiecesOf(board), profile));
+}
+
 }  // namespace
 }  // namespace quorvex::tests
