@@ -12,10 +12,11 @@
 namespace quorvex {
 namespace {
 
-constexpr int kV4HeaderSize = 108;      // bytes
-constexpr int kV5HeaderSize = 124;      // bytes
-constexpr int kColorEntrySize = 4;      // bytes: blue, green, red, unused
-constexpr int kCoreColorEntrySize = 3;  // bytes: blue, green, red
+constexpr int kV4HeaderSize = 108;             // bytes
+constexpr int kV5HeaderSize = 124;             // bytes
+constexpr int kColorEntrySize = 4;             // bytes: blue, green, red, unused
+constexpr std::uint32_t kCoreHeaderSize = 12;  // bytes
+constexpr int kCoreColorEntrySize = 3;         // bytes: blue, green, red
 
 // Offsets of fields from the start of the 12-byte core header.
 constexpr int kCoreHeightOffset = 6;
@@ -42,10 +43,8 @@ bool ParseDib(const unsigned char* dib, std::uint64_t size, DibContents& content
   const bool isInfoHeader = headerSize == kBmpInfoHeaderSize;
   const bool hasFullSizes =
       isInfoHeader || headerSize == kV4HeaderSize || headerSize == kV5HeaderSize;
-  const int fieldsEnd = isInfoHeader   ? kBmpColorsUsedOffset + 4
-                        : hasFullSizes ? kBmpBitCountOffset + 2
-                                       : kCoreBitCountOffset + 2;
-  if (size < static_cast<std::uint64_t>(fieldsEnd)) {
+  // All fields lie in the header; of one that calls itself shorter than the core header, in that.
+  if (size < headerSize || size < kCoreHeaderSize) {
     return false;
   }
 

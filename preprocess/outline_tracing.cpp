@@ -67,24 +67,6 @@ float DistanceFromCentre(PixelPosition offset) {
   return static_cast<float>(std::sqrt(static_cast<double>(x * x + y * y)));
 }
 
-// Where a ray is at a distance from the centre.
-PixelPosition RayPosition(PixelPosition centre, PixelPosition offset) {
-  return {centre.x + offset.x, centre.y + offset.y};
-}
-
-// The last radius of the ray inside the image, from one that is known to be inside.
-int LastRadius(const GrayView& image, PixelPosition centre, Ray& ray, int rayLength, int known) {
-  int last = known;
-  while (last < rayLength - 1) {
-    const PixelPosition next = RayPosition(centre, ray.OffsetAt(last + 1));
-    if (!image.Holds(next.x, next.y)) {
-      break;
-    }
-    ++last;
-  }
-  return last;
-}
-
 // The radius at which the target ends along the ray. The dark run is counted from the last radius
 // at which black followed white (0 at first), also across the skipped white of thin lines.
 int FindOutlineRadius(const GrayView& image, PixelPosition centre, Ray& ray, int rayLength) {
@@ -92,7 +74,7 @@ int FindOutlineRadius(const GrayView& image, PixelPosition centre, Ray& ray, int
   int darkStart = 0;
   for (int radius = 1; radius <= rayLength - 1; ++radius) {
     const PixelPosition offset = ray.OffsetAt(radius);
-    const PixelPosition position = RayPosition(centre, offset);
+    const PixelPosition position{centre.x + offset.x, centre.y + offset.y};
     if (!image.Holds(position.x, position.y)) {
       return radius - 1;
     }
@@ -106,10 +88,8 @@ int FindOutlineRadius(const GrayView& image, PixelPosition centre, Ray& ray, int
       }
       continue;
     }
+    // Never 0: a ray leaves the centre's pixel once, and white before this black was elsewhere.
     const float distance = DistanceFromCentre(offset);
-    if (distance == 0.0f) {
-      return LastRadius(image, centre, ray, rayLength, radius);
-    }
     if (!HasWhiteAcross(image, centre, offset, distance)) {
       darkStart = radius;
       isWhite = false;
