@@ -190,6 +190,14 @@ TEST(HoughLines, PiIsCutShort) {
   EXPECT_FALSE(Contains(lines[0], {76, 0}));
 }
 
+// Of so narrow an image the last row lies as far from the origin as the diagonal is long: in the
+// last bin.
+TEST(HoughLines, LineInTheLastBinIsFoundOnce) {
+  GrayImage image(141, 10'001);
+  DrawRow(image, 10'000, 0, 139, kStroke);
+  EXPECT_EQ(Lines(image), (std::vector<PixelList>{RowPixels(10'000, 0, 139)}));
+}
+
 TEST(HoughLines, TinyImagesAreSearched) {
   for (const int size : {1, 2, 3, 4}) {
     EXPECT_TRUE(Lines(UniformImage(size, size, kStroke)).empty()) << size;

@@ -56,6 +56,25 @@ TEST_F(CentreCrossPassTest, WithoutACrossWithinReachThereIsNoGrid) {
   EXPECT_EQ(grid.size(), 1u);
 }
 
+// The grid of two crosses of which the first one's stroke begins so many pixels beyond the middle
+// of a wide image.
+PointList GridFrom(int beyond) {
+  constexpr int kWidth = 1200;  // pixels
+  GrayImage image{kWidth, kSize};
+  const int first = kWidth / 2 + beyond + kArm;
+  DrawCrosses(image, {first, first + 150}, {kSize / 2});
+  PointList grid;
+  BuildGridFromCentreCross(image.Data(), kWidth, kSize, 20, 99, 300, FullSpans(kSize, kWidth),
+                           FullSpans(kWidth, kSize), grid);
+  return grid;
+}
+
+// The last of the windows that are compared ends 248 pixels beyond the middle of the image.
+TEST_F(CentreCrossPassTest, TheTipOfACrossWithinReachIsEnough) {
+  EXPECT_EQ(GridFrom(248).size(), 2u);
+  EXPECT_EQ(GridFrom(249).size(), 0u);
+}
+
 TEST_F(CentreCrossPassTest, ACentreRowOfOneCrossIsNoGrid) {
   DrawCrosses(image, {400}, {250, 400, 550});
   PointList grid;

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <limits>
+#include <utility>
 
 #include "tests/support/bytes.h"
 #include "tests/support/faults.h"
@@ -147,11 +148,13 @@ TEST(Convolution, MissingMemoryIsFalseAndLeavesTheImage) {
   EXPECT_EQ(image, Bytes(12, 5));
 }
 
-TEST(Convolution, MissingMemoryIsFalseForTwoRows) {
+TEST(Convolution, MissingMemoryIsFalseForImagesWithoutInterior) {
   Bytes image(8, 5);
-  const FailNth fault(Fault::kLocalAlloc, 1);
-  EXPECT_FALSE(Convolve3x3(image.data(), 4, 2, kIdentity.data(), 2.0f, 0, 0, 0, 0));
-  EXPECT_TRUE(fault.HasHappened());
+  for (const auto& [width, height] : {std::pair(4, 2), std::pair(4, 1), std::pair(1, 2)}) {
+    const FailNth fault(Fault::kLocalAlloc, 1);
+    EXPECT_FALSE(Convolve3x3(image.data(), width, height, kIdentity.data(), 2.0f, 0, 0, 0, 0));
+    EXPECT_TRUE(fault.HasHappened());
+  }
 }
 
 }  // namespace

@@ -107,6 +107,12 @@ TEST(OutlineTracing, RayEndsOneShortOfTheDistanceToTheCorner) {
   EXPECT_EQ(Traced(Uniform(5, 5, 255))[kRight], (PixelPosition{3, 2}));
 }
 
+// 4097 squared is no float: in single precision rays would be one sample shorter.
+TEST(OutlineTracing, DistanceToTheCornerIsFormedInDoublePrecision) {
+  EXPECT_EQ(Traced(Uniform(8194, 1, 255))[kRight], (PixelPosition{8193, 0}));
+  EXPECT_EQ(Traced(Uniform(1, 8194, 255))[kTop], (PixelPosition{0, 8193}));
+}
+
 TEST(OutlineTracing, ImageTooSmallForASampleYieldsTheCentre) {
   for (const PixelPosition& point : Traced(Uniform(2, 2, 255))) {
     ASSERT_EQ(point, (PixelPosition{1, 1}));

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/support/bytes.h"
@@ -153,11 +154,13 @@ TEST(RankFilter, MissingMemoryIsFalseAndLeavesTheImage) {
   }
 }
 
-TEST(RankFilter, MissingMemoryIsFalseForTwoRows) {
+TEST(RankFilter, MissingMemoryIsFalseForImagesWithoutInterior) {
   GrayImage image = ImageOf({"....", ".#.."});
-  const FailNth fault(Fault::kLocalAlloc, 1);
-  EXPECT_FALSE(RankFilter3x3(image.Data(), 4, 2, 0));
-  EXPECT_TRUE(fault.HasHappened());
+  for (const auto& [width, height] : {std::pair(4, 2), std::pair(4, 1), std::pair(1, 2)}) {
+    const FailNth fault(Fault::kLocalAlloc, 1);
+    EXPECT_FALSE(RankFilter3x3(image.Data(), width, height, 0));
+    EXPECT_TRUE(fault.HasHappened());
+  }
 }
 
 }  // namespace
