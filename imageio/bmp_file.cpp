@@ -36,17 +36,14 @@ struct DibContents {
 // with such a header yields a position at its colour table. Hosts rely on nothing better, and it
 // stays.
 bool ParseDib(const unsigned char* dib, std::uint64_t size, DibContents& contents) {
-  if (size < 4) {
+  // All fields lie in the header; of one that calls itself shorter than the core header, in that.
+  if (size < kCoreHeaderSize || size < GetU32(dib)) {
     return false;
   }
   const std::uint32_t headerSize = GetU32(dib);
   const bool isInfoHeader = headerSize == kBmpInfoHeaderSize;
   const bool hasFullSizes =
       isInfoHeader || headerSize == kV4HeaderSize || headerSize == kV5HeaderSize;
-  // All fields lie in the header; of one that calls itself shorter than the core header, in that.
-  if (size < headerSize || size < kCoreHeaderSize) {
-    return false;
-  }
 
   std::uint64_t tableSize;
   if (isInfoHeader) {

@@ -84,6 +84,14 @@ TEST_F(IntersectRowAndColumnCurvesTest, OfEquallyNearPositionsTheFirstWinsInBoth
   ExpectUntouched();
 }
 
+// The curves meet near 50 and, nearer, at 48.98, but of the whole pixels 50 is the nearest.
+TEST_F(IntersectRowAndColumnCurvesTest, TheRefinementBeginsAWholePixelBefore) {
+  EXPECT_TRUE(Intersect({1.0f, -100.0f, 2500.0f}, {0.0f, -0.97655f, 49.996f}, 100, 100));
+  EXPECT_EQ(Bits(x), Bits(50.0f));
+  EXPECT_TRUE(Intersect({1.0f, -100.0f, 2500.0f}, {0.0f, -0.996f, 49.996f}, 100, 100));
+  EXPECT_EQ(Bits(x), Bits(49.0f));
+}
+
 // No distance is below the width 5: the start value, below 10, and t = 0 and y = 0 stand.
 TEST_F(IntersectRowAndColumnCurvesTest, InANarrowImageTheStartStands) {
   EXPECT_TRUE(Intersect(Constant(3.0f), Constant(500.0f), 5, 100));

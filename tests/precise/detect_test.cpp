@@ -48,6 +48,37 @@ void ExpectTheBoard(const DrawnBoard& board, const Result& result) {
   }
 }
 
+// What hosts leave as it is made says nothing.
+TEST(DirectDetector, RecordsAreEmptyAsTheyAreMade) {
+  const Mark mark;
+  EXPECT_EQ(mark.row, 0);
+  EXPECT_EQ(mark.column, 0);
+  for (const double value : {mark.x, mark.y, mark.cxx, mark.cxy, mark.cyy}) {
+    EXPECT_EQ(value, 0.0);
+  }
+  EXPECT_EQ(mark.verdict, Verdict::kMeasured);
+  const precise::Point point;
+  const precise::RefinedPoint refined;
+  for (const double value :
+       {point.x, point.y, refined.x, refined.y, refined.cxx, refined.cxy, refined.cyy}) {
+    EXPECT_EQ(value, 0.0);
+  }
+  EXPECT_FALSE(refined.isRefined);
+  const precise::PictureFacts facts;
+  const precise::CameraFacts& camera = facts.camera;
+  for (const double value : {facts.noise, facts.strokeWidth, facts.pitch, facts.blur,
+                             facts.armLength, camera.focalLength, camera.k1, camera.k2, camera.k3,
+                             camera.centreX, camera.centreY, camera.residual}) {
+    EXPECT_EQ(value, 0.0);
+  }
+  EXPECT_EQ(camera.aspect, 1.0);
+  EXPECT_FALSE(facts.hasLightMarks || facts.hasFixedRows || facts.hasFixedColumns);
+  const Options options;
+  EXPECT_FALSE(options.predictsMissing || options.hasContinuousLines);
+  EXPECT_EQ(options.colour, MarkColour::kEither);
+  EXPECT_EQ(options.boardRows + options.boardColumns, 0);
+}
+
 TEST(Detect, FindsEveryMark) {
   const DrawnBoard board = Board();
   const GrayPicture picture = board.Draw();
