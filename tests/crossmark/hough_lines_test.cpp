@@ -79,6 +79,19 @@ TEST(HoughLines, LinesAreAppendedBehindWhatTheListHolds) {
   EXPECT_EQ(lines[1].points.size(), 31u);
 }
 
+TEST(HoughLines, LinesHaveTheirPixelsAlone) {
+  GrayImage image = BlackImage();
+  DrawRow(image, 50, 10, 70, kStroke);
+  LineSegmentList lines;
+  HoughLines(image.Data(), kSize, kSize, kStroke, lines);
+  ASSERT_EQ(lines.size(), 1u);
+  const LineSegment& line = lines[0];
+  for (const float value :
+       {line.a, line.b, line.c, line.angle, line.start.x, line.start.y, line.end.x, line.end.y}) {
+    EXPECT_EQ(value, 0.0f);
+  }
+}
+
 TEST(HoughLines, StrokeValueIsAParameter) {
   GrayImage image = UniformImage(kSize, kSize, 255);
   DrawRow(image, 50, 10, 40, 0);
