@@ -28,11 +28,13 @@ run_memcheck() {
 
 run_threads() {
   echo "analyse: ThreadSanitizer"
-  local programs=(interface_tests precise_tests c_interface_tests faults_tests)
-  cmake --preset clang -B build/threads -DQUORVEX_SANITIZE=thread -DQUORVEX_BUILD_TESTS=ON -DQUORVEX_TEST_SCENES=OFF >/dev/null
-  cmake --build build/threads --target "${programs[@]}"
+  local programs=(interface_tests faults_tests tools_tests)
+  # gcc's, a shared library, lets faults_tests have an operator new of their own.
+  cmake --preset gcc-sanitize -B build/threads -DQUORVEX_SANITIZE=thread -DQUORVEX_BUILD_TESTS=ON \
+    -DQUORVEX_TEST_SCENES=OFF >/dev/null
+  cmake --build build/threads --target "${programs[@]}" quorvex_command
   for program in "${programs[@]}"; do
-    (cd build/threads && "tests/$program" --gtest_brief=1 --gtest_filter='*hread*')
+    (cd build/threads && "tests/$program" --gtest_brief=1 --gtest_filter='*hread*:SharedFolder.*')
   done
 }
 
