@@ -41,6 +41,7 @@ class Growth {
   bool StartCamera();
   bool MeasureFacts();
   void TrySeed();
+  std::set<Key> PlacesWithin(int reach) const;
   bool GrowRing(int reach);
   void Try(const Key& key, double tolerance, bool isLast);
   double WellPredicted(const Key& key) const;
@@ -185,8 +186,8 @@ void Growth::Refine() {
   map_.assign(1, BoardMap(marks, grid_.camera));
 }
 
-// Tries the places up to `reach` labels from marks; true when there are new marks.
-bool Growth::GrowRing(int reach) {
+// The places up to `reach` labels from marks, theirs included.
+std::set<Key> Growth::PlacesWithin(int reach) const {
   std::set<Key> places;
   for (const auto& entry : marks_) {
     for (int row = -reach; row <= reach; ++row) {
@@ -195,8 +196,13 @@ bool Growth::GrowRing(int reach) {
       }
     }
   }
+  return places;
+}
+
+// Tries the places up to `reach` labels from marks; true when there are new marks.
+bool Growth::GrowRing(int reach) {
   const std::size_t before = marks_.size();
-  for (const Key& key : places) {
+  for (const Key& key : PlacesWithin(reach)) {
     if (marks_.count(key) == 0 && tries_[key] < kTries) {
       Try(key, reach == 1 ? kNearTolerance : kFarTolerance, false);
     }
@@ -216,15 +222,7 @@ double Growth::WellPredicted(const Key& key) const {
 
 // With the whole board known, two arms tell a mark: its place, directions and darkness must agree.
 void Growth::TryOnceMore() {
-  std::set<Key> places;
-  for (const auto& entry : marks_) {
-    for (int row = -1; row <= 1; ++row) {
-      for (int column = -1; column <= 1; ++column) {
-        places.insert({entry.first.first + row, entry.first.second + column});
-      }
-    }
-  }
-  for (const Key& key : places) {
+  for (const Key& key : PlacesWithin(1)) {
     if (marks_.count(key) == 0) {
       Try(key, 0.0, true);
     }
