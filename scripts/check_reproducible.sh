@@ -21,31 +21,35 @@ second="$work/another folder/with a longer name"
 SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
 export SOURCE_DATE_EPOCH
 
-# A copy of the last commit, its files dated as told.
+# A copy of the last commit, its files dated and readable as told.
 copy() {
   mkdir -p "$1"
   git archive HEAD | tar -x -C "$1"
+  chmod -R "$3" "$1"
   find "$1" -exec touch -d "$2" {} +
 }
 
+build_all() {
+  if $isWhole; then
+    cmake --preset release && cmake --build --preset release && scripts/make_packages.sh
+  else
+    cmake --preset release && cmake --build --preset release --target quorvex
+  fi
+}
+
+# In the folder, with what it prints shown when it fails.
 build() (
   cd "$1"
   # No cache: it would hand out the first build's files.
   export CCACHE_DISABLE=1
-  cmake --preset release >/dev/null
-  if $isWhole; then
-    cmake --build --preset release >/dev/null
-    scripts/make_packages.sh >/dev/null
-  else
-    cmake --build --preset release --target quorvex >/dev/null
-  fi
+  build_all >"$work/log" 2>&1 || { tail -n 50 "$work/log" >&2; exit 1; }
 )
 
 echo "reproducible: building in $first"
-copy "$first" 2020-01-01
+copy "$first" 2020-01-01 go=rX
 (umask 022; export TZ=UTC LC_ALL=C.UTF-8; build "$first")
 echo "reproducible: building in $second"
-copy "$second" 2024-06-30
+copy "$second" 2024-06-30 go=
 (umask 027; export TZ=Asia/Tokyo LC_ALL=C; build "$second")
 
 differs=0

@@ -8,6 +8,8 @@ scripts/setup.sh --packages
 # Dates in the packages are that of the last change, so that the same sources give the same bytes.
 if [[ -z ${SOURCE_DATE_EPOCH:-} ]]; then SOURCE_DATE_EPOCH=$(git log -1 --format=%ct); fi
 export SOURCE_DATE_EPOCH
+# The folders in the packages take their modes from here.
+umask 022
 
 echo "packages: building"
 cmake --preset debian >/dev/null
