@@ -48,6 +48,15 @@ TEST_F(IntersectRowAndColumnCurvesTest, RefinesToFiftiethsOfAPixel) {
   EXPECT_EQ(Bits(x), Bits(static_cast<float>(39.0 + 75 * 0.02)));
 }
 
+TEST_F(IntersectRowAndColumnCurvesTest, FiftiethsAreCountedInDoublePrecision) {
+  // From pixel 0 on, where single precision has digits enough to show it.
+  for (int k = 26; k < 75; ++k) {
+    const float position = static_cast<float>(k * 0.02);
+    EXPECT_TRUE(Intersect(Constant(30.0f), Constant(position), 100, 100));
+    EXPECT_EQ(Bits(x), Bits(position)) << k;
+  }
+}
+
 TEST_F(IntersectRowAndColumnCurvesTest, TheRefinementEndsBeforeAWholePixelBeyond) {
   // The last whole pixel is 99; from there the search ends at 98 + 99 * 0.02.
   EXPECT_TRUE(Intersect(Constant(30.0f), Constant(105.0f), 100, 100));

@@ -196,6 +196,8 @@ TEST(Dilation, ImageWithoutPixelsIsNoWork) {
   unsigned char pixel = 7;
   EXPECT_TRUE(DilateImage(&pixel, 0, 3, 0, kAll.data()));
   EXPECT_TRUE(DilateImage(&pixel, 3, 0, 0, kAll.data()));
+  EXPECT_TRUE(DilateImage(&pixel, -2, 3, 0, kAll.data()));
+  EXPECT_TRUE(DilateImage(&pixel, 3, -2, 0, kAll.data()));
   EXPECT_EQ(pixel, 7);
 }
 
