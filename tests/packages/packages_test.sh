@@ -18,7 +18,16 @@ command -v help2man >/dev/null || skip "help2man is not installed"
 
 rm -rf "$work"
 mkdir -p "$work"
-"$sources/scripts/make_packages.sh"
+(umask 077 && "$sources/scripts/make_packages.sh")
+echo "packages_test: looking into the packages"
+closed=$(for package in "$sources"/build/debian/*.deb; do dpkg-deb --contents "$package"; done |
+  grep -vE '^(d......r.x|[^d]......r..) ' || true)
+[[ -z $closed ]] || { echo "packages_test: not everybody may read" "$closed" >&2; exit 1; }
+mkdir "$work/a folder"
+cp "$sources/build/debian/quorvex" "$sources"/build/debian/lib*.so* "$work/a folder/"
+"$sources/scripts/make_man_pages.sh" "$work/a folder/quorvex" "$work/a folder/man"
+diff -r "$work/a folder/man" "$sources/build/debian/man"
+
 mmdebstrap --quiet --variant=minbase --include=g++,pkg-config bookworm "$root" </dev/null ||
   skip "mmdebstrap could not make a fresh Debian"
 
